@@ -1,0 +1,116 @@
+#include "model/CStackAtt.h"
+
+#include <algorithm>
+#include <type_traits>
+
+namespace vorhaven {
+namespace {
+
+// Every battle copies its armies: a copy must cost no more than the bytes of a record.
+static_assert(std::is_trivially_copyable_v<CArmy>);
+
+void RaiseTo(Long& stackValue, Long armyValue) {
+    if (armyValue > stackValue)
+        stackValue = armyValue;
+}
+
+} // namespace
+
+CArmy& CStackAtt::Add(const CArmy& army, std::string_view sKey) {
+    const Trap trap{"CStackAtt::Add"};
+    CArmy& copy = armies_.Add(army, sKey);
+    copy.Blacksmith = false;
+    copy.Weaponsmaster = false;
+    copy.UsedSpecial = false;
+    copy.StartHits = decltype(copy.StartHits){};
+    copy.MissleShotsLeft = 0;
+    return copy;
+}
+
+void CStackAtt::Remove(Long position) {
+    const Trap trap{"CStackAtt::Remove"};
+    armies_.Remove(position);
+}
+
+void CStackAtt::Remove(std::string_view key) {
+    const Trap trap{"CStackAtt::Remove"};
+    armies_.Remove(key);
+}
+
+void CStackAtt::Renew() {
+    armies_.Clear();
+    BlankPowers();
+    StackPoison = 0;
+    StackDisease = 0;
+    StackCurse = 0;
+    TotalStackBonus = 0;
+}
+
+void CStackAtt::RenewFrom(const CStackAtt& master) {
+    Renew();
+    // A stack's armies are without anything that Add leaves out already.
+    armies_.CopyItems(master.armies_);
+}
+
+void CStackAtt::CountSelfPowers(Mode mode, Long fortification) {
+    const Trap trap{"CStackAtt::CountSelfPowers"};
+    BlankPowers();
+    if (mode == Mode::Defend)
+        StackFortify = fortification;
+
+    bands_.clear();
+    for (const CArmy& army : armies_) {
+        AddRegularPowers(army);
+        if (army.Banding != 0)
+            BandOf(army).Count += 1;
+    }
+    for (CArmy& army : armies_) {
+        if (army.Banding == 0)
+            continue;
+        const Band& band = BandOf(army);
+        if (band.Value + 1 >= band.Count)
+            army.TotalStrength = army.TotalStrength + band.Value;
+        else
+            army.TotalStrength = army.TotalStrength + band.Count - 1;
+    }
+}
+
+void CStackAtt::EvalSelfPowers() {
+    const Trap trap{"CStackAtt::EvalSelfPowers"};
+    for (Long* value :
+         {&StackChaos, &StackFear, &StackSiege, &StackLeadership, &StackMorale, &StackFortify}) {
+        const Long own = *value;
+        *value = own;
+    }
+}
+
+void CStackAtt::BlankPowers() {
+    const Trap trap{"CStackAtt::BlankPowers"};
+    StackChaos = 0;
+    StackFear = 0;
+    StackSiege = 0;
+    StackLeadership = 0;
+    StackMorale = 0;
+    StackFortify = 0;
+}
+
+void CStackAtt::AddRegularPowers(const CArmy& army) {
+    const Trap trap{"CStackAtt::AddRegularPowers"};
+    RaiseTo(StackChaos, army.Chaos);
+    RaiseTo(StackFear, army.Fear);
+    RaiseTo(StackSiege, army.Siege);
+    RaiseTo(StackLeadership, army.Leadership);
+    RaiseTo(StackMorale, army.Morale);
+    RaiseTo(StackFortify, army.Fortify);
+    StackDisease += army.Disease;
+    StackPoison += army.Poison;
+    StackCurse += army.Curse;
+}
+
+/// The entry of a banding army's name; the first army of a name makes it, with its power's size.
+CStackAtt::Band& CStackAtt::BandOf(const CArmy& army) {
+    const auto found = std::ranges::find(bands_, army.Name, &Band::Name);
+    return found != bands_.end() ? *found : bands_.emplace_back(Band{army.Name, army.PowerValue, 0});
+}
+
+} // namespace vorhaven

@@ -1,0 +1,32 @@
+#include "model/Catalogue.h"
+
+#include "model/Conversion.h"
+
+namespace vorhaven {
+
+Long CellNumber(const Cell& cell) {
+    if (const auto* number = std::get_if<Long>(&cell))
+        return *number;
+    if (const auto* text = std::get_if<std::string>(&cell))
+        return ToLong(*text);
+    return 0;
+}
+
+std::string CellText(const Cell& cell) {
+    if (const auto* number = std::get_if<Long>(&cell))
+        return ToText(*number);
+    if (const auto* text = std::get_if<std::string>(&cell))
+        return *text;
+    return {};
+}
+
+const Cell& Table::operator()(Long row, Long column) const {
+    if (row < 0 || row >= RowCount())
+        throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+    const auto& cells = rows_[static_cast<std::size_t>(row.Value())];
+    if (column < 0 || static_cast<std::size_t>(column.Value()) >= cells.size())
+        throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+    return cells[static_cast<std::size_t>(column.Value())];
+}
+
+} // namespace vorhaven

@@ -1,0 +1,100 @@
+#include "model/Conversion.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace vorhaven {
+namespace {
+
+std::string_view Trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+} // namespace
+
+Long RoundToLong(double value) {
+    const double floor = std::floor(value);
+    const double fraction = value - floor;
+    const bool up = fraction > 0.5 || (fraction == 0.5 && std::fmod(floor, 2.0) != 0.0);
+    const double rounded = up ? floor + 1.0 : floor;
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+          rounded <= std::numeric_limits<std::int32_t>::max()))
+        throw RunTimeError{ErrorNumber::Overflow};
+    return static_cast<std::int32_t>(rounded);
+}
+
+Long ToLong(std::string_view text) {
+    std::string_view number = Trimmed(text);
+    if (number.starts_with('+') && !number.starts_with("+-"))
+        number.remove_prefix(1);
+    // Letters other than the exponent's would let the names of infinity and of no number pass as numbers.
+    if (number.find_first_not_of("0123456789+-.eE") != std::string_view::npos)
+        throw RunTimeError{ErrorNumber::TypeMismatch};
+    double value = 0.0;
+    const char* const end = number.data() + number.size();
+    const auto [stop, error] = std::from_chars(number.data(), end, value);
+    if (error == std::errc::invalid_argument || stop != end)
+        throw RunTimeError{ErrorNumber::TypeMismatch};
+    if (error == std::errc::result_out_of_range)
+        throw RunTimeError{ErrorNumber::Overflow};
+    return RoundToLong(value);
+}
+
+std::int16_t ToShort(Long value) {
+    if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max())
+        throw RunTimeError{ErrorNumber::Overflow};
+    return static_cast<std::int16_t>(value.Value());
+}
+
+std::string ToText(Long value) {
+    return std::to_string(value.Value());
+}
+
+std::string BooleanText(bool value) {
+    return value ? "True" : "False";
+}
+
+std::string ToSignificantText(double value, int digits) {
+    // Scientific form first: it rounds to the wanted digits and tells where the point belongs.
+    std::array<char, 64> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
+                                      std::chars_format::scientific, digits - 1);
+    const std::string_view text(buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data()));
+    const std::size_t e = text.find('e');
+    int exponent = 0;
+    const std::size_t sign = text[e + 1] == '+' ? 1 : 0;
+    std::from_chars(text.data() + e + 1 + sign, text.data() + text.size(), exponent);
+
+    std::string figures(text.substr(0, e));
+    std::erase(figures, '.');
+    if (exponent < 0)
+        figures.insert(0, static_cast<std::size_t>(-exponent), '0');
+    const std::size_t whole = exponent < 0 ? 1 : static_cast<std::size_t>(exponent) + 1;
+    if (figures.size() < whole)
+        figures.append(whole - figures.size(), '0');
+    const std::size_t last = figures.find_last_not_of('0');
+    figures.erase(std::max(whole, last == std::string::npos ? 0 : last + 1));
+    if (figures.size() > whole)
+        figures.insert(whole, 1, '.');
+    return value < 0.0 ? "-" + figures : figures;
+}
+
+std::string ToLower(std::string_view text) {
+    std::string lower(text);
+    std::ranges::transform(lower, lower.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return lower;
+}
+
+std::string ToTrimmedLower(std::string_view text) {
+    return ToLower(Trimmed(text));
+}
+
+} // namespace vorhaven

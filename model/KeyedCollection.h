@@ -1,0 +1,85 @@
+#pragma once
+
+#include "model/Long.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vorhaven {
+
+/// An ordered collection whose items may carry a key, reached by 1-based position or by key.
+/// References to items hold until the next Add, Remove or Clear.
+template <class Item_>
+class KeyedCollection {
+public:
+    /// Appends an item, under a key unless the key is empty. Raises error 457 when the key is taken.
+    Item_& Add(const Item_& item, std::string_view key) {
+        if (!key.empty() && std::ranges::find(keys_, key) != keys_.end())
+            throw RunTimeError{ErrorNumber::DuplicateKey};
+        if (!key.empty()) {
+            keys_.resize(items_.size());
+            keys_.emplace_back(key);
+        }
+        return items_.emplace_back(item);
+    }
+
+    [[nodiscard]] Long Count() const { return static_cast<std::int32_t>(items_.size()); }
+
+    /// The item at a position; raises error 5 when there is none.
+    [[nodiscard]] Item_& Item(Long position) { return items_[Place(position)]; }
+    [[nodiscard]] const Item_& Item(Long position) const { return items_[Place(position)]; }
+
+    /// The item with a key; raises error 5 when there is none.
+    [[nodiscard]] Item_& Item(std::string_view key) { return items_[Place(key)]; }
+    [[nodiscard]] const Item_& Item(std::string_view key) const { return items_[Place(key)]; }
+
+    /// Removes the item at a position or with a key; raises error 5 when there is none.
+    void Remove(Long position) { RemoveAt(Place(position)); }
+    void Remove(std::string_view key) { RemoveAt(Place(key)); }
+
+    /// Replaces the items by copies of another collection's, without keys; the storage is kept.
+    void CopyItems(const KeyedCollection& other) {
+        items_ = other.items_;
+        keys_.clear();
+    }
+
+    /// Removes every item; the storage is kept for the next ones.
+    void Clear() {
+        items_.clear();
+        keys_.clear();
+    }
+
+    /// The items in order, position 1 first.
+    [[nodiscard]] auto begin() { return items_.begin(); }
+    [[nodiscard]] auto end() { return items_.end(); }
+    [[nodiscard]] auto begin() const { return items_.begin(); }
+    [[nodiscard]] auto end() const { return items_.end(); }
+
+private:
+    [[nodiscard]] std::size_t Place(Long position) const {
+        if (position < 1 || position > Count())
+            throw RunTimeError{ErrorNumber::InvalidCall};
+        return static_cast<std::size_t>(position.Value()) - 1;
+    }
+
+    [[nodiscard]] std::size_t Place(std::string_view key) const {
+        const auto found = key.empty() ? keys_.end() : std::ranges::find(keys_, key);
+        if (found == keys_.end())
+            throw RunTimeError{ErrorNumber::InvalidCall};
+        return static_cast<std::size_t>(found - keys_.begin());
+    }
+
+    void RemoveAt(std::size_t place) {
+        items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(place));
+        if (place < keys_.size())
+            keys_.erase(keys_.begin() + static_cast<std::ptrdiff_t>(place));
+    }
+
+    std::vector<Item_> items_;
+    /// The items' keys by place, as far as the last item that has one.
+    std::vector<std::string> keys_;
+};
+
+} // namespace vorhaven

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "model/RunTimeError.h"
+
+#include <compare>
+#include <cstdint>
+
+namespace vorhaven {
+
+/// A signed 32-bit count. Its arithmetic never wraps: a result that does not fit raises error 6 (overflow).
+class Long {
+public:
+    constexpr Long() = default;
+    // NOLINTNEXTLINE(google-explicit-constructor): a count reads and writes as the plain number it is.
+    constexpr Long(std::int32_t value) : value_(value) {}
+
+    [[nodiscard]] constexpr std::int32_t Value() const { return value_; }
+
+    constexpr Long& operator+=(Long other);
+
+private:
+    std::int32_t value_ = 0;
+};
+
+constexpr bool operator==(Long a, Long b) {
+    return a.Value() == b.Value();
+}
+constexpr std::strong_ordering operator<=>(Long a, Long b) {
+    return a.Value() <=> b.Value();
+}
+
+/// The sum of two counts; raises error 6 when it does not fit.
+constexpr Long operator+(Long a, Long b) {
+    std::int32_t sum = 0;
+    if (__builtin_add_overflow(a.Value(), b.Value(), &sum))
+        throw RunTimeError{ErrorNumber::Overflow};
+    return sum;
+}
+
+/// The difference of two counts; raises error 6 when it does not fit.
+constexpr Long operator-(Long a, Long b) {
+    std::int32_t difference = 0;
+    if (__builtin_sub_overflow(a.Value(), b.Value(), &difference))
+        throw RunTimeError{ErrorNumber::Overflow};
+    return difference;
+}
+
+/// The product of two counts; raises error 6 when it does not fit.
+constexpr Long operator*(Long a, Long b) {
+    std::int32_t product = 0;
+    if (__builtin_mul_overflow(a.Value(), b.Value(), &product))
+        throw RunTimeError{ErrorNumber::Overflow};
+    return product;
+}
+
+constexpr Long& Long::operator+=(Long other) {
+    return *this = *this + other;
+}
+
+/// A count that is held to Lowest..Highest by every assignment. A fresh one is 0 whatever the limits are:
+/// only a write clamps.
+template <std::int32_t Lowest, std::int32_t Highest>
+class Bounded {
+public:
+    constexpr Bounded() = default;
+
+    constexpr Bounded& operator=(Long value) {
+        value_ = value < Lowest ? Lowest : value > Highest ? Highest : value;
+        return *this;
+    }
+
+    // NOLINTNEXTLINE(google-explicit-constructor): it reads as the count it holds.
+    constexpr operator Long() const { return value_; }
+
+    [[nodiscard]] constexpr std::int32_t Value() const { return value_.Value(); }
+
+private:
+    Long value_;
+};
+
+} // namespace vorhaven

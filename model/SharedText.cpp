@@ -1,0 +1,23 @@
+#include "model/SharedText.h"
+
+#include <set>
+
+namespace vorhaven {
+namespace {
+
+const std::string* Shared(std::string_view text) {
+    static std::set<std::string, std::less<>> texts;
+    const auto found = texts.find(text);
+    return &*(found != texts.end() ? found : texts.emplace(text).first);
+}
+
+} // namespace
+
+SharedText::SharedText() {
+    static const std::string* const empty = Shared({});
+    text_ = empty;
+}
+
+SharedText::SharedText(std::string_view text) : text_(Shared(text)) {}
+
+} // namespace vorhaven
