@@ -1,0 +1,41 @@
+#pragma once
+
+#include "catalogue/CatalogueError.h"
+#include "catalogue/TextFile.h"
+#include "model/Catalogue.h"
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace vorhaven {
+
+/// The unit catalogue, read from three CSV files: army types, hero types, and the names of the powers.
+/// docs/catalogue.md tells their columns and rules. A catalogue that breaks a rule is refused as a whole.
+class CsvCatalogue final : public CatalogueProvider {
+public:
+    /// Reads the three files from memory. Throws CatalogueError.
+    CsvCatalogue(const TextFile& armies, const TextFile& heroes, const TextFile& powers);
+
+    /// The catalogue that is compiled into the program.
+    [[nodiscard]] static CsvCatalogue BuiltIn();
+
+    /// The catalogue in armies.csv, heroes.csv and powers.csv of a folder. Throws CatalogueError, also when a
+    /// file is missing.
+    [[nodiscard]] static CsvCatalogue FromFolder(const std::filesystem::path& folder);
+
+    /// The catalogue in the first of the candidates that is an existing folder, which takes the place of the
+    /// built-in one wholly; the built-in one when there is none. Throws CatalogueError.
+    [[nodiscard]] static CsvCatalogue FromFirstFolder(const std::vector<std::filesystem::path>& candidates);
+
+    [[nodiscard]] const Table& GetTable(Selector selector) const override;
+    [[nodiscard]] std::string PowerName(std::int16_t code) const override;
+
+private:
+    Table armies_;
+    Table heroes_;
+    std::map<std::int16_t, std::string> powers_;
+};
+
+} // namespace vorhaven
