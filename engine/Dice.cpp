@@ -1,0 +1,75 @@
+#include "engine/Dice.h"
+
+#include "engine/State.h"
+
+#include <array>
+#include <cmath>
+#include <ctime>
+#include <random>
+
+namespace vorhaven::MBattleCalc {
+namespace {
+
+UniformSource* currentSource = nullptr;
+
+float Draw() {
+    if (currentSource == nullptr) [[unlikely]]
+        currentSource = &ProcessGenerator();
+    return currentSource->Draw();
+}
+
+/// The largest whole number that is not above a value. Only a die with a negative number of faces needs more
+/// than the plain conversion, and a call to std::floor costs as much as a draw.
+Long Floor(double value) {
+    if (value < 0.0) [[unlikely]]
+        value = std::floor(value);
+    return static_cast<std::int32_t>(value);
+}
+
+Long Roll(Long faces) {
+    return Floor(static_cast<double>(Draw()) * faces.Value() + 1.0);
+}
+
+} // namespace
+
+std::uint64_t SystemTimer() {
+    std::timespec now{};
+#ifdef CLOCK_MONOTONIC_COARSE
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+#else
+    clock_gettime(CLOCK_MONOTONIC, &now);
+#endif
+    return static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000U + static_cast<std::uint64_t>(now.tv_nsec);
+}
+
+UniformSource& ProcessGenerator() {
+    static TimedGenerator generator = [] {
+        std::random_device entropy;
+        const std::uint64_t upper = entropy();
+        return TimedGenerator{upper << 32U | entropy()};
+    }();
+    return generator;
+}
+
+void DrawFrom(UniformSource& source) {
+    currentSource = &source;
+}
+
+Long CombatDiceRoll(Long faces) {
+    return Roll(faces != 0 ? faces : CombatDice);
+}
+
+Long RandomPercentNum() {
+    return Floor(static_cast<double>(Draw()) * 99.0);
+}
+
+Long GetCombatRoll(Long medals) {
+    static constexpr std::array<std::int32_t, 5> medalFaces{0, 30, 26, 22, 18};
+    const Long roll = CombatDiceRoll(0);
+    if (medals < 1 || medals > 4)
+        return roll;
+    const Long second = CombatDiceRoll(medalFaces[static_cast<std::size_t>(medals.Value())]);
+    return second < roll ? second : roll;
+}
+
+} // namespace vorhaven::MBattleCalc

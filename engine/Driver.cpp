@@ -1,0 +1,38 @@
+#include "engine/Procedures.h"
+#include "engine/State.h"
+
+namespace vorhaven::MBattleCalc {
+
+void Add(BattleHost& host, Long numBattles, Long dice, bool viewStats, Long cityLevel) {
+    const Trap trap{"MBattleCalc::Add"};
+    Host = &host;
+    Host->ShowBusy(true);
+    CombatDice = dice;
+    BattleResults.Redimension(numBattles);
+    BuildBattleStacks();
+    NoteFlyers();
+    NextAttackStack = 0;
+    Host->ShowProgressBar();
+    for (Long battle = 1; battle <= numBattles; battle += 1) {
+        if (AbortRequested) {
+            AbortRequested = false;
+            Host->ShowBusy(false);
+            return;
+        }
+        SendToAttackFront();
+        SendToDefendFront();
+        EvalStacksSelfEffect(cityLevel);
+        EvalStacksMutualEffect();
+        CacheStartHits(DefendFront);
+        if (battle == 1 && viewStats)
+            Host->ShowStats(AttackFront, DefendFront);
+        const Victor victor = Fight(AttackFront, DefendFront, battle);
+        BattleResults(battle, ResultColumn::Winner) = static_cast<std::int32_t>(victor);
+        NextAttackStack = 0;
+        ShowProgress(numBattles, battle);
+    }
+    Host->ShowBusy(false);
+    DisplayResults(numBattles);
+}
+
+} // namespace vorhaven::MBattleCalc

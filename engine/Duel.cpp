@@ -1,0 +1,99 @@
+#include "engine/Procedures.h"
+#include "engine/State.h"
+#include "model/Conversion.h"
+
+#include <array>
+
+namespace vorhaven::MBattleCalc {
+namespace {
+
+bool FliesByNature(Long unitID) {
+    if (unitID < 0 || static_cast<std::size_t>(unitID.Value()) >= FliesByCatalogue.size())
+        throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+    return FliesByCatalogue[static_cast<std::size_t>(unitID.Value())];
+}
+
+} // namespace
+
+void NoteFlyers() {
+    const Trap trap{"MBattleCalc::NoteFlyers"};
+    FliesByCatalogue.clear();
+    const auto note = [](const Table& units, Long movementColumn) {
+        for (Long row = 0; row < units.RowCount(); row += 1)
+            FliesByCatalogue.push_back(ToLower(CellText(units(row, movementColumn))) == "fly");
+    };
+    note(Host->Armies(), ArmyColumn::Movement);
+    note(Host->Heroes(), HeroColumn::Movement);
+}
+
+Victor Fight(CStackAtt& attackFront, CStackAtt& defendFront, Long battle) {
+    const Trap trap{"MBattleCalc::Fight"};
+    Victor victor = Victor::Undecided;
+    while (victor == Victor::Undecided) {
+        UnitvsUnit(attackFront, attackFront.Count(), defendFront, defendFront.Count(), battle);
+        victor = CheckIfVictor(attackFront.Count(), defendFront.Count(), defendFront);
+    }
+    return victor;
+}
+
+void UnitvsUnit(CStackAtt& attackFront, Long attackIndex, CStackAtt& defendFront, Long defendIndex,
+                Long battle) {
+    const Trap trap{"MBattleCalc::UnitvsUnit"};
+    ResolveAcid(attackIndex, defendIndex, attackFront, defendFront);
+    ResolveLightning(attackIndex, defendIndex, attackFront, defendFront);
+    if (ResolveAssass(attackIndex, defendIndex, attackFront, defendFront, battle) ||
+        ResolveMissle(attackIndex, defendIndex, attackFront, defendFront, battle))
+        return;
+
+    CArmy& attacker = attackFront.Item(attackIndex);
+    CArmy& defender = defendFront.Item(defendIndex);
+    const std::int32_t damageToAttacker =
+        DamagePerHit(attackIndex, defendIndex, attackFront, defendFront, Loser::Attacker).Value();
+    const std::int32_t damageToDefender =
+        DamagePerHit(attackIndex, defendIndex, attackFront, defendFront, Loser::Defender).Value();
+    std::int32_t attackerLeft = attacker.Hits.Value();
+    std::int32_t defenderLeft = defender.Hits.Value();
+    // Who loses a round is chance, which no processor can foretell: the damage is computed, not branched to.
+    while (attackerLeft > 0 && defenderLeft > 0) {
+        const Loser loser = WhoLosesPoint(attacker, defender);
+        attackerLeft -= damageToAttacker * static_cast<std::int32_t>(loser == Loser::Attacker);
+        defenderLeft -= damageToDefender * static_cast<std::int32_t>(loser == Loser::Defender);
+    }
+    // Hits never reach zero: the survivor keeps what is left to it, the other is removed.
+    if (defenderLeft <= 0) {
+        attacker.Hits = attackerLeft;
+        RemoveDefender(defendFront, defendIndex, defender.Turns, battle);
+    } else {
+        defender.Hits = defenderLeft;
+        RemoveAttacker(attackFront, attackIndex, attacker.Turns, battle);
+    }
+}
+
+Loser WhoLosesPoint(const CArmy& attacker, const CArmy& defender) {
+    const Long attackRoll = GetCombatRoll(attacker.HasMedal);
+    const Long defendRoll = GetCombatRoll(defender.HasMedal);
+    const std::size_t attackerHits = ScoresHit(attackRoll, attacker.TotalStrength) ? 1 : 0;
+    const std::size_t defenderHits = ScoresHit(defendRoll, defender.TotalStrength) ? 1 : 0;
+    // A table, since a branch on chance would cost more than the two rolls.
+    static constexpr std::array<std::array<Loser, 2>, 2> loserByHits{
+        {{Loser::Nobody, Loser::Attacker}, {Loser::Defender, Loser::Nobody}}};
+    return loserByHits[attackerHits][defenderHits];
+}
+
+Long DamagePerHit(Long attackIndex, Long defendIndex, CStackAtt& attackFront, CStackAtt& defendFront,
+                  Loser loser) {
+    const Trap trap{"MBattleCalc::DamagePerHit"};
+    if (loser == Loser::Nobody)
+        return 1;
+    if (loser != Loser::Defender && loser != Loser::Attacker)
+        return 0;
+    const CArmy& attacker = attackFront.Item(attackIndex);
+    const CArmy& defender = defendFront.Item(defendIndex);
+    const CArmy& winner = loser == Loser::Defender ? attacker : defender;
+    const CArmy& losing = loser == Loser::Defender ? defender : attacker;
+    if (winner.Trample <= 0 || losing.IsFlying || FliesByNature(losing.UnitID))
+        return 1;
+    return winner.Trample + 1;
+}
+
+} // namespace vorhaven::MBattleCalc

@@ -1,0 +1,62 @@
+#include "engine/Procedures.h"
+#include "engine/State.h"
+
+namespace vorhaven::MBattleCalc {
+namespace {
+
+Long Limited(Long value, std::int32_t lowest, std::int32_t highest) {
+    return value < lowest ? lowest : value > highest ? highest : value;
+}
+
+/// What is left of a stack's power against the opposing power of the enemy, -1 to 5.
+Long Remaining(Long own, Long opposing) {
+    return PowerFilter(PowerFilter(own) - PowerFilter(opposing));
+}
+
+void ApplyBonus(CStackAtt& own, const CStackAtt& enemy) {
+    const Long lead = Remaining(own.StackLeadership, enemy.StackChaos);
+    const Long mor = Remaining(own.StackMorale, enemy.StackFear);
+    const Long fort = Remaining(own.StackFortify, enemy.StackSiege);
+    own.TotalStackBonus = TotalStackFilter(mor + lead + fort);
+    ApplyAdjustedPower(own);
+}
+
+} // namespace
+
+void EvalStacksSelfEffect(Long cityLevel) {
+    const Trap trap{"MBattleCalc::EvalStacksSelfEffect"};
+    AttackFront.CountSelfPowers(CStackAtt::Mode::Attack, cityLevel);
+    DefendFront.CountSelfPowers(CStackAtt::Mode::Defend, cityLevel);
+    AttackFront.EvalSelfPowers();
+    DefendFront.EvalSelfPowers();
+}
+
+void EvalStacksMutualEffect() {
+    const Trap trap{"MBattleCalc::EvalStacksMutualEffect"};
+    CheckIfPoisoned(AttackFront, DefendFront);
+    CheckIfDiseased(AttackFront, DefendFront);
+    CheckIfCursed(AttackFront, DefendFront);
+    ApplyMutualPowers(AttackFront, DefendFront);
+}
+
+void ApplyMutualPowers(CStackAtt& attackFront, CStackAtt& defendFront) {
+    const Trap trap{"MBattleCalc::ApplyMutualPowers"};
+    ApplyBonus(attackFront, defendFront);
+    ApplyBonus(defendFront, attackFront);
+}
+
+void ApplyAdjustedPower(CStackAtt& stack) {
+    const Trap trap{"MBattleCalc::ApplyAdjustedPower"};
+    for (CArmy& army : stack)
+        army.TotalStrength = army.TotalStrength + stack.TotalStackBonus;
+}
+
+Long PowerFilter(Long value) {
+    return Limited(value, -1, 5);
+}
+
+Long TotalStackFilter(Long value) {
+    return Limited(value, -3, 5);
+}
+
+} // namespace vorhaven::MBattleCalc

@@ -1,0 +1,330 @@
+#include "engine/Procedures.h"
+#include "tests/TestHost.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace vorhaven::test {
+namespace {
+
+using namespace MBattleCalc;
+
+/// Chance as a test foresees it. "7" is a roll of the 20-faced combat die, "7/30" of another die, "35%" a
+/// percentage draw, "0.5" the bare value; "A", "D" and "N" are rounds of strength 10 that the attacker, the
+/// defender or nobody wins. A draw too many throws, a draw too few fails.
+class Script final : public UniformSource {
+public:
+    explicit Script(const std::string& text) {
+        std::istringstream words(text);
+        for (std::string word; words >> word;) {
+            const auto slash = word.find('/');
+            const double faces = slash == std::string::npos ? 20.0 : std::stod(word.substr(slash + 1));
+            if (word == "A" || word == "N" || word == "D")
+                draws_.insert(draws_.end(), {word == "A" ? 0.0F : 0.9F, word == "D" ? 0.0F : 0.9F});
+            else if (word.find('.') != std::string::npos)
+                draws_.push_back(std::stof(word));
+            else if (word.back() == '%')
+                draws_.push_back(static_cast<float>((std::stod(word) + 0.5) / 99.0));
+            else
+                draws_.push_back(static_cast<float>((std::stod(word) - 0.5) / faces));
+        }
+        DrawFrom(*this);
+    }
+    ~Script() override {
+        DrawFrom(ProcessGenerator());
+        EXPECT_EQ(next_, draws_.size()) << "draws made, draws foreseen";
+    }
+    [[nodiscard]] float Draw() override { return draws_.at(next_++); }
+
+private:
+    std::vector<float> draws_;
+    std::size_t next_ = 0;
+};
+
+/// Every army of a stack as strength/hits, its ailments and blessing by letter, its medals.
+std::string Told(const CStackAtt& stack) {
+    std::string told;
+    for (const CArmy& army : stack)
+        told += (told.empty() ? "" : " ") + ToText(army.TotalStrength) + '/' + ToText(army.Hits) +
+                (army.Poisoned ? "P" : "") + (army.Diseased ? "D" : "") + (army.Blessed ? "B" : "") +
+                std::string(static_cast<std::size_t>(army.HasMedal.Value()), '*') +
+                (army.UsedSpecial ? "!" : "");
+    return told;
+}
+
+CStackAtt StackOf(const std::string& armies) {
+    CStackAtt stack;
+    for (const std::string& army : Split(armies, ';'))
+        Give(stack.Add(CArmy{}, ""), "Strength 5 Hits 3 " + army);
+    return stack;
+}
+
+std::string Row(Long battle) {
+    return Joined({BattleResults(battle, 1), BattleResults(battle, 2), BattleResults(battle, 3),
+                   BattleResults(battle, 4), BattleResults(battle, 5)});
+}
+
+/// Begins with one trivial battle, which leaves the engine with a 20-faced die and the test's window.
+class Engine : public testing::Test {
+protected:
+    Engine() { Fight("", "", "A"); }
+
+    void Fight(const std::string& attackers, const std::string& defenders, const std::string& draws,
+               Long battles = 1, Long city = 0) {
+        host.Clear();
+        host.Bring(attackers, defenders);
+        const Script script{draws};
+        Add(host, battles, 20, true, city);
+        host.OnStats = nullptr;
+    }
+
+    TestHost host;
+};
+
+TEST_F(Engine, DiceHaveAllTheirFacesPercentagesEndAt98AndAMedalGivesTheLowerOfTwoRolls) {
+    // The product is formed in double precision: in single, the value just below 1/20 would round up to a 2.
+    for (const auto& [u, results] : Cases("0.0=1 1 1 0|0.049999997=1 1 1 4|0.05=2 2 1 4|0.5=11 11 4 49|"
+                                          "0.99999994=20 20 7 98")) {
+        const Script script{u + ' ' + u + ' ' + u + ' ' + u};
+        const Long ordinary = CombatDiceRoll(0), twenty = CombatDiceRoll(20), seven = CombatDiceRoll(7);
+        EXPECT_EQ(Joined({ordinary, twenty, seven, RandomPercentNum()}), results) << u;
+    }
+    for (const auto& [medals, roll] : Cases("0=20|1=16|2=14|3=12|4=10|5=20|-1=20")) {
+        const Script script{roll == "20" ? "0.99" : "0.99 0.5"};
+        EXPECT_EQ(ToText(GetCombatRoll(ToLong(medals))), roll) << medals;
+    }
+    // Both rolls of the attacker come before those of the defender.
+    const CStackAtt armies = StackOf("HasMedal 1;Strength 10 HasMedal 2");
+    for (const auto& [draws, loser] : Cases("6 5/30 11 11/26=0|5 30/30 10 26/26=2|5 30/30 20 10/26=2|"
+                                            "6 6/30 20 10/26=1|6 6/30 11 26/26=2")) {
+        const Script script{draws};
+        const Loser lost = WhoLosesPoint(*armies.begin(), *(armies.begin() + 1));
+        EXPECT_EQ(std::to_string(static_cast<int>(lost)), loser) << draws;
+    }
+}
+
+TEST_F(Engine, GeneratorYieldsItsPublishedValues) {
+    // From the state 1234567, which a timer at 0 leaves alone.
+    TimedGenerator generator{1234567, [] { return std::uint64_t{0}; }};
+    for (const std::uint64_t value : {6457827717110365317U, 3203168211198807973U, 9817491932198370423U})
+        EXPECT_EQ(generator.Draw(), static_cast<float>(value >> 40U) / 16777216.0F);
+}
+
+TEST_F(Engine, BattlesFollowTheirDraws) {
+    for (const auto& [battle, row] : Cases(
+             // Damage, and trample against walkers and flyers by mark and by nature (types 1 and 7)
+             "Hits 2:Hits 3:A D N A A=1 0 0 1 1|Trample 2:Hits 3:A=1 0 0 1 1|Trample 2:Hits 4:A A=1 0 0 1 1|"
+             "Hits 3:Trample 2:D=0 1 1 0 0|Trample 2 IsFlying:Hits 3 UnitID 6:A=1 0 0 1 1|"
+             "Trample 2:Hits 3 IsFlying:A A A=1 0 0 1 1|Trample 2:Hits 3 UnitID 1:A A A=1 0 0 1 1|"
+             "Hits 3 UnitID 7:Trample 2:D D D=0 1 1 0 0|Trample 2:Hits 3 UnitID 2:A=1 0 0 1 1|"
+             "Trample -1:Hits 2:A A=1 0 0 1 1|"
+             // The last army of a stack fights first; only a new stack heals the front defender
+             "Turns 3;Turns 5::D A=1 1 5 1 1|Turns 3:Turns 5;Turns 7:A D=0 1 3 1 7|"
+             ";:Hits 2:A D A=1 1 1 1 1|/:Hits 2:A D A D=0 2 2 0 0|/:Hits 2:D A A=1 1 1 1 1|"
+             // A volley: every round uses a shot up, a hit slays and leaves the others, misses end it
+             "Missle 3:Hits 4;Hits 4;Hits 4:N A A A A A A=1 0 0 3 3|Missle 2:;:D N A D=0 1 1 1 1|"
+             "Missle 4:;Missle 1 Hits 4:A N N D=0 1 1 1 1|Missle 1:Hits 4 Warding 9:A=1 0 0 1 1|"
+             "Hits 4:Missle 1:D=0 1 1 0 0|Missle 2:Missle 2 Hits 2:A A=1 0 0 1 1|"
+             "Missle 1 HasMedal 4:Hits 4:20 10/18 11=1 0 0 1 1|Hits 4/:Missle 3:D N N D=0 2 2 0 0|"
+             // Assassins have no shots left, whatever came of them, and try once a battle
+             "Missle 3 Assass 1::98% D=0 1 1 0 0|Missle 3 Assass 2:Assass 2:D=0 1 1 0 0|"
+             "Missle 3 Assass 2:Warding 2:D=0 1 1 0 0|Missle 3 Assass 1:Assass 2 Warding 9:10% D=0 1 1 0 0|"
+             "Assass 10:Hits 4;Hits 4:98% A A A A=1 0 0 2 2|Hits 4/Hits 2:Assass 10:98% D D=0 2 2 0 0|"
+             // Acid and lightning open every duel; acid, lightning, assassins, missiles
+             "Acid 10;Acid 10:Strength 9:0% 20 4 98% 1 3=1 1 1 1 1|"
+             "Lightning 10;Lightning 10:Hits 4:0% D 98% A=1 1 1 1 1|"
+             "Acid 1 Lightning 2 Assass 3 Missle 1:Hits 2:9% 19% 30% N 1 6=1 0 0 1 1")) {
+        const auto parts = Split(battle, ':');
+        Fight(parts[0], parts[1], parts[2]);
+        EXPECT_EQ(Row(1), row) << battle;
+    }
+}
+
+TEST_F(Engine, StacksGoByLineAndAnEmptyOneHidesThoseBehindIt) {
+    // The lines of the attackers, of whom each costs its line plus one in turns, and the draws.
+    for (const auto& [given, row] :
+         Cases("0 5:D D=0 2 7 0 0|0 7 8:D D D=0 3 18 0 0|0 16 24:D=0 1 1 0 0|8:=error 5|"
+               "0 8 24:D D=0 2 10 0 0|0 8 16 24 31:D D D D D=0 5 84 0 0")) {
+        host.Clear();
+        host.Defend(Plain(10));
+        for (const std::string& line : Split(Split(given, ':')[0], ' '))
+            host.AttackOnLine(ToLong(line), Plain(10, 1, ToLong(line) + 1));
+        const Script script{Split(given, ':')[1]};
+        const int error = ErrorOf([this] { Add(host, 1, 20, false, 0); });
+        EXPECT_EQ(error == 0 ? Row(1) : "error " + std::to_string(error), row) << given;
+    }
+    host.Clear();
+    host.Attack(Plain(10));
+    EXPECT_EQ(ErrorOf([this] { Add(host, 1, 20, false, 0); }), 5) << "nobody defends";
+}
+
+TEST_F(Engine, NewcomerHealsTheHitsOfTheFrontDefenderAlone) {
+    host.OnStats = [](CStackAtt&, CStackAtt& defenders) { defenders.Item(1).Hits = 1; };
+    // Disease strikes the defenders first, so 3 of 4 hits is what the front defender gets back; its halved
+    // strength, its spent attempt and the shots that it lost stay.
+    Fight("Disease 25 Acid 10/", "Hits 4;Hits 4 Assass 1 Missle 2",
+          "98% 98% 98% 98% 1 6 1 6 20 5 1 6 1 6 20 5");
+    EXPECT_EQ(Told(*host.DefendFront), "10/1D 5/1D!");
+    EXPECT_EQ(Row(1), "0 2 2 0 0");
+    host.OnStats = [](CStackAtt& attackers, CStackAtt& defenders) {
+        EXPECT_EQ(static_cast<int>(CheckIfVictor(0, 0, defenders)), 1) << "a battle without survivors is won";
+        EXPECT_EQ(attackers.Count(), 1) << "and no newcomer is sent";
+        EXPECT_EQ(static_cast<int>(CheckIfVictor(1, 1, defenders)), 2);
+    };
+    Fight("/", "", "A");
+}
+
+TEST_F(Engine, LaterStacksComeWithoutBonusBandingOrStrikes) {
+    Fight("Morale 2/Morale 3 Banding 2 PowerValue 2 Poison 25;Morale 3", "Fortify 1 Morale 1",
+          "20 12 13 13 10 12 13 13 10 13");
+    EXPECT_EQ(Told(*host.AttackFront), "10/1 10/1");
+}
+
+TEST_F(Engine, SpecialAttacksMustExceedWardingWhichTakesOffTheirForce) {
+    for (const auto& [duel, told] :
+         Cases("Acid 3 Lightning 3:Acid 1 Lightning 1 Warding 1:9% 9%=5/3 2/1|"
+               "Acid 3 Lightning 3:Acid 1 Lightning 1 Warding 1:10% 10%=5/3 5/3|"
+               "Acid 1 Lightning 1 Warding 1:Acid 3 Lightning 3:9% 9%=2/1 5/3|Acid 2 Lightning 2:Warding "
+               "2:=5/3 5/3|"
+               "Acid 2 Lightning 2:Acid 2 Lightning 2:=5/3 5/3|Warding 2:Acid 2 Lightning 2:=5/3 5/3|"
+               "Acid 3 Lightning 3:Acid 2 Lightning 2 Warding 2:0% 0%=5/3 5/3|Acid 10:Strength 1:98%=5/3 1/3|"
+               "Lightning 10:Hits 1:98%=5/3 5/1|Acid 9 Lightning 9:Strength 14 Hits 4:89% 89%=5/3 7/2|"
+               // Assassins are used up by their equals, by warding and by their attempt.
+               "Assass 2:Assass 2:=5/3! 5/3!|::=5/3 5/3|Assass 3:Assass 1 Warding 1:9%=5/3! |"
+               "Assass 3:Assass 1 Warding 1:10%=5/3! 5/3!|Assass 2:Warding 2:=5/3! 5/3|"
+               "Assass 9 Used:Assass 1:=5/3! 5/3!|:Assass 5:49%= 5/3!|Assass 1:Assass 5:40%=5/3! 5/3!")) {
+        const auto parts = Split(duel, ':');
+        CStackAtt a = StackOf(parts[0]), d = StackOf(parts[1]);
+        const Script script{parts[2]};
+        ResolveAcid(1, 1, a, d);
+        ResolveLightning(1, 1, a, d);
+        const bool slain = ResolveAssass(1, 1, a, d, 1);
+        EXPECT_EQ(slain, a.Count() + d.Count() == 1) << duel;
+        EXPECT_EQ(Told(a) + ' ' + Told(d), told) << duel;
+    }
+}
+
+TEST_F(Engine, AfflictionsTestTheEligibleAloneAndTheDefenderStrikesFirst) {
+    struct Affliction {
+        void (*Strike)(CStackAtt&, CStackAtt&);
+        Long CStackAtt::*Power;
+        std::string Armies;
+    };
+    for (const auto& [strike, power, armies] : std::vector<Affliction>{
+             {CheckIfPoisoned, &CStackAtt::StackPoison,
+              ";Poison 1;HasMedal 1;Blessed;Poisoned;Diseased:Strength 1:4/3P 5/3 4/3P* 5/3B 5/3P 5/3D 1/3P"},
+             {CheckIfDiseased, &CStackAtt::StackDisease,
+              ";Disease 1;HasMedal 1;Blessed;Diseased;Poisoned:Hits 1:5/2D 5/3 5/2D* 5/3B 5/3D 5/3P 5/1D"},
+             {CheckIfCursed, &CStackAtt::StackCurse,
+              "HasMedal 2;Curse 1 Blessed;Blessed HasMedal 3;;Poisoned;Blessed:Strength 1 Blessed:"
+              "5/3 5/3B 4/3 5/3 5/3P 5/3B 1/3"}}) {
+        const auto parts = Split(armies, ':');
+        CStackAtt a = StackOf(parts[0]), d = StackOf(parts[1]);
+        a.*power = 25;
+        d.*power = 2;
+        const Script script{"7% 7% 8% 98%"};
+        strike(a, d);
+        EXPECT_EQ(Told(a) + ' ' + Told(d), parts[2]);
+    }
+}
+
+TEST_F(Engine, PoisonStrikesBeforeDiseaseAndCurseAndABlessingHoldsUntilTheCurse) {
+    for (const auto& [army, told] :
+         Cases("Hits 2 HasMedal 1:3% 7% 11%=9/1PD|Blessed Strength 14 HasMedal 2:11%=13/1")) {
+        const auto parts = Split(army, ':');
+        host.OnStats = [told = told](CStackAtt& attackers, CStackAtt&) { EXPECT_EQ(Told(attackers), told); };
+        Fight(parts[0], "Poison 1 Disease 2 Curse 3", parts[1] + " 20 1");
+    }
+}
+
+TEST_F(Engine, StackBonusIsLimitedBeforeAndAfterTheEnemysPowersAndAsASum) {
+    // leadership, morale, fortification, and the enemy's chaos, fear, siege = what is left of 5 and 13
+    for (const auto& [given, told] :
+         Cases("7 0 0 0 0 0=10/3 14/3|0 0 0 3 0 0=4/3 12/3|2 0 0 -4 0 0=8/3 14/3|7 0 0 3 0 0=7/3 14/3|"
+               "9 9 9 0 0 0=10/3 14/3|0 0 0 5 5 5=2/3 10/3|0 2 0 0 1 0=6/3 14/3|0 0 3 0 0 1=7/3 14/3|"
+               "2 3 0 0 0 9=9/3 14/3|-4 0 0 0 0 0=4/3 12/3|0 4 0 5 0 0=8/3 14/3|3 0 0 0 5 0=7/3 14/3")) {
+        for (const bool attacks : {true, false}) {
+            CStackAtt own = StackOf(";Strength 13"), enemy = StackOf("");
+            std::istringstream in(given);
+            for (Long* power : {&own.StackLeadership, &own.StackMorale, &own.StackFortify, &enemy.StackChaos,
+                                &enemy.StackFear, &enemy.StackSiege}) {
+                std::string value;
+                in >> value;
+                *power = ToLong(value);
+            }
+            attacks ? ApplyMutualPowers(own, enemy) : ApplyMutualPowers(enemy, own);
+            EXPECT_EQ(Told(own), told) << given;
+        }
+    }
+    for (const auto& [city, told] : Cases("0=11/1 11/1|1=11/1 11/1|3=11/1 13/1")) {
+        host.OnStats = [told = told](CStackAtt& a, CStackAtt& d) {
+            EXPECT_EQ(Told(a) + ' ' + Told(d), told);
+        };
+        Fight("Fortify 1", "Fortify 1", "1 20", 1, ToLong(city));
+    }
+}
+
+TEST_F(Engine, QuickResultsAreTheirShortestTexts) {
+    const auto show = [this](Long battles, const std::vector<Long>& totals) {
+        BattleResults.Redimension(battles);
+        for (std::int32_t column = 1; column <= 5; ++column)
+            BattleResults(battles, column) = totals[static_cast<std::size_t>(column) - 1];
+        DisplayResults(battles);
+        return host.WinPercent + ' ' + host.Averages[2] + ' ' + host.Averages[3] + ' ' + host.Averages[4] +
+               ' ' + host.Averages[5];
+    };
+    EXPECT_EQ(show(1000, {573, 1234, 4500, 2000, 0}), "57.3% 1.234 4.5 2 0");
+    EXPECT_EQ(show(3, {1, 1, 2, 100, 2147483}), "33.3333333333333% 0.3333333 0.6666667 33.33333 715827.7");
+    EXPECT_EQ(show(7, {7, 1, 2, 3, 4}) + show(7, {0, 0, 0, 0, 0}),
+              "100% 0.1428571 0.2857143 0.4285714 0.57142860% 0 0 0 0");
+    BattleResults(1, 3) = BattleResults(2, 3) = std::numeric_limits<std::int32_t>::max();
+    EXPECT_EQ(ErrorOf([] { DisplayResults(7); }), 6);
+    EXPECT_EQ(ErrorOf([this] { Add(host, 0, 20, false, 0); }), 11);
+    EXPECT_EQ(ErrorOf([] { return BattleResults(1, 1); }), 9);
+}
+
+TEST_F(Engine, ProgressIsShownEveryHundredthPartAndPumpsAfterBarAndText) {
+    // battles and battle = the bar and the text that the first and the second pump see; the text of 40 and 23
+    // falls below the half in double precision
+    for (const auto& [given, expected] :
+         Cases("150 1=1 x 1 1%|150 150=100 x 100 100%|8 1=12 x 12 12%|8 3=38 x 38 38%|40 23=57 x 57 57%|"
+               "1000 370=37 x 37 37%|1000 375=|199 1=1 x 1 1%|200 1=|250 2=1 x 1 1%|1 1=100 x 100 100%")) {
+        std::string seen;
+        host.Progress.clear();
+        host.ProgressText = "x";
+        host.OnEvents = [&] {
+            seen += (seen.empty() ? "" : " ") + ToText(host.Progress.back()) + ' ' + host.ProgressText;
+        };
+        ShowProgress(ToLong(Split(given, ' ')[0]), ToLong(Split(given, ' ')[1]));
+        EXPECT_EQ(seen, expected.empty() ? "" : expected + " Completed") << given;
+    }
+}
+
+TEST_F(Engine, AbortEndsTheRunBeforeTheNextBattleWithoutQuickResults) {
+    host.WinPercent = "untouched";
+    host.OnEvents = [this] { AbortRequested = host.Progress.back() == 3; };
+    host.Progress.clear();
+    Fight("", "", "A A A A A A A A A A A A", 400);
+    EXPECT_EQ(Row(12) + '|' + Row(13) + '|' + Row(400), "1 0 0 1 1|0 0 0 0 0|0 0 0 0 0");
+    EXPECT_EQ(host.WinPercent, "untouched");
+    EXPECT_FALSE(host.Busy || AbortRequested);
+}
+
+TEST_F(Engine, EveryBattleAndEveryRunBeginsAfresh) {
+    int shown = 0;
+    host.OnStats = [&](CStackAtt& a, CStackAtt& d) {
+        ++shown;
+        EXPECT_TRUE(host.Busy);
+        EXPECT_EQ(Told(a) + ' ' + Told(d), "10/4 10/3");
+    };
+    Fight("Hits 4 Missle 1 Assass 10", "Hits 3 Acid 10", "98% 98% 98% 98%", 2);
+    EXPECT_EQ(Row(1) + '|' + Row(2), "1 0 0 1 1|1 0 0 1 1");
+    EXPECT_EQ(shown, 1);
+    EXPECT_FALSE(host.Busy);
+    Fight(";Hits 2", "", "D D D", 1);
+    EXPECT_EQ(Row(1) + ' ' + host.WinPercent + ToText(BattleResults.RowCount()), "0 2 2 0 0 0%1");
+}
+
+} // namespace
+} // namespace vorhaven::test

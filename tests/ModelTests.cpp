@@ -1,0 +1,257 @@
+#include "model/CStackAtt.h"
+#include "tests/TestHost.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace vorhaven::test {
+namespace {
+
+constexpr std::int32_t maxLong = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t minLong = std::numeric_limits<std::int32_t>::min();
+
+std::string Checked(const CArmy& army) {
+    return Joined({army.Hits, army.StartHits, army.TotalStrength, army.StartStrength});
+}
+
+TEST(Army, FreshRecordReadsZeroAndWritesOfHitsAndStrengthAreHeldToTheirRanges) {
+    CArmy army;
+    for (const auto& [name, number] : Numbers)
+        EXPECT_EQ(army.*number, 0) << name;
+    for (const auto& [name, mark] : Marks)
+        EXPECT_FALSE(army.*mark) << name;
+    EXPECT_EQ(army.Name.Text() + army.CBName.Text() + Checked(army), "0 0 0 0");
+    for (const auto& [written, read] :
+         Cases("-2147483648=1 1 1 1|0=1 1 1 1|1=1 1 1 1|4=4 4 4 4|5=4 4 5 5|14=4 4 14 14|"
+               "15=4 4 14 15|255=4 4 14 255|256=4 4 14 255|2147483647=4 4 14 255")) {
+        army.Hits = army.StartHits = ToLong(written);
+        army.TotalStrength = ToLong(written);
+        army.StartStrength = ToLong(written);
+        EXPECT_EQ(Checked(army), read) << written;
+    }
+    army.Hits = 3;
+    army.SetStartHits();
+    army.Hits = 2;
+    army.RestoreStartHits();
+    EXPECT_EQ(army.Hits, 3);
+}
+
+TEST(ArmyList, StrengthAndHitsComeFromCatalogueAndConditions) {
+    TestHost host;
+    // Smith, weapon Master, Terrain of the bonus, Blessed, Poisoned, Diseased; strength, bonus, hits
+    // = hits, start hits, total strength, start strength, what is left of blessing, poison and disease
+    for (const auto& [given, expected] :
+         Cases("- 5 2 2=2 0 5 5 |T 5 2 2=2 0 7 5 |S 5 2 2=2 0 6 6 |M 5 2 2=3 0 5 5 |B 5 2 2=2 0 6 5 B|"
+               "P 5 2 2=2 0 4 5 P|D 5 2 2=1 0 5 5 D|STBPD 5 2 2=2 0 9 6 B|MPD 1 0 1=1 0 1 1 PD|"
+               "D 5 0 1=1 0 5 5 D|D 5 0 9=3 0 5 5 D|MD 5 0 4=3 0 5 5 D|M 5 0 0=2 0 5 5 |T 13 2 1=1 0 14 13 |"
+               "TB 13 2 1=1 0 14 13 B|TP 13 2 1=1 0 13 13 P|TB 5 -9 1=1 0 2 5 B|S 0 0 1=1 0 2 2 |"
+               "S 300 0 1=1 0 14 255 ")) {
+        const auto words = Split(given, ' ');
+        const auto has = [&words](char letter) { return words[0].find(letter) != std::string::npos; };
+        ArmyEntry entry = Plain(ToLong(words[1]), ToLong(words[3]));
+        entry.CBName = has('T') ? "field" : "Field";
+        entry.CBValue = ToLong(words[2]);
+        entry.IsBlacksmith = has('S');
+        entry.IsWeaponsmaster = has('M');
+        entry.IsBlessed = has('B');
+        entry.IsPoisoned = has('P');
+        entry.IsDiseased = has('D');
+        const CArmy& army = host.Attack(entry);
+        EXPECT_EQ(Checked(army) + ' ' + (army.Blessed ? "B" : "") + (army.Poisoned ? "P" : "") +
+                      (army.Diseased ? "D" : ""),
+                  expected)
+            << given;
+    }
+    CAttackArmies list{host};
+    ArmyEntry nobody = Plain(5);
+    nobody.Name = "None";
+    EXPECT_EQ(list.Add(nobody, "SN0"), nullptr);
+    EXPECT_EQ(list.Count(), 0);
+}
+
+TEST(ArmyList, PowerCodeGivesItsPowerAndNoOther) {
+    std::map<std::string, std::string> powers;
+    for (const auto& [code, name] : Cases(
+             "2=Chaos|3=Morale|4=Fear|5=Siege|6=Fortify|26=Poison|27=Disease|28=Assass|30=Missle|32=Trample|"
+             "33=Curse|37=Banding|38=Acid|39=Lightning|41=Warding"))
+        powers[code] = name;
+    TestHost host;
+    ArmyEntry entry = Plain(5);
+    entry.PowerValue = 77;
+    for (std::int32_t code = -1; code <= 45; ++code) {
+        entry.PowerType = code;
+        const CArmy& army = host.Defend(entry);
+        for (const auto& [name, number] : Numbers)
+            EXPECT_EQ(army.*number == 77, name == "PowerValue" || name == powers[ToText(code)])
+                << code << name;
+    }
+}
+
+TEST(ArmyList, HeroIsEditedBeforeItIsStoredAndKeepsItsOwnPowers) {
+    TestHost host;
+    int edited = 0;
+    host.OnHero = [&](CArmy& hero) {
+        ++edited;
+        EXPECT_EQ(host.AttackArmies().Count(), 1);
+        EXPECT_EQ(hero.Name.Text() + Checked(hero), "Plain2 0 0 5");
+        EXPECT_TRUE(hero.IsHero && hero.Poisoned && hero.Blacksmith);
+        hero.Chaos = 3;
+        hero.StartStrength = 9;
+    };
+    ArmyEntry entry = Plain(5, 2);
+    entry.UnitID = TestHost::armyTypes - 1;
+    EXPECT_FALSE(host.Attack(entry).IsHero);
+    entry.UnitID = TestHost::armyTypes;
+    entry.PowerType = 2;
+    entry.PowerValue = 8;
+    entry.IsPoisoned = entry.IsBlacksmith = true;
+    const CArmy& hero = host.Attack(entry);
+    EXPECT_EQ(Joined({edited, hero.Chaos}) + ' ' + Checked(hero), "1 3 2 0 9 10");
+}
+
+template <class Record>
+void CheckPlacesAndKeys(auto& armies) {
+    Record army{};
+    for (const auto& [name, key] : Cases("a=SN0|b=|c=SN5|d=")) {
+        army.Name = name;
+        armies.Add(army, key);
+    }
+    EXPECT_EQ(ErrorOf([&] { armies.Add(army, "SN5"); }), 457);
+    EXPECT_EQ(armies.Count(), 4);
+    armies.Remove(1);
+    EXPECT_EQ(armies.Item(1).Name.Text() + armies.Item("SN5").Name.Text(), "bc");
+    for (const Long place : {-1, 0, 4})
+        EXPECT_EQ(ErrorOf([&] { return armies.Item(place); }) + ErrorOf([&] { armies.Remove(place); }), 10);
+    for (const char* key : {"SN0", "SN", ""})
+        EXPECT_EQ(ErrorOf([&] { return armies.Item(key); }) + ErrorOf([&] { armies.Remove(key); }), 10)
+            << key;
+    armies.Remove("SN5");
+    armies.Add(army, "SN5");
+    EXPECT_EQ(armies.Item(2).Name.Text() + armies.Item("SN5").Name.Text() + ToText(armies.Count()), "dd3");
+}
+
+TEST(ArmyList, PlacesAndKeysThatAreNotThereOrTakenAreErrors) {
+    TestHost host;
+    CAttackArmies list{host};
+    CheckPlacesAndKeys<ArmyEntry>(list);
+    CStackAtt stack;
+    CheckPlacesAndKeys<CArmy>(stack);
+}
+
+TEST(ArmyList, OverflowTravelsAsTypeMismatchAndItsReportTellsTheTrail) {
+    TestHost host;
+    ArmyEntry entry = Plain(5);
+    entry.CBName = "field";
+    entry.CBValue = maxLong;
+    try {
+        host.Attack(entry);
+        FAIL() << "no error";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Headline(), "Run-time error '13':\nType mismatch");
+        EXPECT_EQ(error.Details(), "Original error: 6, Overflow\nRaised in: CAttackArmies::InterpretCB\n"
+                                   "Passed on by: CAttackArmies::Add");
+    }
+    EXPECT_EQ(RunTimeError{ErrorNumber::Overflow}.Headline(), "Run-time error '6':\nOverflow");
+    EXPECT_EQ(ErrorOf([] { return Long{maxLong} + 1; }), 6);
+    EXPECT_EQ(ErrorOf([] { return Long{minLong} - 1; }), 6);
+    EXPECT_EQ(ErrorOf([] { return Long{65536} * 32768; }), 6);
+}
+
+TEST(Stack, CopiesAnArmyButNothingOfItsEquipmentOrItsBattle) {
+    CArmy army;
+    Long value = 0;
+    for (const auto& [name, number] : Numbers)
+        army.*number = value += 1;
+    for (const auto& [name, mark] : Marks)
+        army.*mark = true;
+    army.Name = army.CBName = "Name";
+    army.Hits = army.StartHits = 3;
+    army.TotalStrength = 13;
+    army.StartStrength = 200;
+    CStackAtt stack;
+    CArmy& copy = stack.Add(army, "");
+    for (const auto& [name, number] : Numbers)
+        EXPECT_EQ(copy.*number, name == "Shots" ? Long{0} : army.*number) << name;
+    for (const auto& [name, mark] : Marks)
+        EXPECT_EQ(copy.*mark, name != "Blacksmith" && name != "Master" && name != "Used") << name;
+    EXPECT_EQ(copy.Name.Text() + copy.CBName.Text() + Checked(copy), "NameName3 0 13 200");
+    copy.Hits = 1;
+    EXPECT_EQ(army.Hits, 3);
+}
+
+TEST(Stack, TakesTheBestOfSixPowersTheSumOfThreeAndTheCityForTheDefender) {
+    CStackAtt stack;
+    for (const char* powers :
+         {"Chaos -1 Morale -2 Fear -3 Siege -4 Fortify -5 Leadership -16 Poison -6 Disease -7 Curse -11",
+          "Chaos 2 Morale 4 Fear 6 Siege 8 Fortify 10 Leadership 32 Poison 12 Disease 14 Curse 22",
+          "Chaos 1 Morale 2 Fear 3 Siege 4 Fortify 5 Leadership 16 Poison 6 Disease 7 Curse 11"})
+        Give(stack.Add(CArmy{}, ""), powers);
+    const auto count = [&stack](CStackAtt::Mode mode, Long city) {
+        stack.CountSelfPowers(mode, city);
+        stack.EvalSelfPowers();
+        return Joined({stack.StackChaos, stack.StackMorale, stack.StackFear, stack.StackSiege,
+                       stack.StackFortify, stack.StackLeadership, stack.StackPoison, stack.StackDisease,
+                       stack.StackCurse});
+    };
+    EXPECT_EQ(count(CStackAtt::Mode::Attack, 13), "2 4 6 8 10 32 12 14 22");
+    EXPECT_EQ(count(CStackAtt::Mode::Defend, 13), "2 4 6 8 13 32 24 28 44") << "the sums count again";
+    EXPECT_EQ(count(CStackAtt::Mode::Defend, 9), "2 4 6 8 10 32 36 42 66");
+    stack.Remove(2);
+    stack.Remove(2);
+    EXPECT_EQ(count(CStackAtt::Mode::Attack, 3), "0 0 0 0 0 0 30 35 55") << "a power below zero is none";
+    stack.StackCurse = minLong;
+    EXPECT_EQ(ErrorOf([&] { count(CStackAtt::Mode::Attack, 0); }), 6);
+    for (const auto& [written, read] : Cases("9=5|5=5|-3=-3|-7=-3")) {
+        stack.TotalStackBonus = ToLong(written);
+        EXPECT_EQ(ToText(stack.TotalStackBonus), read);
+    }
+}
+
+TEST(Stack, BandingArmiesOfOneNameStrengthenEachOther) {
+    // name, banding, size and strength of each army = their strengths after; the first one's size holds for a
+    // name
+    for (const auto& [given, expected] : Cases(
+             "a 1 1 5=6 |a 1 1 5 a 1 1 5=6 6 |a 1 1 5 a 1 1 5 a 1 1 5=7 7 7 |a 2 2 5 a 2 2 5 a 2 2 5=7 7 7 |"
+             "a 1 1 5 a 3 3 5 a 3 3 5=7 7 7 |a 5 1 5 a 0 1 5 a 5 1 5=6 5 6 |a 3 3 13 a -1 3 2=14 5 |"
+             "a 1 1 5 b 3 3 5 a 1 1 5 A 1 1 5=6 8 6 6 |a -1 -1 5=5 ")) {
+        CStackAtt stack;
+        std::istringstream in(given);
+        for (std::string name, banding, size, strength; in >> name >> banding >> size >> strength;)
+            Give(stack.Add(CArmy{}, ""),
+                 "Banding " + banding + " PowerValue " + size + " Strength " + strength)
+                .Name = name;
+        stack.CountSelfPowers(CStackAtt::Mode::Attack, 0);
+        std::string strengths;
+        for (const CArmy& army : stack)
+            strengths += ToText(army.TotalStrength) + ' ';
+        EXPECT_EQ(strengths, expected) << given;
+    }
+}
+
+TEST(Conversion, TextBecomesTheNearestCountAndAnythingElseAnError) {
+    for (const auto& [text, expected] :
+         Cases("0=0|2.5=2|3.5=4|2.51=3|-2.5=-2|-3.5=-4| 7 =7|-1=-1|+4=4|1e3=1000|25E-1=2|.5=0|=error 13|"
+               " =error 13|12a=error 13|1 2=error 13|1e=error 13|1,5=error 13|inf=error 13|nan=error 13|"
+               "0x10=error 13|+-1=error 13|++1=error 13|-=error 13|2147483647.4=2147483647|"
+               "-2147483648.5=-2147483648|2147483647.5=error 6|-2147483649=error 6|99999999999=error 6|"
+               "1e999=error 6")) {
+        std::string result;
+        const int error = ErrorOf([&result, given = text] { result = ToText(ToLong(given)); });
+        EXPECT_EQ(error == 0 ? result : "error " + std::to_string(error), expected) << text;
+    }
+    EXPECT_EQ(ToShort(-32768), -32768);
+    EXPECT_EQ(ErrorOf([] { return ToShort(32768); }) + ErrorOf([] { return ToShort(-32769); }), 12);
+}
+
+TEST(Conversion, NumberBecomesItsSignificantDigitsAndNoMore) {
+    const auto text = [](double value) { return ToSignificantText(value, 15); };
+    EXPECT_EQ(text(573.0 / 1000 * 100) + ' ' + text(100.0 / 3), "57.3 33.3333333333333");
+    EXPECT_EQ(text(100) + ' ' + text(0) + ' ' + text(-2.5) + ' ' + text(1e17 + 64),
+              "100 0 -2.5 100000000000000000");
+    EXPECT_EQ(text(0.0001) + ' ' + text(1e-8), "0.0001 0.00000001");
+    EXPECT_EQ(ToSignificantText(1.234F, 7) + ' ' + ToSignificantText(99.9999999, 7), "1.234 100");
+}
+
+} // namespace
+} // namespace vorhaven::test
