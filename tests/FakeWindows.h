@@ -1,0 +1,83 @@
+#pragma once
+
+#include "engine/Dice.h"
+#include "tests/TestHost.h"
+#include "ui/hero/frmHero.h"
+#include "ui/results/frmStats.h"
+#include "ui/setup/frmBrawlpad.h"
+
+#include <gmock/gmock.h>
+
+namespace vorhaven::test {
+
+/// A toolkit without a screen: it loads the windows that it shows and hands them to the test as their user.
+struct FakeWindows final : Windows {
+    Size ScreenSize() const override { return {1000, 800}; }
+    void ShowBusy(bool busy) override { Busy = busy; }
+    void ProcessEvents() override { OnEvents(); }
+    void ShowMessage(const std::string& prompt) override { Message = prompt; }
+    void ShowModal(frmHero& window) override { window.Form_Load(), OnHero(window); }
+    void ShowModal(frmStats& window) override { window.Form_Load(), OnStats(window); }
+    void Show(frmMoreResults& window) override { window.Form_Load(), OnMoreResults(window); }
+
+    bool Busy = false;
+    std::string Message;
+    std::function<void()> OnEvents = [] {};
+    std::function<void(frmHero&)> OnHero = [](frmHero&) {};
+    std::function<void(frmStats&)> OnStats = [](frmStats&) {};
+    std::function<void(frmMoreResults&)> OnMoreResults = [](frmMoreResults&) {};
+};
+
+/// The pickers' entries: a weak and a strong army, an assassin, undead of the field, an army whose bonus in
+/// the marsh is more than a number can hold, two heroes, and no army.
+enum Entry : std::int32_t { Midges, Giants, Stalkers, Ghouls, Colossi, Captain, Witch, Nobody };
+
+struct SmallCatalogue final : CatalogueProvider {
+    const Table& GetTable(Selector name) const override { return name == Selector::Armies ? Armies : Heroes; }
+    std::string PowerName(std::int16_t code) const override { return "power " + std::to_string(code); }
+
+    static Table Spread(const std::vector<std::size_t>& columns, std::vector<std::vector<Cell>> units) {
+        for (auto& unit : units) {
+            const auto cells = std::exchange(unit, std::vector<Cell>(24));
+            for (std::size_t i = 0; i < columns.size(); ++i)
+                unit[columns[i]] = cells[i];
+        }
+        return Table{units};
+    }
+
+    // Row, name, strength, hits; an army's turns, trait; terrain, bonus; an army's power code and size.
+    const Table Armies = Spread({0, 1, 5, 7, 8, 12, 17, 18, 22, 23},
+                                {{0, "Midges", 1, 1, 3, "undead ones", "", 0, 0, 0},
+                                 {1, "Giants", 14, 4, 7, "", "", 0, 3, 1},
+                                 {2, "Stalkers", 12, 2, 4, "", "", 0, 28, 5},
+                                 {3, "Ghouls", 5, 2, 2, " Undead ", "field", 2, 6, 2},
+                                 {4, "Colossi", 10, 4, 9, "", "marsh", 2'147'483'647, 0, 0}});
+    const Table Heroes =
+        Spread({0, 1, 8, 10, 16, 17}, {{0, "Captain", 6, 3, "field", 1}, {1, "Witch", 4, 2, "woods", 2}});
+};
+
+/// The main window, loaded.
+struct Game {
+    Game() {
+        MBattleCalc::DrawFrom(MBattleCalc::ProcessGenerator());
+        Pad.Form_Load();
+    }
+    void Add(std::size_t side, const std::vector<Long>& entries) {
+        for (const Long entry : entries)
+            Pad.cboArmies[side].Pick(entry);
+    }
+
+    SmallCatalogue Catalogue;
+    FakeWindows Toolkit;
+    frmBrawlpad Pad{Catalogue, Toolkit};
+};
+
+/// What an action ends in: an error that is known as a type mismatch once it has passed these locations.
+inline auto Raises(int number, const std::vector<std::string>& trail) {
+    return testing::Throws<RunTimeError>(
+        testing::AllOf(testing::Property(&RunTimeError::Number, ErrorNumber{number}),
+                       testing::Property(&RunTimeError::Trail, testing::ElementsAreArray(trail)),
+                       testing::Property(&RunTimeError::Headline, "Run-time error '13':\nType mismatch")));
+}
+
+} // namespace vorhaven::test

@@ -1,0 +1,283 @@
+#include "catalogue/CsvCatalogue.h"
+#include "tests/FakeWindows.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace vorhaven::test {
+namespace {
+
+struct Line {
+    ListEntry Entry;
+    bool Selected = false;
+    HealthRow Health{};
+    bool operator==(const Line&) const = default;
+};
+
+struct Lines : std::vector<Line> {
+    int Current = -1;
+    bool operator==(const Lines&) const = default;
+    int Count() const { return static_cast<int>(size()); }
+    Line& At(int line) { return at(static_cast<std::size_t>(line)); }
+    std::vector<int> Selected() {
+        std::vector<int> selected;
+        for (int line = 0; line < Count(); ++line)
+            if (At(line).Selected)
+                selected.push_back(line);
+        return selected;
+    }
+};
+
+/// What the window shows.
+struct Look {
+    std::array<Lines, 2> Lists;
+    int Terrain = 4, Level = -1;
+    bool IsTerrainLocked = false, IsLevelLocked = true;
+    std::string Battles = "20", Buttons = "AX";
+    std::array<bool, 8> Checked{}, Disabled{};
+    bool operator==(const Look&) const = default;
+};
+
+/// By menu item; the medals are none of them.
+constexpr std::array<bool HealthRow::*, 8> conditions{
+    nullptr, &HealthRow::Blessed,    &HealthRow::Diseased,      &HealthRow::Poisoned,
+    nullptr, &HealthRow::Blacksmith, &HealthRow::Weaponsmaster, &HealthRow::Flying};
+
+/// The rules of the window, told without it: conditions are part of their line, and where no line is there
+/// are none.
+struct Rules : Look {
+    void SetTerrain(int terrain) {
+        IsLevelLocked = terrain != 0;
+        if (std::exchange(Terrain, terrain) != terrain)
+            Level = IsLevelLocked ? -1 : 0;
+    }
+    void CountLines(std::size_t side) {
+        IsTerrainLocked = side == 1 ? Lists[1].Count() > 8 : IsTerrainLocked;
+        SetTerrain(side == 1 && IsTerrainLocked ? 0 : Terrain);
+    }
+    void Append(std::size_t side, const Line& line) {
+        if (Lists[side].Count() == 32)
+            return;
+        Lists[side].push_back(line);
+        CountLines(side);
+    }
+    void Remove(std::size_t side, int line) {
+        Lines& list = Lists[side];
+        const bool passesSelectionOn = line == list.Current && list.Selected() == std::vector{line};
+        list.erase(list.begin() + line);
+        if (line < list.Current || list.Current == list.Count())
+            --list.Current;
+        if (passesSelectionOn && list.Current >= 0)
+            list.At(list.Current).Selected = true;
+        CountLines(side);
+    }
+    static void Move(Lines& list, int to) {
+        if (list.Current < 0 || to < 0 || to == list.Count())
+            return;
+        if (list.Selected().size() > 1)
+            for (Line& line : list)
+                line.Selected = false;
+        const int from = std::exchange(list.Current, to);
+        std::swap(list.At(from), list.At(to));
+        list.At(to).Selected = true;
+        list.At(from).Selected = false;
+    }
+    void OpenMenu(Lines& list) {
+        bool blessed = false, ailing = false;
+        for (const int line : list.Selected().size() > 1 ? list.Selected() : std::vector{list.Current}) {
+            blessed = blessed || list.At(line).Health.Blessed;
+            ailing = ailing || list.At(line).Health.Diseased || list.At(line).Health.Poisoned;
+        }
+        for (const std::size_t item : {1U, 2U, 3U, 5U, 6U, 7U})
+            Checked[item] = list.At(list.Current).Health.*conditions[item];
+        Disabled = {false, ailing, blessed, blessed};
+    }
+    static void Mark(Lines& list, std::size_t item, std::int16_t value) {
+        for (const int place : list.Selected()) {
+            auto& [entry, selected, health] = list.At(place);
+            (item == 4 ? health.Medals = value : health.*conditions[item] = value != 0);
+            if (value != 0 && !entry.Text.ends_with('*'))
+                entry.Text += " *";
+            else if (health == HealthRow{} && entry.Text.ends_with(" *"))
+                entry.Text.resize(entry.Text.size() - 2);
+        }
+    }
+};
+
+/// A user who does anything at all, with the rules beside the window.
+class User {
+public:
+    User() {
+        pad_.Form_Load();
+        Focus(0);
+        pad_.txtNumSimulations.SetText("20");
+        pad_.PopupMenu = [this](Side) { ++opened_; };
+        toolkit_.OnEvents = [this] {
+            fault_ = fault_ || Seen() != rules_;
+            if (const int event = Any(50); event < 2)
+                Act();
+            else if (event == 2)
+                pad_.sscAbort.Press();
+        };
+    }
+
+    void Act() {
+        const std::size_t side = random_() % 2;
+        Lines& list = rules_.Lists[side];
+        const int action = Any(1000), any = Any(6);
+        Trail = Trail.substr(Trail.size() < 100 ? 0 : 10) + std::to_string(action) + (side == 0 ? "a" : "d") +
+                std::to_string(any) + " ";
+        if (action < 200) {
+            const int entry = Any(53);
+            pad_.cboArmies[side].Pick(entry);
+            rules_.Append(side, {{pad_.cboArmies[side].Text(), entry}});
+        } else if (action < 400) {
+            ListBox::Selection selection{list.Current = Any(list.Count() + 1) - 1, {}};
+            for (int line = 0; line < list.Count(); ++line)
+                if ((list.At(line).Selected = Any(4) == 0))
+                    selection.Lines.push_back(line);
+            pad_.lstArmies[side].Select(selection);
+        } else if (action < 460) {
+            if (list.Current >= 0)
+                rules_.Remove(side, list.Current);
+            pad_.lstArmies[side].DoubleClick();
+        } else if (action < 600) {
+            UseMenu(side);
+        } else if (action < 700) {
+            pad_.sscListArrow[side * 2 + (any < 3 ? 0 : 1)].Press();
+            Rules::Move(list, list.Current + (any < 3 ? -1 : 1));
+        } else if (action < 750) {
+            pad_.txtDup[side].SetText(
+                std::array{"0", "-3", "2.5", "3.5", "+6", "40"}[static_cast<std::size_t>(any)]);
+            pad_.sscDup[side].Press();
+            for (int copy = std::array{0, 0, 2, 4, 6, 32}[static_cast<std::size_t>(any)];
+                 copy > 0 && list.Current >= 0; --copy)
+                rules_.Append(side, {list.At(list.Current).Entry});
+        } else if (action < 760) {
+            pad_.sscClearList[side].Press();
+            list = {};
+            for (Lines& lines : rules_.Lists)
+                for (Line& line : lines)
+                    line.Health = {};
+        } else if (action < 800) {
+            pad_.cboTerrain.Choose(any);
+            rules_.SetTerrain(rules_.IsTerrainLocked ? rules_.Terrain : any);
+        } else if (action < 850) {
+            pad_.cboCityLevel.Choose(any % 3);
+            rules_.Level = rules_.IsLevelLocked ? -1 : any % 3;
+        } else if (action < 900) {
+            Focus(0);
+            rules_.Battles = std::array{"", "7", "10", "19", "25", "34"}[static_cast<std::size_t>(any)];
+            pad_.txtNumSimulations.SetText(rules_.Battles);
+        } else if (action < 998) {
+            Focus(random_() % 4);
+        } else if (rules_.Buttons.starts_with('A')) {
+            Run();
+        }
+    }
+
+    bool IsRight() { return !fault_ && Seen() == rules_; }
+    std::string Trail;
+
+private:
+    int Any(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
+
+    Look Seen() {
+        Look seen;
+        for (std::size_t side = 0; side < 2; ++side) {
+            const ListBox& list = pad_.lstArmies[side];
+            seen.Lists[side].Current = list.ListIndex().Value();
+            for (Long row = 1; row <= HealthArray::RowCount; row += 1)
+                if (const HealthRow& health = pad_.Health(Side{side})(row); row <= list.ListCount())
+                    seen.Lists[side].push_back({list.Entry(row - 1), list.Selected(row - 1), health});
+                else if (health != HealthRow{})
+                    seen.Lists[side].push_back({{"no line", row}, false, health});
+        }
+        seen.Terrain = pad_.Terrain() == pad_.cboTerrain.Text() ? pad_.cboTerrain.ListIndex().Value() : -1;
+        seen.Level = pad_.cboCityLevel.ListIndex().Value();
+        seen.IsTerrainLocked = !pad_.cboTerrain.Enabled;
+        seen.IsLevelLocked = !pad_.cboCityLevel.Enabled;
+        seen.Battles = pad_.txtNumSimulations.Text();
+        seen.Buttons = std::string(pad_.cmdAttack.Enabled, 'A') + std::string(pad_.sscAbort.Enabled, 'B') +
+                       std::string(pad_.sscExit.Enabled, 'X') + std::string(pad_.sscMoreResults.Enabled, 'M');
+        for (std::size_t item = 1; item < 8; ++item) {
+            seen.Checked[item] = pad_.mnuPopupItem[item].Checked;
+            seen.Disabled[item] = !pad_.mnuPopupItem[item].Enabled;
+        }
+        return seen;
+    }
+
+    /// Moves the focus to the number of battles or another place; those on odd numbers belong to the
+    /// defenders.
+    void Focus(std::size_t place) {
+        pad_.MoveFocus(std::array<Control*, 4>{&pad_.txtNumSimulations, &pad_.lstArmies[1],
+                                               &pad_.lstArmies[0], &pad_.sscListArrow[1]}[place]);
+        std::string& battles = rules_.Battles;
+        if (std::exchange(focus_, place) == 0 && place != 0)
+            battles = battles.size() < 2 ? "10" : battles.substr(0, battles.size() - 1) + "0";
+    }
+
+    void UseMenu(std::size_t side) {
+        Focus(2 - side);
+        opened_ = 0;
+        pad_.lstArmies_MouseUp(Side{side}, frmBrawlpad::MouseButton::Right);
+        const int current = rules_.Lists[side].Current;
+        fault_ = fault_ || opened_ != (current >= 0 ? 1 : 0);
+        if (current < 0)
+            return;
+        rules_.OpenMenu(rules_.Lists[side]);
+        for (std::size_t medals = 0; medals < 5; ++medals)
+            fault_ = fault_ || pad_.mnuPopupItemMedals[medals].Checked !=
+                                   (rules_.Lists[side].At(current).Health.Medals == static_cast<int>(medals));
+        if (Any(8) == 0)
+            Focus(random_() % 4);
+        side = focus_ % 2;
+        Lines& list = rules_.Lists[side];
+        if (const auto item = static_cast<std::size_t>(Any(13)); item == 0) {
+            pad_.mnuPopupDelete.Choose();
+            for (std::vector<int> lines = list.Selected(); !lines.empty(); lines.pop_back())
+                rules_.Remove(side, lines.back());
+        } else if (item >= 8) {
+            pad_.mnuPopupItemMedals[item - 8].Choose();
+            Rules::Mark(list, 4, static_cast<std::int16_t>(item - 8));
+        } else {
+            pad_.mnuPopupItem[item].Choose();
+            if (item != 4 && !rules_.Disabled[item])
+                Rules::Mark(list, item, (rules_.Checked[item] = !rules_.Checked[item]) ? 1 : 0);
+        }
+    }
+
+    void Run() {
+        Focus(2);
+        const bool complete = !rules_.Lists[0].empty() && !rules_.Lists[1].empty();
+        if (complete && (rules_.Lists[0].At(0).Entry.Datum == 52 || rules_.Lists[1].At(0).Entry.Datum == 52))
+            return; // a stack might have no army, which is an error
+        rules_.Buttons = complete ? "B" : "AX";
+        pad_.cmdAttack.Press();
+        rules_.Buttons = complete ? "AXM" : "AX";
+    }
+
+    CsvCatalogue catalogue_ = CsvCatalogue::BuiltIn();
+    FakeWindows toolkit_;
+    frmBrawlpad pad_{catalogue_, toolkit_};
+    Rules rules_;
+    std::mt19937 random_{20240607};
+    int opened_ = 0;
+    std::size_t focus_ = 0;
+    bool fault_ = false;
+};
+
+TEST(SetupRandom, WindowKeepsTheRulesWhateverTheUserDoes) {
+    MBattleCalc::DrawFrom(MBattleCalc::ProcessGenerator());
+    User user;
+    for (int action = 0; action < 200'000; ++action) {
+        user.Act();
+        ASSERT_TRUE(user.IsRight()) << "after " << action << " actions, the last of them " << user.Trail;
+    }
+    MBattleCalc::AbortRequested = false;
+}
+
+} // namespace
+} // namespace vorhaven::test

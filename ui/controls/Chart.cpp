@@ -1,0 +1,46 @@
+#include "ui/controls/Chart.h"
+
+#include "model/Conversion.h"
+
+namespace vorhaven {
+
+Chart::Row& Chart::At(Long row) {
+    if (row < 1 || row > static_cast<std::int32_t>(rows_.size()))
+        throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+    return rows_[static_cast<std::size_t>(row.Value()) - 1];
+}
+
+void Chart::SetRowLabel(Long row, std::string label) {
+    At(row).Label = std::move(label);
+    Refresh();
+}
+
+void Chart::SetData(Long row, Long series, Long value) {
+    if (series < 1 || series > 2)
+        throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+    At(row).Values[static_cast<std::size_t>(series.Value()) - 1] = value;
+    Refresh();
+}
+
+void Chart::SetDetails(Long row, std::string details, bool isEmpty) {
+    At(row).Details = std::move(details);
+    At(row).IsEmpty = isEmpty;
+    Refresh();
+}
+
+std::string Chart::Numbers() const {
+    std::string table = CategoryTitle + "\t" + ValueTitles[0] + "\t" + ValueTitles[1] + "\n";
+    for (const Row& row : rows_)
+        table += row.Label + "\t" + ToText(row.Values[0]) + "\t" + ToText(row.Values[1]) + "\n";
+    return table;
+}
+
+std::string Chart::Description() const {
+    std::string description = Title;
+    for (const Row& row : rows_)
+        if (!row.IsEmpty)
+            description += "\n" + row.Details;
+    return description;
+}
+
+} // namespace vorhaven

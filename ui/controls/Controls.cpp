@@ -1,0 +1,65 @@
+#include "ui/controls/Controls.h"
+
+#include "model/Conversion.h"
+
+namespace vorhaven {
+
+void TextBox::SetText(std::string text) {
+    if (text == text_)
+        return;
+    text_ = std::move(text);
+    Refresh();
+    Raise(Change);
+}
+
+UpDown::UpDown(TextBox& buddy, Long lowest, Long highest, Long value, std::string toolTip)
+    : Control(std::move(toolTip)), Min(lowest), Max(highest), buddy_(&buddy), lastValue_(value) {
+    buddy.SetText(ToText(value));
+}
+
+Long UpDown::Value() const {
+    try {
+        return Held(ToLong(buddy_->Text()));
+    } catch (const RunTimeError&) {
+        return lastValue_;
+    }
+}
+
+bool UpDown::CanStep(Long steps) const {
+    return ToText(Held(Value() + steps)) != buddy_->Text();
+}
+
+void UpDown::Step(Long steps) {
+    lastValue_ = Held(Value() + steps);
+    buddy_->SetText(ToText(lastValue_));
+}
+
+void ComboBox::AddItem(std::string text, Long datum) {
+    items_.push_back({std::move(text), datum});
+    Refresh();
+}
+
+void ComboBox::SetListIndex(Long index) {
+    if (index < -1 || index >= static_cast<std::int32_t>(items_.size()))
+        throw RunTimeError{ErrorNumber::InvalidCall};
+    if (index == listIndex_)
+        return;
+    listIndex_ = index;
+    Refresh();
+    Raise(Click);
+}
+
+std::string ComboBox::Text() const {
+    return listIndex_ < 0 ? std::string{} : items_[static_cast<std::size_t>(listIndex_.Value())].Text;
+}
+
+void ComboBox::Pick(Long index) {
+    if (!Enabled)
+        return;
+    if (index == listIndex_)
+        Raise(Click);
+    else
+        SetListIndex(index);
+}
+
+} // namespace vorhaven

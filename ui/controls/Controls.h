@@ -1,0 +1,180 @@
+#pragma once
+
+#include "model/Long.h"
+#include "ui/controls/Control.h"
+
+#include <string>
+#include <vector>
+
+namespace vorhaven {
+
+/// A text that the user only reads.
+class Label : public Control {
+public:
+    explicit Label(std::string caption = {}, std::string toolTip = {})
+        : Control(std::move(toolTip)), Caption(*this, std::move(caption)) {}
+
+    /// "&" marks the access key.
+    Property<std::string> Caption;
+};
+
+/// A captioned box around other controls.
+using Frame = Label;
+
+/// A panel of a status bar.
+class StatusPanel : public Control {
+public:
+    enum class Style { Text, Date, Time };
+
+    explicit StatusPanel(std::string name, Style style = Style::Text)
+        : Control(std::move(name)), PanelStyle(style), Text(*this, {}) {}
+
+    /// A date or time panel shows the clock by itself.
+    const Style PanelStyle;
+    Property<std::string> Text;
+};
+
+/// A push button.
+class Button : public Control {
+public:
+    explicit Button(std::string caption, std::string toolTip = {})
+        : Control(std::move(toolTip)), Caption(*this, std::move(caption)) {}
+
+    Property<std::string> Caption;
+    std::function<void()> Click;
+
+    void Press() {
+        if (Enabled)
+            Raise(Click);
+    }
+};
+
+/// A button that is on or off.
+class CheckButton : public Control {
+public:
+    explicit CheckButton(std::string caption, std::string toolTip = {})
+        : Control(std::move(toolTip)), Caption(*this, std::move(caption)) {}
+
+    Property<std::string> Caption;
+    Property<bool> Checked{*this, false};
+
+    void Toggle() {
+        if (Enabled)
+            Checked = !Checked;
+    }
+};
+
+/// A bar that fills from 0 to 100.
+class ProgressBar : public Control {
+public:
+    Property<Long> Value{*this, 0};
+};
+
+/// An item of a pop-up menu.
+class MenuItem : public Control {
+public:
+    explicit MenuItem(std::string caption) : Caption(std::move(caption)) {}
+
+    const std::string Caption;
+    Property<bool> Checked{*this, false};
+    std::function<void()> Click;
+
+    void Choose() {
+        if (Enabled)
+            Raise(Click);
+    }
+};
+
+/// A one-line text field.
+class TextBox : public Control {
+public:
+    explicit TextBox(std::string toolTip = {}) : Control(std::move(toolTip)) {}
+
+    static constexpr int Backspace = 8;
+    static constexpr int Escape = 27;
+
+    /// Raised by every change of the text, the user's and the program's.
+    std::function<void()> Change;
+    /// Asked about every key that the user types, by its character code; a result of 0 discards the key.
+    std::function<int(int)> KeyPress;
+
+    [[nodiscard]] const std::string& Text() const { return text_; }
+    void SetText(std::string text);
+
+    /// Whether a typed key may enter the field.
+    [[nodiscard]] bool Admits(int key) const { return !KeyPress || KeyPress(key) != 0; }
+
+private:
+    std::string text_;
+};
+
+/// The up and down arrows of a text field. They step the number in the field by 1 within their limits; typing
+/// in the field is not held to them.
+class UpDown : public Control {
+public:
+    /// `buddy` shows the value and must live as long; it is given the first value.
+    UpDown(TextBox& buddy, Long lowest, Long highest, Long value, std::string toolTip = {});
+
+    const Long Min;
+    const Long Max;
+
+    /// The number in the field, held to the limits; the last one stepped to where the field holds no number.
+    [[nodiscard]] Long Value() const;
+
+    /// Whether some steps would change what the field shows.
+    [[nodiscard]] bool CanStep(Long steps) const;
+
+    /// Moves the value by some steps, held to the limits, and writes it into the field.
+    void Step(Long steps);
+
+    [[nodiscard]] TextBox& Buddy() const { return *buddy_; }
+
+private:
+    [[nodiscard]] Long Held(Long value) const { return value < Min ? Min : value > Max ? Max : value; }
+
+    TextBox* buddy_;
+    Long lastValue_;
+};
+
+/// An entry of a drop-down list or a list box, with the whole number that goes with it.
+struct ListEntry {
+    std::string Text;
+    Long Datum;
+    bool operator==(const ListEntry&) const = default;
+};
+
+/// A drop-down list.
+class ComboBox : public Control {
+public:
+    explicit ComboBox(std::string toolTip = {}) : Control(std::move(toolTip)) {}
+
+    /// Raised when the selection changes, by the user or from code, and by every Pick.
+    std::function<void()> Click;
+
+    void AddItem(std::string text, Long datum = 0);
+    [[nodiscard]] const std::vector<ListEntry>& Items() const { return items_; }
+
+    /// The selected entry, -1 for none. Selecting what is selected already raises no event.
+    [[nodiscard]] Long ListIndex() const { return listIndex_; }
+    /// Raises error 5 outside -1 to the last entry.
+    void SetListIndex(Long index);
+
+    /// The selected entry's text, empty without one.
+    [[nodiscard]] std::string Text() const;
+
+    /// The user's choice of an entry, which becomes the selected one.
+    void Choose(Long index) {
+        if (Enabled)
+            SetListIndex(index);
+    }
+
+    /// The user's pick of an entry in the open list of a picker: it counts also when the entry is selected
+    /// already.
+    void Pick(Long index);
+
+private:
+    std::vector<ListEntry> items_;
+    Long listIndex_ = -1;
+};
+
+} // namespace vorhaven

@@ -1,0 +1,73 @@
+#include "ui/controls/ListBox.h"
+
+#include <algorithm>
+
+namespace vorhaven {
+
+void ListBox::AddItem(const ListEntry& entry) {
+    lines_.push_back({entry});
+    Refresh();
+}
+
+void ListBox::RemoveItem(Long line) {
+    const std::size_t place = Place(line);
+    const bool wasOnlyOne = lines_[place].selected && SelectedLines().size() == 1;
+    lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(place));
+    if (line == listIndex_) {
+        listIndex_ = std::min(listIndex_, ListCount() - 1);
+        if (wasOnlyOne && listIndex_ >= 0)
+            lines_[Place(listIndex_)].selected = true;
+    } else if (line < listIndex_) {
+        listIndex_ = listIndex_ - 1;
+    }
+    Refresh();
+}
+
+void ListBox::Clear() {
+    lines_.clear();
+    listIndex_ = -1;
+    Refresh();
+}
+
+void ListBox::SetEntry(Long line, const ListEntry& entry) {
+    lines_[Place(line)].entry = entry;
+    Refresh();
+}
+
+void ListBox::SetListIndex(Long line) {
+    if (line != -1)
+        (void)Place(line);
+    listIndex_ = line;
+    Refresh();
+}
+
+void ListBox::SetSelected(Long line, bool selected) {
+    lines_[Place(line)].selected = selected;
+    Refresh();
+}
+
+std::vector<Long> ListBox::SelectedLines() const {
+    std::vector<Long> selected;
+    for (Long line = 0; line < ListCount(); line += 1)
+        if (Selected(line))
+            selected.push_back(line);
+    return selected;
+}
+
+void ListBox::Select(const Selection& selection) {
+    for (Line& line : lines_)
+        line.selected = false;
+    for (const Long line : selection.Lines)
+        if (line >= 0 && line < ListCount())
+            lines_[Place(line)].selected = true;
+    listIndex_ = selection.Current < ListCount() ? selection.Current : Long{-1};
+    Refresh();
+}
+
+std::size_t ListBox::Place(Long line) const {
+    if (line < 0 || line >= ListCount())
+        throw RunTimeError{ErrorNumber::InvalidCall};
+    return static_cast<std::size_t>(line.Value());
+}
+
+} // namespace vorhaven

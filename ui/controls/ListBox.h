@@ -1,0 +1,63 @@
+#pragma once
+
+#include "ui/controls/Controls.h"
+
+#include <vector>
+
+namespace vorhaven {
+
+/// A list box in which the user selects any number of lines. Lines count from 0. Apart from the selected
+/// lines there is the current one: the line of the user's last click or key, selected or not. Members that
+/// take a line raise error 5 when there is no such line.
+class ListBox : public Control {
+public:
+    explicit ListBox(std::string toolTip = {}) : Control(std::move(toolTip)) {}
+
+    std::function<void()> DblClick;
+
+    void AddItem(const ListEntry& entry);
+    /// Removes a line. The current line stays on its place: where it is removed itself, the line that takes
+    /// its place (or else the last) becomes current, and selected too if the removed one alone was selected.
+    void RemoveItem(Long line);
+    void Clear();
+
+    [[nodiscard]] Long ListCount() const { return static_cast<std::int32_t>(lines_.size()); }
+    [[nodiscard]] const ListEntry& Entry(Long line) const { return lines_[Place(line)].entry; }
+    void SetEntry(Long line, const ListEntry& entry);
+    void SetText(Long line, const std::string& text) { SetEntry(line, {text, Entry(line).Datum}); }
+
+    /// The current line, -1 for none. Making a line current selects nothing.
+    [[nodiscard]] Long ListIndex() const { return listIndex_; }
+    void SetListIndex(Long line);
+
+    [[nodiscard]] bool Selected(Long line) const { return lines_[Place(line)].selected; }
+    void SetSelected(Long line, bool selected);
+    [[nodiscard]] std::vector<Long> SelectedLines() const;
+
+    /// The current line and the selected lines together.
+    struct Selection {
+        Long Current = -1;
+        std::vector<Long> Lines;
+    };
+    [[nodiscard]] Selection CurrentSelection() const { return {listIndex_, SelectedLines()}; }
+    /// The user's selection. Lines that the list does not have are left out.
+    void Select(const Selection& selection);
+
+    void DoubleClick() {
+        if (Enabled)
+            Raise(DblClick);
+    }
+
+private:
+    struct Line {
+        ListEntry entry;
+        bool selected = false;
+    };
+
+    [[nodiscard]] std::size_t Place(Long line) const;
+
+    std::vector<Line> lines_;
+    Long listIndex_ = -1;
+};
+
+} // namespace vorhaven

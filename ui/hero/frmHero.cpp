@@ -1,0 +1,52 @@
+#include "ui/hero/frmHero.h"
+
+namespace vorhaven {
+
+frmHero::frmHero(Desktop& desktop)
+    : Form("Hero Bonuses (Both Intrinsic and from Items)"), desktop_(&desktop) {
+    cmdProceed.Click = [this] { cmdProceed_Click(); };
+}
+
+void frmHero::Form_Load() {
+    const Trap trap{"frmHero::Form_Load"};
+    CentreOn(desktop_->ScreenSize());
+    LoadHeroInfo();
+    SendHeroInfoToScreen();
+}
+
+void frmHero::LoadHeroInfo() {
+    const Trap trap{"frmHero::LoadHeroInfo"};
+    heroName_ = Hero->Name.Text();
+    for (HeroField* field : loadOrder_)
+        field->Load(*Hero);
+}
+
+void frmHero::SendHeroInfoToScreen() {
+    const Trap trap{"frmHero::SendHeroInfoToScreen"};
+    lblName.Caption = heroName_;
+    for (HeroField* field : loadOrder_)
+        field->SendToScreen();
+}
+
+void frmHero::cmdProceed_Click() {
+    const Trap trap{"frmHero::cmdProceed_Click"};
+    SendScreenInfoToProps();
+    SendPropsToHero();
+    Unload();
+    desktop_->ProcessEvents();
+}
+
+void frmHero::SendScreenInfoToProps() {
+    // The one location text without its window's name.
+    const Trap trap{"SendScreenInfoToProps"};
+    for (HeroField* field : storeOrder_)
+        field->TakeFromScreen();
+}
+
+void frmHero::SendPropsToHero() {
+    const Trap trap{"frmHero::SendPropsToHero"};
+    for (const HeroField* field : storeOrder_)
+        field->Store(*Hero);
+}
+
+} // namespace vorhaven

@@ -1,0 +1,162 @@
+#include "engine/MBattleCalc.h"
+#include "model/Conversion.h"
+#include "ui/hero/frmHero.h"
+#include "ui/results/frmStats.h"
+#include "ui/setup/frmBrawlpad.h"
+
+namespace vorhaven {
+
+void frmBrawlpad::cmdAttack_Click() {
+    const Trap trap{"frmBrawlpad::cmdAttack_Click"};
+    sscExit.Enabled = false;
+    sscMoreResults.Enabled = false;
+    if (VerifyForm()) {
+        if (gobjCAttArmies)
+            gobjCAttArmies = CAttackArmies{*this};
+        if (gobjCDefArmies)
+            gobjCDefArmies = CAttackArmies{*this};
+        cmdAttack.Enabled = false;
+        running_ = true;
+        FillArmyCollections();
+        sscAbort.Enabled = true;
+        MBattleCalc::Add(*this, NumBattles(), CombatDice, sschkViewStats.Checked,
+                         cboCityLevel.ListIndex() + 1);
+        running_ = false;
+        sscAbort.Enabled = false;
+        cmdAttack.Enabled = true;
+        sscMoreResults.Enabled = true;
+    }
+    sscExit.Enabled = true;
+}
+
+bool frmBrawlpad::VerifyForm() {
+    const Trap trap{"frmBrawlpad::VerifyForm"};
+    if (lstArmies[0].ListCount() > 0 && lstArmies[1].ListCount() > 0)
+        return true;
+    windows_->ShowMessage("You need to specify attacking and defending armies.");
+    return false;
+}
+
+void frmBrawlpad::FillArmyCollections() {
+    const Trap trap{"frmBrawlpad::FillArmyCollections"};
+    for (Long line = 0; line < lstArmies[0].ListCount(); line += 1)
+        AddAttacker(lstArmies[0].Entry(line).Datum, line);
+    for (Long line = 0; line < lstArmies[1].ListCount(); line += 1)
+        AddDefender(lstArmies[1].Entry(line).Datum, line);
+}
+
+void frmBrawlpad::AddAttacker(Long row, Long position) {
+    const Trap trap{"frmBrawlpad::AddAttacker"};
+    AddEntry(Side::Attack, row, position);
+}
+
+void frmBrawlpad::AddDefender(Long row, Long position) {
+    const Trap trap{"frmBrawlpad::AddDefender"};
+    AddEntry(Side::Defend, row, position);
+}
+
+void frmBrawlpad::AddEntry(Side side, Long row, Long position) {
+    ArmyEntry entry;
+    if (row < NumArmies()) {
+        entry.Name = CellText(Armies()(row, ArmyColumn::Name));
+        entry.UnitID = CellNumber(Armies()(row, ArmyColumn::Identifier));
+        entry.StartStrength = CellNumber(Armies()(row, ArmyColumn::Strength));
+        entry.Hits = CellNumber(Armies()(row, ArmyColumn::Hits));
+        entry.Turns = CellNumber(Armies()(row, ArmyColumn::Turns));
+        entry.CBName = CellText(Armies()(row, ArmyColumn::BonusTerrain));
+        entry.CBValue = CellNumber(Armies()(row, ArmyColumn::BonusSize));
+        entry.PowerType = CellNumber(Armies()(row, ArmyColumn::PowerCode));
+        entry.PowerValue = CellNumber(Armies()(row, ArmyColumn::PowerSize));
+        entry.IsUndead = CheckIfUndead(row);
+    } else if (row < NumArmies() + NumHeroes()) {
+        const Long hero = row - NumArmies();
+        entry.Name = CellText(Heroes()(hero, HeroColumn::Name));
+        entry.UnitID = row;
+        entry.StartStrength = CellNumber(Heroes()(hero, HeroColumn::Strength));
+        entry.Hits = CellNumber(Heroes()(hero, HeroColumn::Hits));
+        entry.CBName = CellText(Heroes()(hero, HeroColumn::BonusTerrain));
+        entry.CBValue = CellNumber(Heroes()(hero, HeroColumn::BonusSize));
+        // A code that gives no power: a hero's powers come from its editor.
+        entry.PowerType = 1;
+        entry.PowerValue = 1;
+    } else {
+        entry.Name = NoArmy;
+    }
+    const HealthRow& health = health_[Of(side)](position + 1);
+    entry.IsBlessed = health.Blessed;
+    entry.IsDiseased = health.Diseased;
+    entry.IsPoisoned = health.Poisoned;
+    entry.HasMedal = health.Medals;
+    entry.IsBlacksmith = health.Blacksmith;
+    entry.IsWeaponsmaster = health.Weaponsmaster;
+    entry.IsFlying = health.Flying;
+
+    assembledSide_ = side;
+    assembledLine_ = position;
+    (side == Side::Attack ? gobjCAttArmies : gobjCDefArmies)->Add(entry, "SN" + ToText(position));
+}
+
+bool frmBrawlpad::CheckIfUndead(Long row) const {
+    const Trap trap{"frmBrawlpad::CheckIfUndead"};
+    const auto isUndead = [&](Long column) {
+        return ToTrimmedLower(CellText(Armies()(row, column))) == "undead";
+    };
+    return isUndead(ArmyColumn::FirstTrait) || isUndead(ArmyColumn::SecondTrait);
+}
+
+void frmBrawlpad::EditHero(CArmy& hero) {
+    // The list behind the editor shows whose turn it is.
+    ListBox& list = lstArmies[Of(assembledSide_)];
+    const ListBox::Selection selection = list.CurrentSelection();
+    list.Select({assembledLine_, {assembledLine_}});
+    frmHero editor{*windows_};
+    editor.Hero = &hero;
+    editor.Whereabouts = fraArmies[Of(assembledSide_)].Caption.Get() + ", " + ToText(assembledLine_ + 1);
+    windows_->ShowModal(editor);
+    list.Select(selection);
+}
+
+void frmBrawlpad::ShowAverage(Long column, const std::string& text) {
+    lblAvg[static_cast<std::size_t>(column.Value())].Caption = text;
+}
+
+void frmBrawlpad::ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) {
+    frmStats stats{*windows_, *provider_};
+    stats.ShowStats(attackStack, defendStack, [&] { windows_->ShowModal(stats); });
+}
+
+void frmBrawlpad::cboTerrain_Click() {
+    const Trap trap{"frmBrawlpad::cboTerrain_Click"};
+    SetTerrain(cboTerrain.Text());
+    if (Terrain() == "city") {
+        cboCityLevel.Enabled = true;
+        cboCityLevel.SetListIndex(0);
+    } else {
+        cboCityLevel.SetListIndex(-1);
+        cboCityLevel.Enabled = false;
+    }
+}
+
+void frmBrawlpad::AdjustDefTerrain(Side side, Long lineCount) {
+    const Trap trap{"frmBrawlpad::AdjustDefTerrain"};
+    if (side != Side::Defend)
+        return;
+    if (lineCount <= 8) {
+        cboTerrain.Enabled = true;
+        return;
+    }
+    cboTerrain.SetListIndex(0);
+    cboTerrain.Enabled = false;
+}
+
+void frmBrawlpad::sscAbort_Click() {
+    const Trap trap{"frmBrawlpad::sscAbort_Click"};
+    MBattleCalc::AbortRequested = true;
+}
+
+void frmBrawlpad::Close() {
+    if (running_)
+        MBattleCalc::AbortRequested = true;
+}
+
+} // namespace vorhaven

@@ -1,0 +1,144 @@
+#include "ui/setup/frmBrawlpad.h"
+
+#include <algorithm>
+
+namespace vorhaven {
+namespace {
+
+constexpr std::size_t blessedItem = 1;
+constexpr std::size_t diseasedItem = 2;
+constexpr std::size_t poisonedItem = 3;
+
+constexpr std::string_view mark = " *";
+
+/// The condition that each check item of the menu stands for; the medals' heading has none.
+constexpr std::array<bool HealthRow::*, 8> conditionOfItem{
+    nullptr, &HealthRow::Blessed,    &HealthRow::Diseased,      &HealthRow::Poisoned,
+    nullptr, &HealthRow::Blacksmith, &HealthRow::Weaponsmaster, &HealthRow::Flying};
+
+bool AsteriskEligible(const std::string& text) {
+    return !text.empty() && !text.ends_with('*');
+}
+
+bool RemoveAsteriskEligible(const std::string& text, const HealthRow& row) {
+    return row == HealthRow{} && !text.empty();
+}
+
+} // namespace
+
+void frmBrawlpad::RefreshHealthArray() {
+    const Trap trap{"frmBrawlpad::RefreshHealthArray"};
+    health_ = {};
+}
+
+Side frmBrawlpad::FocusedSide() const {
+    return ActiveControl() != nullptr && ActiveControl()->Index == 1 ? Side::Defend : Side::Attack;
+}
+
+void frmBrawlpad::lstArmies_MouseUp(Side side, MouseButton button) {
+    const Trap trap{"frmBrawlpad::lstArmies_MouseUp"};
+    const ListBox& list = lstArmies[Of(side)];
+    if (button != MouseButton::Right || list.ListCount() == 0 || list.ListIndex() == -1)
+        return;
+    const HealthRow& row = health_[Of(side)](list.ListIndex() + 1);
+    for (std::size_t item = 1; item < mnuPopupItem.size(); ++item)
+        if (conditionOfItem[item] != nullptr)
+            mnuPopupItem[item].Checked = row.*conditionOfItem[item];
+    for (std::size_t medals = 0; medals < mnuPopupItemMedals.size(); ++medals)
+        mnuPopupItemMedals[medals].Checked = row.Medals == static_cast<int>(medals);
+    EvaluateHealthConflicts(side);
+    if (PopupMenu)
+        PopupMenu(side);
+}
+
+void frmBrawlpad::mnuPopupItem_Click(std::size_t index) {
+    const Trap trap{"frmBrawlpad::mnuPopupItem_Click"};
+    if (index == MedalItem)
+        return;
+    MenuItem& item = mnuPopupItem[index];
+    item.Checked = !item.Checked;
+    const Side side = FocusedSide();
+    for (const Long line : lstArmies[Of(side)].SelectedLines()) {
+        health_[Of(side)](line + 1).*conditionOfItem[index] = item.Checked;
+        if (item.Checked)
+            MarkLine(side, line);
+        else
+            UnmarkLine(side, line);
+    }
+}
+
+void frmBrawlpad::mnuPopupItemMedals_Click(std::size_t index) {
+    const Trap trap{"frmBrawlpad::mnuPopupItemMedals_Click"};
+    const Side side = FocusedSide();
+    for (const Long line : lstArmies[Of(side)].SelectedLines()) {
+        health_[Of(side)](line + 1).Medals = static_cast<std::int16_t>(index);
+        if (index > 0)
+            MarkLine(side, line);
+        else
+            UnmarkLine(side, line);
+    }
+}
+
+void frmBrawlpad::mnuPopupDelete_Click() {
+    const Trap trap{"frmBrawlpad::mnuPopupDelete_Click"};
+    const Side side = FocusedSide();
+    std::vector<Long> lines = lstArmies[Of(side)].SelectedLines();
+    // From the last one upwards, so that no removal moves a line that is still to go.
+    std::ranges::reverse(lines);
+    for (const Long line : lines)
+        DeleteArmyFromList(side, line);
+}
+
+void frmBrawlpad::MarkLine(Side side, Long line) {
+    ListBox& list = lstArmies[Of(side)];
+    const std::string& text = list.Entry(line).Text;
+    if (AsteriskEligible(text))
+        list.SetText(line, text + std::string(mark));
+}
+
+void frmBrawlpad::UnmarkLine(Side side, Long line) {
+    ListBox& list = lstArmies[Of(side)];
+    const std::string& text = list.Entry(line).Text;
+    // A line without conditions may be without a mark too, when it was selected together with marked ones.
+    if (RemoveAsteriskEligible(text, health_[Of(side)](line + 1)) && text.ends_with(mark))
+        list.SetText(line, text.substr(0, text.size() - mark.size()));
+}
+
+void frmBrawlpad::EvaluateHealthConflicts(Side side) {
+    const Trap trap{"frmBrawlpad::EvaluateHealthConflicts"};
+    const std::vector<Long> selected = lstArmies[Of(side)].SelectedLines();
+    if (selected.size() <= 1) {
+        DisableMenuItems();
+        EnableMenuItems();
+        return;
+    }
+    const HealthArray& health = health_[Of(side)];
+    const bool blessed = std::ranges::any_of(selected, [&](Long line) { return health(line + 1).Blessed; });
+    const bool ailing = std::ranges::any_of(
+        selected, [&](Long line) { return health(line + 1).Diseased || health(line + 1).Poisoned; });
+    mnuPopupItem[blessedItem].Enabled = !ailing;
+    mnuPopupItem[diseasedItem].Enabled = !blessed;
+    mnuPopupItem[poisonedItem].Enabled = !blessed;
+}
+
+void frmBrawlpad::DisableMenuItems() {
+    const Trap trap{"frmBrawlpad::DisableMenuItems"};
+    if (mnuPopupItem[blessedItem].Checked) {
+        mnuPopupItem[diseasedItem].Enabled = false;
+        mnuPopupItem[poisonedItem].Enabled = false;
+    }
+    if (mnuPopupItem[diseasedItem].Checked || mnuPopupItem[poisonedItem].Checked)
+        mnuPopupItem[blessedItem].Enabled = false;
+}
+
+void frmBrawlpad::EnableMenuItems() {
+    const Trap trap{"frmBrawlpad::EnableMenuItems"};
+    if (!mnuPopupItem[blessedItem].Checked) {
+        mnuPopupItem[diseasedItem].Enabled = true;
+        mnuPopupItem[poisonedItem].Enabled = true;
+    }
+    if (!mnuPopupItem[diseasedItem].Checked && !mnuPopupItem[poisonedItem].Checked)
+        mnuPopupItem[blessedItem].Enabled = true;
+}
+
+} // namespace vorhaven

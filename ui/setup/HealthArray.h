@@ -1,0 +1,47 @@
+#pragma once
+
+#include "model/Long.h"
+
+#include <array>
+#include <cstdint>
+
+namespace vorhaven {
+
+/// The conditions of one line of an army list.
+struct HealthRow {
+    bool Blessed = false;
+    bool Diseased = false;
+    bool Poisoned = false;
+    /// 0 to 4.
+    std::int16_t Medals = 0;
+    bool Blacksmith = false;
+    bool Weaponsmaster = false;
+    bool Flying = false;
+
+    bool operator==(const HealthRow&) const = default;
+};
+
+/// A list holds at most this many lines.
+inline constexpr std::int32_t maxLines = 32;
+
+/// The conditions of all lines of one side: row r belongs to line r - 1. The last row is a spare, the source
+/// for the row before it when rows move up.
+class HealthArray {
+public:
+    static constexpr std::int32_t RowCount = maxLines + 1;
+
+    /// A row, 1 to 33; raises error 9 outside.
+    [[nodiscard]] HealthRow& operator()(Long row) { return rows_[Place(row)]; }
+    [[nodiscard]] const HealthRow& operator()(Long row) const { return rows_[Place(row)]; }
+
+private:
+    [[nodiscard]] static std::size_t Place(Long row) {
+        if (row < 1 || row > RowCount)
+            throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+        return static_cast<std::size_t>(row.Value()) - 1;
+    }
+
+    std::array<HealthRow, RowCount> rows_;
+};
+
+} // namespace vorhaven

@@ -1,0 +1,107 @@
+#include "model/Conversion.h"
+#include "ui/setup/frmBrawlpad.h"
+
+#include <utility>
+
+namespace vorhaven {
+
+void frmBrawlpad::AddArmyToList(Side side) {
+    const Trap trap{"frmBrawlpad::AddArmyToList"};
+    ListBox& list = lstArmies[Of(side)];
+    const ComboBox& picker = cboArmies[Of(side)];
+    if (list.ListCount() >= maxLines || picker.ListIndex() == -1)
+        return;
+    const Long datum = picker.Items()[static_cast<std::size_t>(picker.ListIndex().Value())].Datum;
+    if (datum < NumArmies())
+        list.AddItem({CellText(Armies()(datum, ArmyColumn::Name)), datum});
+    else if (datum == NumArmies() + NumHeroes())
+        list.AddItem({NoArmy, datum});
+    else
+        list.AddItem({CellText(Heroes()(datum - NumArmies(), HeroColumn::Name)), datum});
+    AdjustDefTerrain(side, list.ListCount());
+}
+
+void frmBrawlpad::lstArmies_DblClick(Side side) {
+    const Trap trap{"frmBrawlpad::lstArmies_DblClick"};
+    const Long line = lstArmies[Of(side)].ListIndex();
+    if (line >= 0)
+        DeleteArmyFromList(side, line);
+}
+
+void frmBrawlpad::DeleteArmyFromList(Side side, Long line) {
+    const Trap trap{"frmBrawlpad::DeleteArmyFromList"};
+    ListBox& list = lstArmies[Of(side)];
+    list.RemoveItem(line);
+    ShuffleArray(health_[Of(side)], line, 1);
+    if (side == Side::Defend)
+        AdjustDefTerrain(side, list.ListCount());
+}
+
+void frmBrawlpad::ShuffleArray(HealthArray& health, Long line, Long shift) {
+    const Trap trap{"frmBrawlpad::ShuffleArray"};
+    for (Long row = line + 1; row <= maxLines; row += 1)
+        health(row) = health(row + shift);
+}
+
+void frmBrawlpad::sscClearList_Click(Side side) {
+    const Trap trap{"frmBrawlpad::sscClearList_Click"};
+    lstArmies[Of(side)].Clear();
+    // Both sides lose their conditions; the marks of the other list stay as they are.
+    RefreshHealthArray();
+}
+
+void frmBrawlpad::sscDup_Click(Side side) {
+    const Trap trap{"frmBrawlpad::sscDup_Click"};
+    ListBox& list = lstArmies[Of(side)];
+    const Long copies = ToLong(txtDup[Of(side)].Text());
+    if (list.ListIndex() == -1)
+        return;
+    // Copied as it stands: a copy shows the mark of its line but has conditions of its own.
+    const ListEntry entry = list.Entry(list.ListIndex());
+    for (Long copy = 1; copy <= copies && list.ListCount() < maxLines; copy += 1) {
+        list.AddItem(entry);
+        AdjustDefTerrain(side, list.ListCount());
+    }
+}
+
+void frmBrawlpad::sscListArrow_Click(std::size_t index) {
+    const Trap trap{"frmBrawlpad::sscListArrow_Click"};
+    const Side side = index < 2 ? Side::Attack : Side::Defend;
+    const bool up = index % 2 == 0;
+    const ListBox& list = lstArmies[Of(side)];
+    const Long current = list.ListIndex();
+    if (current < 0 || (up && current == 0) || (!up && current == list.ListCount() - 1))
+        return;
+    MoveOnlyOne(side);
+    MoveArmyInList(side, current, up ? current - 1 : current + 1);
+}
+
+void frmBrawlpad::MoveOnlyOne(Side side) {
+    const Trap trap{"frmBrawlpad::MoveOnlyOne"};
+    ListBox& list = lstArmies[Of(side)];
+    const std::vector<Long> selected = list.SelectedLines();
+    if (selected.size() <= 1)
+        return;
+    for (const Long line : selected)
+        if (line != list.ListIndex())
+            list.SetSelected(line, false);
+}
+
+void frmBrawlpad::MoveArmyInList(Side side, Long from, Long to) {
+    const Trap trap{"frmBrawlpad::MoveArmyInList"};
+    ListBox& list = lstArmies[Of(side)];
+    const ListEntry moved = list.Entry(from);
+    list.SetEntry(from, list.Entry(to));
+    list.SetEntry(to, moved);
+    list.SetListIndex(to);
+    list.SetSelected(to, true);
+    list.SetSelected(from, false);
+    MoveArmyInHealthArray(health_[Of(side)], from + 1, to + 1);
+}
+
+void frmBrawlpad::MoveArmyInHealthArray(HealthArray& health, Long rowA, Long rowB) {
+    const Trap trap{"frmBrawlpad::MoveArmyInHealthArray"};
+    std::swap(health(rowA), health(rowB));
+}
+
+} // namespace vorhaven

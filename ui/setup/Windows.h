@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ui/controls/Form.h"
+
+namespace vorhaven {
+
+class frmHero;
+class frmMoreResults;
+class frmStats;
+
+/// What the main window asks of the toolkit beside the desktop: the other windows.
+class Windows : public Desktop {
+public:
+    /// Loads a window and shows it modally; returns when it is closed.
+    virtual void ShowModal(frmHero& window) = 0;
+    virtual void ShowModal(frmStats& window) = 0;
+    /// Loads a window, anew when it is open already, and shows it beside the others.
+    virtual void Show(frmMoreResults& window) = 0;
+};
+
+} // namespace vorhaven

@@ -1,0 +1,244 @@
+#pragma once
+
+#include "engine/BattleHost.h"
+#include "model/CAttackArmies.h"
+#include "ui/controls/Form.h"
+#include "ui/controls/ListBox.h"
+#include "ui/results/frmMoreResults.h"
+#include "ui/setup/HealthArray.h"
+#include "ui/setup/Windows.h"
+
+#include <array>
+#include <optional>
+#include <string>
+
+namespace vorhaven {
+
+/// The side that a paired control belongs to, which is its place in its control array.
+enum class Side : std::size_t { Attack = 0, Defend = 1 };
+
+/// The main window: settings, the two army lists with their conditions, and the runs. Its sources go by
+/// topic: Settings.cpp, Lists.cpp, Conditions.cpp, Assembly.cpp.
+class frmBrawlpad final : public Form, private ArmyListHost, private MBattleCalc::BattleHost {
+public:
+    /// `provider` and `windows` must outlive the window.
+    frmBrawlpad(const CatalogueProvider& provider, Windows& windows);
+
+    // Settings.cpp
+
+    void Form_Load() override;
+
+    /// Number of battles, the text of its field. Reading it raises error 13 when it is no number and error 6
+    /// when it is too large.
+    [[nodiscard]] Long NumBattles() const;
+    void SetNumBattles(const std::string& text) { numBattles_ = text; }
+    /// Faces of a combat die.
+    Long CombatDice;
+    /// The defender's terrain.
+    [[nodiscard]] const std::string& Terrain() const override { return terrain_; }
+    void SetTerrain(const std::string& terrain) { terrain_ = terrain; }
+    /// Numbers of army types and hero types; a list line whose datum is their sum stands for no army.
+    [[nodiscard]] Long NumArmies() const override { return Armies().RowCount(); }
+    [[nodiscard]] Long NumHeroes() const { return Heroes().RowCount(); }
+    /// The catalogue's tables.
+    [[nodiscard]] const Table& Armies() const override { return *armies_; }
+    [[nodiscard]] const Table& Heroes() const override { return *heroes_; }
+
+    void txtNumSimulations_LostFocus();
+
+    // Lists.cpp
+
+    /// Appends the picker's current entry to the list of a side.
+    void AddArmyToList(Side side);
+    /// Removes a line, with its conditions.
+    void DeleteArmyFromList(Side side, Long line);
+    /// Moves the rows behind a removed line's row up by `shift`.
+    static void ShuffleArray(HealthArray& health, Long line, Long shift);
+    /// Reduces the selection to the current line.
+    void MoveOnlyOne(Side side);
+    /// Exchanges two lines with their conditions; `to` becomes the current and selected one.
+    void MoveArmyInList(Side side, Long from, Long to);
+    static void MoveArmyInHealthArray(HealthArray& health, Long rowA, Long rowB);
+
+    // Conditions.cpp
+
+    /// Clears the conditions of both sides.
+    void RefreshHealthArray();
+    /// The right button on a list, or the menu key: loads the menu's items and opens it.
+    enum class MouseButton { Left = 1, Right = 2 };
+    void lstArmies_MouseUp(Side side, MouseButton button);
+    /// Enables and disables the menu's Blessed, Diseased and Poisoned for the selected lines of a side.
+    void EvaluateHealthConflicts(Side side);
+
+    [[nodiscard]] const HealthArray& Health(Side side) const { return health_[Of(side)]; }
+
+    // Assembly.cpp
+
+    /// The undead test of a catalogue row.
+    [[nodiscard]] bool CheckIfUndead(Long row) const;
+    /// A defending list of more than eight lines stands in a city and nowhere else.
+    void AdjustDefTerrain(Side side, Long lineCount);
+    /// The user closes the window: a run that is under way stops before its next battle.
+    void Close();
+    [[nodiscard]] bool IsRunning() const { return running_; }
+
+    // The controls, by group from the top of the window.
+
+    ProgressBar pbBattleProgress;
+    std::array<StatusPanel, 4> sbrBrawlpad{
+        StatusPanel{"Progress Indicator"}, StatusPanel{"Percent Completed"},
+        StatusPanel{"", StatusPanel::Style::Date}, StatusPanel{"", StatusPanel::Style::Time}};
+
+    Button sscMoreResults{"&More Results",
+                          "See a chart detailing the frequency distribution of the loss of armies"};
+    Button cmdAttack{"&Attack", "Start simulating this battle"};
+    Button sscAbort{"A&bort", "Stop simulating this battle"};
+    Button sscExit{"E&xit", "Exit the Combat Calculator"};
+
+    Frame fraSetup{"Setup Options"};
+    Label lblCombatDice{"Combat Dice:"};
+    TextBox txtCombatDice{"Select # of combat dice"};
+    /// No army is stronger than 14, so from 15 faces on every battle ends.
+    UpDown updCombatDice{txtCombatDice, 15, 100, 20, "Select # of combat dice"};
+    CheckButton sschkViewStats{"View Stack Statistics", "See detailed info on stacks"};
+    Label lblTerrain{"Defender's Terrain:"};
+    ComboBox cboTerrain{"Select defender's terrain"};
+    Label lblNumSimulations{"Number of Battles:"};
+    TextBox txtNumSimulations{"Indicate # of battles to simulate"};
+    Label lblCityLevel{"City Level:"};
+    ComboBox cboCityLevel{"Select level of city"};
+
+    Frame fraQuickResults{"Quick Results"};
+    Label lblAttWinPercentCaption{"Attacker Wins:"};
+    Label lblAttWinPercent{"", "The attacker should win approximately this percentage of battles"};
+    /// The averages of the results columns 2 to 5, indexed by column; 0 and 1 are not used.
+    static constexpr std::int32_t FirstAverage = 2;
+    static constexpr std::int32_t LastAverage = 5;
+    std::array<Label, LastAverage + 1> lblAvgCaption{Label{},
+                                                     Label{},
+                                                     Label{"Avg. Att. Units Lost:"},
+                                                     Label{"Avg. Att. Prod. Turns Lost:"},
+                                                     Label{"Avg. Def Units Lost:"},
+                                                     Label{"Avg. Def. Prod. Turns Lost:"}};
+    std::array<Label, LastAverage + 1> lblAvg{
+        Label{},
+        Label{},
+        Label{"", "The attacker should lose, on average, approximately this number of units"},
+        Label{"", "The units lost, on average, by the attacker add up to this many turns of production"},
+        Label{"", "The defender should lose, on average, approximately this number of units"},
+        Label{"", "The units lost, on average, by the defender add up to this many turns of production"}};
+
+    // Paired: 0 attack, 1 defence.
+    std::array<Frame, 2> fraArmies{Frame{"Attacking Armies"}, Frame{"Defending Armies"}};
+    std::array<Label, 2> lblArmies{Label{"Select Attacking Armies"}, Label{"Select Defending Armies"}};
+    std::array<ComboBox, 2> cboArmies{ComboBox{"Select attacking armies"},
+                                      ComboBox{"Select defending armies"}};
+    std::array<ListBox, 2> lstArmies{ListBox{"Double click armies to delete, right click for options"},
+                                     ListBox{"Double click armies to delete, right click for options"}};
+    /// Beside the attacking list, where each of its stacks of eight lines begins.
+    std::array<Label, 4> lblStack{Label{"Stack 1"}, Label{"Stack 2"}, Label{"Stack 3"}, Label{"Stack 4"}};
+    /// Beside the defending list, which is one stack.
+    Label lblDefStack{"Stack 1"};
+    std::array<Button, 2> sscClearList{Button{"Clear List", "Remove all armies from the list"},
+                                       Button{"Clear List", "Remove all armies from the list"}};
+    std::array<Button, 2> sscDup{
+        Button{"Duplicate", "Add to the list the specified number of copies of the selected army"},
+        Button{"Duplicate", "Add to the list the specified number of copies of the selected army"}};
+    std::array<Label, 2> lblDup{Label{"Number of Duplicates"}, Label{"Number of Duplicates"}};
+    std::array<TextBox, 2> txtDup{TextBox{"Select # of times to duplicate army"},
+                                  TextBox{"Select # of times to duplicate army"}};
+    std::array<UpDown, 2> updDup{UpDown{txtDup[0], 1, maxLines, 1, "Select # of times to duplicate army"},
+                                 UpDown{txtDup[1], 1, maxLines, 1, "Select # of times to duplicate army"}};
+    /// 0 attacking up, 1 attacking down, 2 defending up, 3 defending down.
+    std::array<Button, 4> sscListArrow{Button{"Army Up", "Move the selected army up in the list"},
+                                       Button{"Army Dn", "Move the selected army down in the list"},
+                                       Button{"Army Up", "Move the selected army up in the list"},
+                                       Button{"Army Dn", "Move the selected army down in the list"}};
+
+    /// The pop-up menu of the lists. Its items 1 to 7 are the columns of the conditions; 0 is not used, 4 is
+    /// the heading of the medals.
+    std::array<MenuItem, 8> mnuPopupItem{
+        MenuItem{""},      MenuItem{"Blessed"},    MenuItem{"Diseased"},      MenuItem{"Poisoned"},
+        MenuItem{"Medal"}, MenuItem{"Blacksmith"}, MenuItem{"Weaponsmaster"}, MenuItem{"Flying"}};
+    static constexpr std::size_t MedalItem = 4;
+    std::array<MenuItem, 5> mnuPopupItemMedals{MenuItem{"0 Medals"}, MenuItem{"1 Medal"},
+                                               MenuItem{"2 Medals"}, MenuItem{"3 Medals"},
+                                               MenuItem{"4 Medals"}};
+    MenuItem mnuPopupDelete{"Delete"};
+    /// Set by the view: opens the pop-up menu on a list.
+    std::function<void(Side)> PopupMenu;
+
+private:
+    [[nodiscard]] static constexpr std::size_t Of(Side side) { return static_cast<std::size_t>(side); }
+
+    // Settings.cpp
+    void LoadArmyCombos();
+    void LoadTerrainCombo();
+    void LoadCityLevelCombo();
+    void cboArmies_Click(Side side);
+    void txtCombatDice_Change();
+    [[nodiscard]] static int txtNumSimulations_KeyPress(int key);
+    void txtNumSimulations_Change();
+    void sscMoreResults_Click();
+    void sscExit_Click();
+
+    // Lists.cpp
+    void lstArmies_DblClick(Side side);
+    void sscClearList_Click(Side side);
+    void sscDup_Click(Side side);
+    void sscListArrow_Click(std::size_t index);
+
+    // Conditions.cpp
+    void mnuPopupItem_Click(std::size_t index);
+    void mnuPopupItemMedals_Click(std::size_t index);
+    void mnuPopupDelete_Click();
+    void DisableMenuItems();
+    void EnableMenuItems();
+    /// The list that the menu acts on.
+    [[nodiscard]] Side FocusedSide() const;
+    /// Puts the mark on a line's text, or takes it off, as far as the line's state calls for it.
+    void MarkLine(Side side, Long line);
+    void UnmarkLine(Side side, Long line);
+
+    // Assembly.cpp
+    void cmdAttack_Click();
+    [[nodiscard]] bool VerifyForm();
+    void FillArmyCollections();
+    void AddAttacker(Long row, Long position);
+    void AddDefender(Long row, Long position);
+    void AddEntry(Side side, Long row, Long position);
+    void cboTerrain_Click();
+    void sscAbort_Click();
+
+    // What the army lists ask for.
+    void EditHero(CArmy& hero) override;
+
+    // What the engine asks for.
+    [[nodiscard]] const CAttackArmies& AttackArmies() const override { return *gobjCAttArmies; }
+    [[nodiscard]] const CAttackArmies& DefendArmies() const override { return *gobjCDefArmies; }
+    void ShowBusy(bool busy) override { windows_->ShowBusy(busy); }
+    void ShowProgressBar() override { pbBattleProgress.Visible = true; }
+    void ShowProgress(Long percent) override { pbBattleProgress.Value = percent; }
+    void ShowProgressText(const std::string& text) override { sbrBrawlpad[1].Text = text; }
+    void ProcessEvents() override { windows_->ProcessEvents(); }
+    void ShowWinPercent(const std::string& text) override { lblAttWinPercent.Caption = text; }
+    void ShowAverage(Long column, const std::string& text) override;
+    void ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) override;
+
+    const CatalogueProvider* provider_;
+    Windows* windows_;
+    const Table* armies_ = nullptr;
+    const Table* heroes_ = nullptr;
+    std::string numBattles_;
+    std::string terrain_;
+    std::array<HealthArray, 2> health_;
+    std::optional<CAttackArmies> gobjCAttArmies;
+    std::optional<CAttackArmies> gobjCDefArmies;
+    frmMoreResults moreResults_;
+    bool running_ = false;
+    /// The line that is being put into its army list.
+    Side assembledSide_ = Side::Attack;
+    Long assembledLine_;
+};
+
+} // namespace vorhaven
