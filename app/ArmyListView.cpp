@@ -1,0 +1,103 @@
+#include "app/ArmyListView.h"
+
+#include <QContextMenuEvent>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace vorhaven {
+namespace {
+
+constexpr int linesPerStack = 8;
+
+class LineDelegate final : public QStyledItemDelegate {
+public:
+    explicit LineDelegate(ArmyListView& list) : QStyledItemDelegate(&list), list_(&list) {}
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), list_->LineHeight()};
+    }
+
+private:
+    ArmyListView* list_;
+};
+
+} // namespace
+
+ArmyListView::ArmyListView(QWidget* parent) : QListWidget(parent) {
+    setSelectionMode(ExtendedSelection);
+    setVerticalScrollMode(ScrollPerPixel);
+    setUniformItemSizes(true);
+    setItemDelegate(new LineDelegate(*this));
+}
+
+int ArmyListView::LineHeight() const {
+    return fontMetrics().height() + 3;
+}
+
+QSize ArmyListView::sizeHint() const {
+    return {fontMetrics().averageCharWidth() * 28, LineHeight() * 3 * linesPerStack + 2 * frameWidth()};
+}
+
+void ArmyListView::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (!MenuRequested)
+        return;
+    if (event->reason() == QContextMenuEvent::Keyboard && currentItem() != nullptr)
+        MenuRequested(viewport()->mapToGlobal(visualItemRect(currentItem()).bottomLeft()));
+    else
+        MenuRequested(event->globalPos());
+}
+
+void ArmyListView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier && DeletePressed)
+        DeletePressed();
+    else
+        QListWidget::keyPressEvent(event);
+}
+
+StackLabels::StackLabels(ArmyListView& list, const std::vector<QLabel*>& labels, QWidget* parent)
+    : QWidget(parent), list_(&list), labels_(labels) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+    for (QLabel* label : labels_)
+        label->setParent(this);
+    list.viewport()->installEventFilter(this);
+    connect(list.verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { Align(); });
+}
+
+QSize StackLabels::sizeHint() const {
+    int width = 0;
+    for (const QLabel* label : labels_)
+        width = std::max(width, label->sizeHint().width());
+    return {width, 0};
+}
+
+bool StackLabels::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Show ||
+        event->type() == QEvent::FontChange || event->type() == QEvent::Paint)
+        Align();
+    return QWidget::eventFilter(watched, event);
+}
+
+void StackLabels::Align() {
+    const int top = list_->viewport()->mapTo(window(), QPoint(0, 0)).y() - mapTo(window(), QPoint(0, 0)).y();
+    const int height = list_->LineHeight();
+    for (std::size_t stack = 0; stack < labels_.size(); ++stack) {
+        const int offset =
+            static_cast<int>(stack) * linesPerStack * height - list_->verticalScrollBar()->value();
+        QLabel& label = *labels_[stack];
+        const QRect place(0, top + offset, width(), height);
+        if (label.geometry() != place)
+            label.setGeometry(place);
+        const bool isBesideList = offset >= 0 && offset + height <= list_->viewport()->height();
+        if (label.isHidden() == isBesideList)
+            label.setVisible(isBesideList);
+    }
+}
+
+} // namespace vorhaven

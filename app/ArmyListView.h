@@ -1,0 +1,53 @@
+#pragma once
+
+#include "ui/controls/ListBox.h"
+
+#include <QListWidget>
+
+#include <functional>
+#include <vector>
+
+class QLabel;
+
+namespace vorhaven {
+
+/// A list box's widget, in which each line has the same height, known also while the list is empty.
+class ArmyListView final : public QListWidget {
+public:
+    explicit ArmyListView(QWidget* parent = nullptr);
+
+    /// Height of a line, in pixels.
+    [[nodiscard]] int LineHeight() const;
+
+    /// Called for a right click, or for the menu key at the current line, with the place for a menu.
+    std::function<void(const QPoint&)> MenuRequested;
+    /// Called for the Delete key.
+    std::function<void()> DeletePressed;
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+/// The labels beside a list, each beside the line where its stack of eight begins; they move with the list's
+/// lines.
+class StackLabels final : public QWidget {
+public:
+    /// The first label belongs to line 0, the second to line 8, and so on.
+    StackLabels(ArmyListView& list, const std::vector<QLabel*>& labels, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Align();
+
+    ArmyListView* list_;
+    std::vector<QLabel*> labels_;
+};
+
+} // namespace vorhaven

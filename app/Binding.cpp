@@ -1,0 +1,305 @@
+#include "app/Binding.h"
+
+#include "app/ArmyListView.h"
+#include "app/DropDown.h"
+#include "app/ErrorReport.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDateTime>
+#include <QEvent>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTimer>
+#include <QValidator>
+
+#include <chrono>
+
+namespace vorhaven {
+namespace {
+
+QString ToQt(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+int ToQt(Long value) {
+    return value.Value();
+}
+
+/// Shows the control with `update`, now and whenever it changes, for as long as the widget lives.
+template <class Widget, class ControlType, class Update>
+void ShowWith(Widget& widget, ControlType& control, Update update) {
+    control.Refreshed = [guard = QPointer<Widget>(&widget), &control, update] {
+        if (guard)
+            update(*guard, control);
+    };
+    update(widget, control);
+}
+
+void ShowCommon(QWidget& widget, const Control& control) {
+    const QString toolTip = ToQt(control.ToolTip);
+    if (widget.toolTip() != toolTip) {
+        widget.setToolTip(toolTip);
+        widget.setAccessibleDescription(toolTip);
+    }
+    widget.setEnabled(control.Enabled);
+}
+
+/// Drops every character that the control does not admit, typed or pasted.
+class KeyFilter final : public QValidator {
+public:
+    KeyFilter(QObject* parent, const TextBox& control) : QValidator(parent), control_(&control) {}
+
+    State validate(QString& input, int& position) const override {
+        for (qsizetype i = input.size() - 1; i >= 0; --i) {
+            if (control_->Admits(input[i].unicode()))
+                continue;
+            input.remove(i, 1);
+            if (i < position)
+                --position;
+        }
+        return Acceptable;
+    }
+
+private:
+    const TextBox* control_;
+};
+
+class FocusReporter final : public QObject {
+public:
+    FocusReporter(QObject* parent, Form& form, Control& control)
+        : QObject(parent), form_(&form), control_(&control) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn)
+            RunOutermost([&] { form_->MoveFocus(control_); });
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    Form* form_;
+    Control* control_;
+};
+
+void ShowEntries(QComboBox& widget, const ComboBox& control) {
+    const QSignalBlocker blocker(widget);
+    ShowCommon(widget, control);
+    const auto& items = control.Items();
+    for (int i = widget.count(); i < static_cast<int>(items.size()); ++i)
+        widget.addItem(ToQt(items[static_cast<std::size_t>(i)].Text));
+    widget.setCurrentIndex(ToQt(control.ListIndex()));
+}
+
+void ShowLines(ArmyListView& widget, const ListBox& control) {
+    const QSignalBlocker blocker(widget);
+    ShowCommon(widget, control);
+    const int count = ToQt(control.ListCount());
+    while (widget.count() > count)
+        delete widget.takeItem(widget.count() - 1);
+    for (int line = 0; line < count; ++line) {
+        if (line == widget.count())
+            widget.addItem(QString());
+        const QString text = ToQt(control.Entry(line).Text);
+        if (widget.item(line)->text() != text)
+            widget.item(line)->setText(text);
+    }
+    QItemSelectionModel& selection = *widget.selectionModel();
+    for (int line = 0; line < count; ++line) {
+        const QModelIndex index = widget.model()->index(line, 0);
+        if (selection.isSelected(index) != control.Selected(line))
+            selection.select(index, control.Selected(line) ? QItemSelectionModel::Select
+                                                           : QItemSelectionModel::Deselect);
+    }
+    if (widget.currentRow() != ToQt(control.ListIndex())) {
+        widget.setCurrentRow(ToQt(control.ListIndex()), QItemSelectionModel::NoUpdate);
+        if (widget.currentItem() != nullptr)
+            widget.scrollToItem(widget.currentItem());
+    }
+}
+
+void TakeSelection(const ArmyListView& widget, ListBox& control) {
+    ListBox::Selection selection{widget.currentRow(), {}};
+    for (const QModelIndex& index : widget.selectionModel()->selectedIndexes())
+        selection.Lines.emplace_back(index.row());
+    control.Select(selection);
+}
+
+} // namespace
+
+void BindCommon(QWidget& widget, Control& control) {
+    ShowCommon(widget, control);
+}
+
+void Bind(QLabel& widget, Label& control) {
+    widget.setTextFormat(Qt::PlainText);
+    ShowWith(widget, control, [](QLabel& label, const Label& model) {
+        ShowCommon(label, model);
+        label.setText(ToQt(model.Caption));
+    });
+}
+
+void Bind(QGroupBox& widget, Frame& control) {
+    ShowWith(widget, control, [](QGroupBox& box, const Frame& model) {
+        ShowCommon(box, model);
+        box.setTitle(ToQt(model.Caption));
+    });
+}
+
+void Bind(QPushButton& widget, Button& control) {
+    ShowWith(widget, control, [](QPushButton& button, const Button& model) {
+        // A button that is disabled while it works gets the focus back that this takes from it.
+        static constexpr const char* hadFocus = "hadFocus";
+        if (!model.Enabled && button.hasFocus())
+            button.setProperty(hadFocus, true);
+        ShowCommon(button, model);
+        button.setText(ToQt(model.Caption));
+        if (model.Enabled && button.property(hadFocus).toBool()) {
+            button.setProperty(hadFocus, false);
+            button.setFocus(Qt::OtherFocusReason);
+        }
+    });
+    QObject::connect(&widget, &QPushButton::clicked, &widget, [&widget, &control] {
+        // An access key presses the button without moving the focus, yet a field that was being edited is
+        // left.
+        widget.setFocus(Qt::ShortcutFocusReason);
+        RunOutermost([&] { control.Press(); });
+    });
+}
+
+void Bind(QCheckBox& widget, CheckButton& control) {
+    ShowWith(widget, control, [](QCheckBox& box, const CheckButton& model) {
+        const QSignalBlocker blocker(box);
+        ShowCommon(box, model);
+        box.setText(ToQt(model.Caption));
+        box.setChecked(model.Checked);
+    });
+    QObject::connect(&widget, &QCheckBox::toggled, &widget,
+                     [&control] { RunOutermost([&] { control.Toggle(); }); });
+}
+
+void Bind(QLineEdit& widget, TextBox& control) {
+    ShowWith(widget, control, [](QLineEdit& edit, const TextBox& model) {
+        ShowCommon(edit, model);
+        if (edit.text() != ToQt(model.Text()))
+            edit.setText(ToQt(model.Text()));
+    });
+    if (control.KeyPress)
+        widget.setValidator(new KeyFilter(&widget, control));
+    QObject::connect(&widget, &QLineEdit::textChanged, &widget, [&control](const QString& text) {
+        RunOutermost([&] { control.SetText(text.toStdString()); });
+    });
+}
+
+void Bind(DropDown& widget, ComboBox& control) {
+    ShowWith(widget, control, ShowEntries);
+    QObject::connect(&widget, &QComboBox::activated, &widget,
+                     [&control](int index) { RunOutermost([&] { control.Choose(index); }); });
+}
+
+void Bind(Picker& widget, ComboBox& control) {
+    ShowWith(widget, control, ShowEntries);
+    QObject::connect(&widget, &QComboBox::activated, &widget,
+                     [&control](int index) { RunOutermost([&] { control.Pick(index); }); });
+}
+
+void Bind(ArmyListView& widget, ListBox& control) {
+    ShowWith(widget, control, ShowLines);
+    const auto take = [&widget, &control] { RunOutermost([&] { TakeSelection(widget, control); }); };
+    QObject::connect(&widget, &QListWidget::currentRowChanged, &widget, take);
+    QObject::connect(&widget, &QListWidget::itemSelectionChanged, &widget, take);
+    QObject::connect(&widget, &QListWidget::itemDoubleClicked, &widget,
+                     [&control] { RunOutermost([&] { control.DoubleClick(); }); });
+}
+
+void Bind(QProgressBar& widget, ProgressBar& control) {
+    widget.setRange(0, 100);
+    ShowWith(widget, control, [](QProgressBar& bar, const ProgressBar& model) {
+        bar.setVisible(model.Visible);
+        bar.setValue(ToQt(model.Value));
+    });
+}
+
+void Bind(QLabel& widget, StatusPanel& control) {
+    widget.setTextFormat(Qt::PlainText);
+    widget.setAccessibleName(ToQt(control.ToolTip));
+    ShowWith(widget, control, [](QLabel& label, const StatusPanel& model) {
+        label.setToolTip(ToQt(model.ToolTip));
+        if (model.PanelStyle == StatusPanel::Style::Text)
+            label.setText(ToQt(model.Text));
+    });
+    if (control.PanelStyle == StatusPanel::Style::Text)
+        return;
+    const auto showClock = [&widget, style = control.PanelStyle] {
+        const QDateTime now = QDateTime::currentDateTime();
+        widget.setText(style == StatusPanel::Style::Date
+                           ? QLocale().toString(now.date(), QLocale::ShortFormat)
+                           : QLocale().toString(now.time(), QLocale::ShortFormat));
+    };
+    showClock();
+    auto* const timer = new QTimer(&widget);
+    QObject::connect(timer, &QTimer::timeout, &widget, showClock);
+    timer->start(std::chrono::seconds(1));
+}
+
+void Bind(QAction& action, MenuItem& control) {
+    ShowWith(action, control, [](QAction& item, const MenuItem& model) {
+        item.setText(ToQt(model.Caption));
+        item.setEnabled(model.Enabled);
+        if (item.isCheckable())
+            item.setChecked(model.Checked);
+    });
+    QObject::connect(&action, &QAction::triggered, &action, [&control] {
+        RunOutermost([&] { control.Choose(); });
+        // The toolkit has flipped the mark by itself; the control knows how it stands.
+        control.Refresh();
+    });
+}
+
+void Bind(QTableWidget& widget, Grid& control) {
+    const int columns = static_cast<int>(control.Columns().size());
+    widget.setColumnCount(columns);
+    widget.setRowCount(ToQt(control.RowCount()) - 1);
+    widget.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    widget.verticalHeader()->hide();
+    ShowWith(widget, control, [columns](QTableWidget& table, const Grid& model) {
+        ShowCommon(table, model);
+        const int characterWidth = table.fontMetrics().averageCharWidth();
+        for (int column = 0; column < columns; ++column) {
+            const Grid::Column& format = model.Columns()[static_cast<std::size_t>(column)];
+            auto* const header = new QTableWidgetItem(ToQt(format.Header));
+            header->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+            table.setHorizontalHeaderItem(column, header);
+            for (int row = 0; row < table.rowCount(); ++row) {
+                auto* const cell = new QTableWidgetItem(ToQt(model.Text(row + 1, column)));
+                QFont font = table.font();
+                font.setBold(model.IsEmphasised(row + 1, column));
+                cell->setFont(font);
+                table.setItem(row, column, cell);
+            }
+            table.resizeColumnToContents(column);
+            table.setColumnWidth(column,
+                                 std::max(table.columnWidth(column), ToQt(format.Width) * characterWidth));
+        }
+    });
+}
+
+void BindFocus(QWidget& widget, Form& form, Control& control) {
+    widget.installEventFilter(new FocusReporter(&widget, form, control));
+}
+
+void Name(QWidget& field, QLabel& label) {
+    label.setBuddy(&field);
+    QString name = label.text();
+    if (name.endsWith(':'))
+        name.chop(1);
+    field.setAccessibleName(name);
+}
+
+} // namespace vorhaven

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "ui/controls/Controls.h"
+#include "ui/controls/Form.h"
+#include "ui/controls/Grid.h"
+#include "ui/controls/ListBox.h"
+
+class QAbstractButton;
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QProgressBar;
+class QPushButton;
+class QTableWidget;
+class QWidget;
+
+namespace vorhaven {
+
+class ArmyListView;
+class DropDown;
+class Picker;
+
+// One function for each kind of control: it shows the control in its widget from now on, and passes what the
+// user does in the widget on to the control. The control must outlive the widget's user input; the widget may
+// go first.
+
+/// What every kind shares: enabled or not, tooltip, and the tooltip as description for screen readers.
+void BindCommon(QWidget& widget, Control& control);
+
+void Bind(QLabel& widget, Label& control);
+void Bind(QGroupBox& widget, Frame& control);
+void Bind(QPushButton& widget, Button& control);
+void Bind(QCheckBox& widget, CheckButton& control);
+void Bind(QLineEdit& widget, TextBox& control);
+void Bind(DropDown& widget, ComboBox& control);
+/// Each choice in the picker's open list counts, also of the entry that is selected already.
+void Bind(Picker& widget, ComboBox& control);
+void Bind(ArmyListView& widget, ListBox& control);
+void Bind(QProgressBar& widget, ProgressBar& control);
+void Bind(QLabel& widget, StatusPanel& control);
+void Bind(QAction& action, MenuItem& control);
+void Bind(QTableWidget& widget, Grid& control);
+
+/// Tells the window's model when the widget gets the focus.
+void BindFocus(QWidget& widget, Form& form, Control& control);
+
+/// Makes a label the name of a field: its buddy, and what screen readers call it.
+void Name(QWidget& field, QLabel& label);
+
+} // namespace vorhaven

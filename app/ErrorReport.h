@@ -1,0 +1,23 @@
+#pragma once
+
+#include "model/RunTimeError.h"
+
+#include <functional>
+#include <string>
+
+namespace vorhaven {
+
+/// Reports a run-time error that has reached the outermost handler, in a window and on standard error, and
+/// ends the program with a failure status. Nothing of the program runs on.
+[[noreturn]] void ReportAndEnd(const RunTimeError& error);
+
+/// What is done with such an error: ReportAndEnd, unless a test puts something in its place.
+extern std::function<void(const RunTimeError&)> OnFatalError;
+
+/// Runs a handler for an event of the toolkit, as its outermost handler: no error leaves it.
+void RunOutermost(const std::function<void()>& handler);
+
+/// Shows why the program cannot start, in a window and on standard error.
+void ReportStartUpFailure(const std::string& message);
+
+} // namespace vorhaven

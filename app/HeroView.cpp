@@ -1,0 +1,52 @@
+#include "app/HeroView.h"
+
+#include "app/Making.h"
+
+#include <QGroupBox>
+#include <QPushButton>
+
+#include <span>
+
+namespace vorhaven {
+namespace {
+
+QList<NumberBox*> AddFields(frmHero& hero, QFormLayout& layout, std::span<HeroField* const> fields) {
+    QList<NumberBox*> boxes;
+    for (HeroField* field : fields) {
+        boxes += MakeNumberBox(hero, field->upd);
+        AddRow(layout, field->lbl, boxes.back());
+    }
+    return boxes;
+}
+
+} // namespace
+
+HeroView::HeroView(frmHero& hero, QWidget* parent) : QDialog(parent) {
+    setWindowTitle(QString::fromStdString(hero.Caption));
+    setAccessibleDescription(QString::fromStdString(hero.Whereabouts));
+
+    auto* const unitInfo = Make<QGroupBox>(hero.fraUnitInfo);
+    auto* const unitLayout = new QFormLayout(unitInfo);
+    AddRow(*unitLayout, hero.lblNameCaption, Make<QLabel>(hero.lblName));
+    firstField_ = AddFields(hero, *unitLayout, hero.UnitFields).front();
+    auto* const stackBonus = Make<QGroupBox>(hero.fraStackBonus);
+    AddFields(hero, *new QFormLayout(stackBonus), hero.StackFields);
+
+    auto* const done = MakeFocusable<QPushButton>(hero, hero.cmdProceed);
+    done->setDefault(true);
+
+    auto* const layout = new QGridLayout(this);
+    layout->addWidget(unitInfo, 0, 0);
+    layout->addWidget(stackBonus, 0, 1);
+    layout->addWidget(done, 1, 1, Qt::AlignRight);
+    // Wide enough for the caption, with the frame's buttons beside it.
+    setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) * 5 / 4 + 100);
+}
+
+void HeroView::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    firstField_->setFocus(Qt::TabFocusReason);
+    firstField_->selectAll();
+}
+
+} // namespace vorhaven

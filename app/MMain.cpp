@@ -1,0 +1,44 @@
+#include "app/MMain.h"
+
+#include "app/ErrorReport.h"
+#include "app/QtWindows.h"
+#include "catalogue/CsvCatalogue.h"
+#include "ui/setup/frmBrawlpad.h"
+
+#include <QApplication>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace vorhaven::MMain {
+namespace {
+
+/// Where a catalogue of the player's own may be, the first place first.
+std::vector<std::filesystem::path> CatalogueFolders() {
+    const std::filesystem::path program = QCoreApplication::applicationDirPath().toStdString();
+    return {program / "catalogue", program / VORHAVEN_DATA_FROM_BIN / "catalogue"};
+}
+
+int Run(const CatalogueProvider& provider) {
+    QtWindows windows;
+    frmBrawlpad pad(provider, windows);
+    RunOutermost([&] { windows.Show(pad); });
+    return QApplication::exec();
+}
+
+} // namespace
+
+int Main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Vorhaven 3 Combat Calculator"));
+    QApplication::setApplicationVersion(QStringLiteral(VORHAVEN_VERSION));
+    try {
+        const CsvCatalogue provider = CsvCatalogue::FromFirstFolder(CatalogueFolders());
+        return Run(provider);
+    } catch (const CatalogueError& error) {
+        ReportStartUpFailure(error.what());
+        return EXIT_FAILURE;
+    }
+}
+
+} // namespace vorhaven::MMain

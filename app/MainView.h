@@ -1,0 +1,42 @@
+#pragma once
+
+#include "ui/setup/frmBrawlpad.h"
+
+#include <QMainWindow>
+
+#include <array>
+
+class QMenu;
+
+namespace vorhaven {
+
+class ArmyListView;
+
+/// The main window on the screen.
+class MainView final : public QMainWindow {
+public:
+    /// `pad` must outlive the view.
+    explicit MainView(frmBrawlpad& pad);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* MakeArmies(Side side);
+    [[nodiscard]] QWidget* MakeSettings();
+    [[nodiscard]] QWidget* MakeQuickResults();
+    [[nodiscard]] QWidget* MakeRunButtons();
+    void MakeStatusBar();
+    void MakeMenu();
+    void OrderTabs();
+
+    frmBrawlpad* pad_;
+    QMenu* menu_ = nullptr;
+    QPoint menuPlace_;
+    std::array<ArmyListView*, 2> lists_{};
+    /// The widgets that take the focus, in the order in which the eye meets them.
+    std::array<QList<QWidget*>, 2> armyTabs_;
+    QList<QWidget*> middleTabs_;
+};
+
+} // namespace vorhaven

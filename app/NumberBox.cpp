@@ -1,0 +1,49 @@
+#include "app/NumberBox.h"
+
+#include "app/Binding.h"
+#include "app/ErrorReport.h"
+
+#include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionSpinBox>
+#include <QWheelEvent>
+
+namespace vorhaven {
+
+NumberBox::NumberBox(UpDown& upDown, QWidget* parent) : QAbstractSpinBox(parent), upDown_(&upDown) {
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    Bind(*lineEdit(), upDown.Buddy());
+    BindCommon(*this, upDown.Buddy());
+}
+
+void NumberBox::stepBy(int steps) {
+    RunOutermost([&] { upDown_->Step(steps); });
+    selectAll();
+}
+
+QSize NumberBox::sizeHint() const {
+    const int width = fontMetrics().horizontalAdvance(QStringLiteral("000000"));
+    QStyleOptionSpinBox option;
+    initStyleOption(&option);
+    return style()->sizeFromContents(QStyle::CT_SpinBox, &option, {width, lineEdit()->sizeHint().height()},
+                                     this);
+}
+
+QAbstractSpinBox::StepEnabled NumberBox::stepEnabled() const {
+    StepEnabled enabled = StepNone;
+    if (upDown_->CanStep(1))
+        enabled |= StepUpEnabled;
+    if (upDown_->CanStep(-1))
+        enabled |= StepDownEnabled;
+    return enabled;
+}
+
+void NumberBox::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QAbstractSpinBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+} // namespace vorhaven

@@ -1,0 +1,88 @@
+#include "app/StatsView.h"
+
+#include "app/Making.h"
+
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableWidget>
+
+#include <span>
+
+namespace vorhaven {
+namespace {
+
+/// A grid that asks for the room of all its columns and of eight armies; the rest is scrolled to.
+class ArmyGrid final : public QTableWidget {
+public:
+    ArmyGrid() {
+        setSelectionBehavior(SelectRows);
+        setHorizontalScrollMode(ScrollPerPixel);
+        verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+        verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 3);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override { return SizeForRows(8); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {0, SizeForRows(3).height()}; }
+
+private:
+    [[nodiscard]] QSize SizeForRows(int rows) const {
+        return {horizontalHeader()->length() + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
+                horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() +
+                    2 * frameWidth()};
+    }
+};
+
+QFrame* MakeSeparator() {
+    auto* const line = new QFrame;
+    line->setFrameShape(QFrame::VLine);
+    line->setFrameShadow(QFrame::Sunken);
+    return line;
+}
+
+QFormLayout* MakeValues(std::span<StackPanel::Value> values) {
+    auto* const layout = new QFormLayout;
+    for (StackPanel::Value& value : values) {
+        auto* const figure = Make<QLabel>(value.Figure);
+        figure->setMinimumWidth(figure->fontMetrics().horizontalAdvance(QStringLiteral("-00")));
+        AddRow(*layout, value.Caption, figure);
+    }
+    return layout;
+}
+
+/// The stack's raw, adjusted and total values, a line between the groups.
+QHBoxLayout* MakePanel(StackPanel& panel) {
+    const std::span raw{panel.Raw};
+    auto* const layout = new QHBoxLayout;
+    layout->addLayout(MakeValues(raw.first(3)));
+    layout->addLayout(MakeValues(raw.last(3)));
+    layout->addWidget(MakeSeparator());
+    layout->addLayout(MakeValues(panel.Adjusted));
+    layout->addWidget(MakeSeparator());
+    layout->addLayout(MakeValues({&panel.StackBonus, 1}));
+    layout->addStretch();
+    return layout;
+}
+
+} // namespace
+
+StatsView::StatsView(frmStats& stats, QWidget* parent) : QDialog(parent) {
+    setWindowTitle(QString::fromStdString(stats.Caption));
+    auto* const layout = new QVBoxLayout(this);
+    for (std::size_t side = 0; side < stats.fraStack.size(); ++side) {
+        auto* const frame = Make<QGroupBox>(stats.fraStack[side]);
+        auto* const frameLayout = new QVBoxLayout(frame);
+        auto* const grid = Make<ArmyGrid>(stats.msfgStackStats[side]);
+        grid->setAccessibleName(frame->title());
+        frameLayout->addWidget(grid);
+        frameLayout->addLayout(MakePanel(stats.Panels[side]));
+        layout->addWidget(frame, 1);
+    }
+    auto* const done = MakeFocusable<QPushButton>(stats, stats.sscDone);
+    done->setDefault(true);
+    done->setFocus();
+    layout->addWidget(done, 0, Qt::AlignRight);
+}
+
+} // namespace vorhaven

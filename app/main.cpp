@@ -1,0 +1,5 @@
+#include "app/MMain.h"
+
+int main(int argc, char** argv) {
+    return vorhaven::MMain::Main(argc, argv);
+}
