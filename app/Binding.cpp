@@ -165,6 +165,8 @@ void Bind(QPushButton& widget, Button& control) {
             button.setFocus(Qt::OtherFocusReason);
         }
     });
+    // Enter presses the focused button, in every kind of window.
+    widget.setAutoDefault(true);
     QObject::connect(&widget, &QPushButton::clicked, &widget, [&widget, &control] {
         // An access key presses the button without moving the focus, yet a field that was being edited is
         // left.

@@ -30,7 +30,8 @@ HeroView::HeroView(frmHero& hero, QWidget* parent) : QDialog(parent) {
     AddRow(*unitLayout, hero.lblNameCaption, Make<QLabel>(hero.lblName));
     firstField_ = AddFields(hero, *unitLayout, hero.UnitFields).front();
     auto* const stackBonus = Make<QGroupBox>(hero.fraStackBonus);
-    AddFields(hero, *new QFormLayout(stackBonus), hero.StackFields);
+    auto* const stackLayout = new QFormLayout(stackBonus);
+    AddFields(hero, *stackLayout, hero.StackFields);
 
     auto* const done = MakeFocusable<QPushButton>(hero, hero.cmdProceed);
     done->setDefault(true);

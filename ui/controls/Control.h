@@ -15,7 +15,7 @@ public:
     Property(const Control& owner, Value value) : owner_(&owner), value_(std::move(value)) {}
     Property(const Property&) = delete;
 
-    Property& operator=(const Property& other) { return *this = other.value_; }
+    Property& operator=(const Property&) = delete;
     Property& operator=(Value value);
 
     // NOLINTNEXTLINE(google-explicit-constructor): a property reads as its value.
