@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -41,24 +42,36 @@ int ArmyListView::LineHeight() const {
 }
 
 QSize ArmyListView::sizeHint() const {
-    return {fontMetrics().averageCharWidth() * 28, LineHeight() * 3 * linesPerStack + 2 * frameWidth()};
+    return {fontMetrics().averageCharWidth() * 20, LineHeight() * 3 * linesPerStack + 2 * frameWidth()};
 }
 
 void ArmyListView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
-    if (!MenuRequested)
-        return;
-    if (event->reason() == QContextMenuEvent::Keyboard && currentItem() != nullptr)
-        MenuRequested(viewport()->mapToGlobal(visualItemRect(currentItem()).bottomLeft()));
-    else
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        RequestMenuAtCurrentLine();
+    else if (MenuRequested)
         MenuRequested(event->globalPos());
+}
+
+void ArmyListView::RequestMenuAtCurrentLine() {
+    if (!MenuRequested || currentItem() == nullptr)
+        return;
+    scrollToItem(currentItem());
+    MenuRequested(viewport()->mapToGlobal(visualItemRect(currentItem()).bottomLeft()));
 }
 
 void ArmyListView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier && DeletePressed)
         DeletePressed();
+    else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        RequestMenuAtCurrentLine();
     else
         QListWidget::keyPressEvent(event);
+}
+
+void ArmyListView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        QListWidget::mouseDoubleClickEvent(event);
 }
 
 StackLabels::StackLabels(ArmyListView& list, const std::vector<QLabel*>& labels, QWidget* parent)

@@ -19,7 +19,8 @@ public:
     /// Height of a line, in pixels.
     [[nodiscard]] int LineHeight() const;
 
-    /// Called for a right click, or for the menu key at the current line, with the place for a menu.
+    /// Called for a right click, or for the menu key or Shift+F10 at the current line, with the place for a
+    /// menu.
     std::function<void(const QPoint&)> MenuRequested;
     /// Called for the Delete key.
     std::function<void()> DeletePressed;
@@ -29,6 +30,10 @@ public:
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    void RequestMenuAtCurrentLine();
 };
 
 /// The labels beside a list, each beside the line where its stack of eight begins; they move with the list's

@@ -154,16 +154,12 @@ void Bind(QGroupBox& widget, Frame& control) {
 
 void Bind(QPushButton& widget, Button& control) {
     ShowWith(widget, control, [](QPushButton& button, const Button& model) {
-        // A button that is disabled while it works gets the focus back that this takes from it.
-        static constexpr const char* hadFocus = "hadFocus";
+        // The window keeps the focus of a disabled button, not the next widget: a key that is held on the button
+        // must not go on elsewhere.
         if (!model.Enabled && button.hasFocus())
-            button.setProperty(hadFocus, true);
+            button.window()->setFocus();
         ShowCommon(button, model);
         button.setText(ToQt(model.Caption));
-        if (model.Enabled && button.property(hadFocus).toBool()) {
-            button.setProperty(hadFocus, false);
-            button.setFocus(Qt::OtherFocusReason);
-        }
     });
     // Enter presses the focused button, in every kind of window.
     widget.setAutoDefault(true);
@@ -171,7 +167,11 @@ void Bind(QPushButton& widget, Button& control) {
         // An access key presses the button without moving the focus, yet a field that was being edited is
         // left.
         widget.setFocus(Qt::ShortcutFocusReason);
+        const QPointer<QPushButton> button = &widget;
         RunOutermost([&] { control.Press(); });
+        // A button that was disabled while it worked gets its focus back, unless the user has moved on.
+        if (button && button->isEnabled() && button->window()->hasFocus())
+            button->setFocus(Qt::OtherFocusReason);
     });
 }
 
@@ -182,8 +182,10 @@ void Bind(QCheckBox& widget, CheckButton& control) {
         box.setText(ToQt(model.Caption));
         box.setChecked(model.Checked);
     });
-    QObject::connect(&widget, &QCheckBox::toggled, &widget,
-                     [&control] { RunOutermost([&] { control.Toggle(); }); });
+    QObject::connect(&widget, &QCheckBox::toggled, &widget, [&control](bool checked) {
+        if (checked != control.Checked)
+            RunOutermost([&] { control.Toggle(); });
+    });
 }
 
 void Bind(QLineEdit& widget, TextBox& control) {
@@ -230,9 +232,8 @@ void Bind(QProgressBar& widget, ProgressBar& control) {
 
 void Bind(QLabel& widget, StatusPanel& control) {
     widget.setTextFormat(Qt::PlainText);
-    widget.setAccessibleName(ToQt(control.ToolTip));
     ShowWith(widget, control, [](QLabel& label, const StatusPanel& model) {
-        label.setToolTip(ToQt(model.ToolTip));
+        ShowCommon(label, model);
         if (model.PanelStyle == StatusPanel::Style::Text)
             label.setText(ToQt(model.Text));
     });
@@ -269,6 +270,8 @@ void Bind(QTableWidget& widget, Grid& control) {
     widget.setColumnCount(columns);
     widget.setRowCount(ToQt(control.RowCount()) - 1);
     widget.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    widget.setTabKeyNavigation(false);
+    widget.horizontalHeader()->setHighlightSections(false);
     widget.verticalHeader()->hide();
     ShowWith(widget, control, [columns](QTableWidget& table, const Grid& model) {
         ShowCommon(table, model);
@@ -298,6 +301,9 @@ void BindFocus(QWidget& widget, Form& form, Control& control) {
 
 void Name(QWidget& field, QLabel& label) {
     label.setBuddy(&field);
+    // To a screen reader a label's name is its text.
+    if (qobject_cast<QLabel*>(&field) != nullptr)
+        return;
     QString name = label.text();
     if (name.endsWith(':'))
         name.chop(1);

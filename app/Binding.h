@@ -48,7 +48,8 @@ void Bind(QTableWidget& widget, Grid& control);
 /// Tells the window's model when the widget gets the focus.
 void BindFocus(QWidget& widget, Form& form, Control& control);
 
-/// Makes a label the name of a field: its buddy, and what screen readers call it.
+/// Makes a label the name of a field: its buddy, and what screen readers call a field that has no text of its
+/// own.
 void Name(QWidget& field, QLabel& label);
 
 } // namespace vorhaven

@@ -6,10 +6,12 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPointer>
+#include <QTimer>
 #include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vorhaven {
 namespace {
@@ -41,10 +43,8 @@ QSharedPointer<QCPAxisTicker> WholeNumbers() {
 
 ChartView::ChartView(Chart& chart, QWidget* parent)
     : QCustomPlot(parent), chart_(&chart), title_(new QCPTextElement(this)) {
-    // Room for the label of every category.
-    setMinimumSize(static_cast<int>(chart.Rows().size() + 6) *
-                       fontMetrics().horizontalAdvance(QStringLiteral("000")),
-                   fontMetrics().height() * 14);
+    setMinimumSize(fontMetrics().averageCharWidth() * 50, fontMetrics().height() * 14);
+    setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAccessibleName(QString::fromStdString(chart.Title));
 
@@ -79,9 +79,10 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
 
     ShowColours();
     ShowData();
+    // A chart is filled value by value; it is shown once when that is done.
     chart.Refreshed = [view = QPointer<ChartView>(this)] {
-        if (view)
-            view->ShowData();
+        if (view && !std::exchange(view->isStale_, true))
+            QTimer::singleShot(0, view, [view] { view->ShowData(); });
     };
     chart.CopyPicture.Click = [view = QPointer<ChartView>(this)] {
         if (view)
@@ -93,13 +94,12 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
 }
 
 void ChartView::ShowData() {
-    const QSharedPointer<QCPAxisTickerText> labels(new QCPAxisTickerText);
+    isStale_ = false;
     std::array<QVector<double>, 2> keys;
     std::array<QVector<double>, 2> values;
     std::array<int, 2> highest{};
     double place = 0.0;
     for (const Chart::Row& row : chart_->Rows()) {
-        labels->addTick(place, QString::fromStdString(row.Label));
         for (std::size_t i = 0; i < series_.size(); ++i) {
             keys[i].append(place + (i == 0 ? -barWidth / 2 : barWidth / 2));
             values[i].append(row.Values[i].Value());
@@ -107,13 +107,24 @@ void ChartView::ShowData() {
         }
         place += 1.0;
     }
-    xAxis->setTicker(labels);
+    ShowLabels();
     for (std::size_t i = 0; i < series_.size(); ++i) {
         series_[i]->setData(keys[i], values[i], true);
         series_[i]->valueAxis()->setRange(0.0, AxisEnd(highest[i]));
     }
     setAccessibleDescription(QString::fromStdString(chart_->Description()));
     replot(rpQueuedReplot);
+}
+
+void ChartView::ShowLabels() {
+    const auto& rows = chart_->Rows();
+    const int widthOfLabels =
+        static_cast<int>(rows.size()) * fontMetrics().horizontalAdvance(QStringLiteral("000"));
+    const auto step = static_cast<std::size_t>(widthOfLabels / std::max(1, axisRect()->width()) + 1);
+    const QSharedPointer<QCPAxisTickerText> labels(new QCPAxisTickerText);
+    for (std::size_t row = 0; row < rows.size(); row += step)
+        labels->addTick(static_cast<double>(row), QString::fromStdString(rows[row].Label));
+    xAxis->setTicker(labels);
 }
 
 void ChartView::ShowColours() {
@@ -158,7 +169,7 @@ QString ChartView::DetailsAt(const QPoint& place) const {
 }
 
 QSize ChartView::sizeHint() const {
-    return {minimumWidth() * 5 / 4, minimumHeight() * 5 / 4};
+    return {minimumWidth() * 5 / 2, minimumHeight() * 5 / 4};
 }
 
 bool ChartView::event(QEvent* event) {
@@ -181,11 +192,19 @@ void ChartView::changeEvent(QEvent* event) {
     }
 }
 
+void ChartView::resizeEvent(QResizeEvent* event) {
+    QCustomPlot::resizeEvent(event);
+    ShowLabels();
+    replot(rpQueuedReplot);
+}
+
 void ChartView::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu menu;
-    Bind(*menu.addAction(QString()), chart_->CopyPicture);
-    Bind(*menu.addAction(QString()), chart_->CopyNumbers);
-    menu.exec(event->globalPos());
+    // Not executed but popped up: a run that pumps this event goes on behind the menu.
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    Bind(*menu->addAction(QString()), chart_->CopyPicture);
+    Bind(*menu->addAction(QString()), chart_->CopyNumbers);
+    menu->popup(event->globalPos());
 }
 
 } // namespace vorhaven

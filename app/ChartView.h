@@ -17,17 +17,22 @@ public:
 protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void ShowData();
+    /// Labels as many categories as there is room for.
+    void ShowLabels();
     void ShowColours();
-    /// What there is to tell about the columns at a place in the view; empty beside them.
+    /// What there is to tell about the category at a place in the view; empty outside of the chart's area.
     [[nodiscard]] QString DetailsAt(const QPoint& place) const;
 
     Chart* chart_;
     QCPTextElement* title_;
     std::array<QCPBars*, 2> series_{};
+    /// The chart has changed since its data were shown.
+    bool isStale_ = false;
 };
 
 } // namespace vorhaven

@@ -17,6 +17,11 @@ Picker::Picker(QWidget* parent) : DropDown(parent) {
 }
 
 void Picker::keyPressEvent(QKeyEvent* event) {
+    // A key held down since before the list was left, or before the focus came here, opens nothing.
+    if (event->isAutoRepeat()) {
+        event->ignore();
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:

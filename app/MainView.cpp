@@ -4,6 +4,7 @@
 #include "app/DropDown.h"
 #include "app/ErrorReport.h"
 #include "app/Making.h"
+#include "app/Scroller.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -14,27 +15,9 @@
 #include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QStatusBar>
 
 namespace vorhaven {
-
-namespace {
-
-/// Scrolls what a small screen has no room for, but asks for the room of all of it.
-class Scroller final : public QScrollArea {
-public:
-    explicit Scroller(QWidget* contents) {
-        setFrameShape(NoFrame);
-        setWidgetResizable(true);
-        setFocusPolicy(Qt::NoFocus);
-        setWidget(contents);
-    }
-
-    [[nodiscard]] QSize sizeHint() const override { return widget()->sizeHint(); }
-};
-
-} // namespace
 
 MainView::MainView(frmBrawlpad& pad) : pad_(&pad) {
     setWindowTitle(QString::fromStdString(pad.Caption));

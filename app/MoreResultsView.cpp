@@ -2,6 +2,7 @@
 
 #include "app/ChartView.h"
 #include "app/Making.h"
+#include "app/Scroller.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -11,9 +12,13 @@ namespace vorhaven {
 MoreResultsView::MoreResultsView(frmMoreResults& results, QWidget* parent) : QDialog(parent) {
     setWindowTitle(QString::fromStdString(results.Caption));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    auto* const layout = new QVBoxLayout(this);
+    auto* const charts = new QWidget;
+    auto* const chartLayout = new QVBoxLayout(charts);
+    chartLayout->setContentsMargins(0, 0, 0, 0);
     for (Chart* chart : {&results.mscAttMore, &results.mscDefMore})
-        layout->addWidget(new ChartView(*chart), 1);
+        chartLayout->addWidget(new ChartView(*chart), 1);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(new Scroller(charts), 1);
     auto* const done = MakeFocusable<QPushButton>(results, results.sscDone);
     done->setDefault(true);
     layout->addWidget(done, 0, Qt::AlignRight);

@@ -8,6 +8,8 @@
 #include <QStyleOptionSpinBox>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace vorhaven {
 
 NumberBox::NumberBox(UpDown& upDown, QWidget* parent) : QAbstractSpinBox(parent), upDown_(&upDown) {
@@ -18,7 +20,8 @@ NumberBox::NumberBox(UpDown& upDown, QWidget* parent) : QAbstractSpinBox(parent)
 }
 
 void NumberBox::stepBy(int steps) {
-    RunOutermost([&] { upDown_->Step(steps); });
+    // The page keys and the control key ask for more than one step.
+    RunOutermost([&] { upDown_->Step(std::clamp(steps, -1, 1)); });
     selectAll();
 }
 

@@ -24,7 +24,8 @@ void Load(QWidget& view, Form& window) {
     view.resize(view.sizeHint().boundedTo(QGuiApplication::primaryScreen()->availableSize() - frame));
     window.Extent = {view.width(), view.height()};
     window.Form_Load();
-    view.move(window.Left.Value(), window.Top.Value());
+    view.move(QGuiApplication::primaryScreen()->geometry().topLeft() +
+              QPoint(window.Left.Value(), window.Top.Value()));
 }
 
 /// The hourglass is lifted while a modal window waits for the user.

@@ -1,6 +1,7 @@
 #include "app/StatsView.h"
 
 #include "app/Making.h"
+#include "app/Scroller.h"
 
 #include <QGroupBox>
 #include <QHeaderView>
@@ -69,7 +70,9 @@ QHBoxLayout* MakePanel(StackPanel& panel) {
 
 StatsView::StatsView(frmStats& stats, QWidget* parent) : QDialog(parent) {
     setWindowTitle(QString::fromStdString(stats.Caption));
-    auto* const layout = new QVBoxLayout(this);
+    auto* const stacks = new QWidget;
+    auto* const stackLayout = new QVBoxLayout(stacks);
+    stackLayout->setContentsMargins(0, 0, 0, 0);
     for (std::size_t side = 0; side < stats.fraStack.size(); ++side) {
         auto* const frame = Make<QGroupBox>(stats.fraStack[side]);
         auto* const frameLayout = new QVBoxLayout(frame);
@@ -77,8 +80,10 @@ StatsView::StatsView(frmStats& stats, QWidget* parent) : QDialog(parent) {
         grid->setAccessibleName(frame->title());
         frameLayout->addWidget(grid);
         frameLayout->addLayout(MakePanel(stats.Panels[side]));
-        layout->addWidget(frame, 1);
+        stackLayout->addWidget(frame, 1);
     }
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(new Scroller(stacks), 1);
     auto* const done = MakeFocusable<QPushButton>(stats, stats.sscDone);
     done->setDefault(true);
     done->setFocus();

@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -72,8 +73,9 @@ protected:
     }
 
     static void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
-    static void ClickLine(QListWidget* list, int line, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(list->viewport(), button, {}, list->visualItemRect(list->item(line)).center());
+    static void ClickLine(QListWidget* list, int line) {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualItemRect(list->item(line)).center());
     }
     /// Picks the entry of a name as a user does: opens the list, looks it up by its letters, presses Enter.
     void Pick(int side, const char* name) {
@@ -89,6 +91,16 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(view_));
     }
     QWidget* OpenList(int side) { return Picker(side)->view(); }
+
+    /// Sends what a held Return key sends, wherever the focus is.
+    void HoldReturn() {
+        for (int repeat = 0; repeat < 3; ++repeat) {
+            QWidget* const target =
+                QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : view_;
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+            QApplication::sendEvent(target, &press);
+        }
+    }
 
     /// Does something in the next modal window, of which it says the title.
     void InNextModal(const char* title, std::function<void(QDialog&)> act) {
@@ -127,10 +139,11 @@ TEST_F(Window, AddsAnArmyOnlyWhenTheUserPicksOne) {
 TEST_F(Window, MarksDuplicatesMovesAndDeletesTheLinesOfAList) {
     Pick(1, "Gate Wardens");
     Pick(1, "Bell Choir");
-    ClickLine(List(1), 1, Qt::RightButton);
-    QContextMenuEvent request(QContextMenuEvent::Mouse, QPoint(5, 5),
-                              List(1)->viewport()->mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(List(1)->viewport(), &request);
+    ClickLine(List(1), 1);
+    QTest::mouseDClick(List(1)->viewport(), Qt::MiddleButton, {},
+                       List(1)->visualItemRect(List(1)->item(1)).center());
+    ASSERT_EQ(List(1)->count(), 2);
+    QTest::keyClick(List(1), Qt::Key_F10, Qt::ShiftModifier);
     auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->actions().front()->text(), "Blessed");
@@ -192,6 +205,26 @@ TEST_F(Window, StepsTheDiceWithinTheirLimitsAndReportsATextThatIsNoNumber) {
     ASSERT_EQ(reported_.size(), 1U);
     EXPECT_NE(reported_.front().find("frmBrawlpad::txtCombatDice_Change"), std::string::npos);
     EXPECT_EQ(pad_.CombatDice, 15);
+}
+
+TEST_F(Window, KeepsAKeyThatIsHeldOnAttackAwayFromEverythingElse) {
+    Pick(0, "Oath Guard");
+    Pick(1, "Oath Guard");
+    ButtonCalled("&Attack")->setFocus();
+    pad_.txtNumSimulations.SetText("20000");
+    QTimer::singleShot(0, view_, [this] { HoldReturn(); });
+    HoldReturn();
+    EXPECT_EQ(List(1)->count(), 1);
+    EXPECT_TRUE(ButtonCalled("&Attack")->hasFocus());
+
+    // What the user has moved to in the meantime keeps the focus.
+    pad_.txtNumSimulations.SetText("1000000");
+    QTimer::singleShot(0, view_, [this] {
+        Click(ButtonCalled("A&bort"));
+        List(1)->setFocus();
+    });
+    Click(ButtonCalled("&Attack"));
+    EXPECT_TRUE(List(1)->hasFocus());
 }
 
 TEST_F(Window, WarnsOfAnEmptyListAndStaysReady) {
@@ -269,7 +302,8 @@ TEST_F(Window, NamesEveryControlForScreenReaders) {
         const bool isPart = qobject_cast<QAbstractSpinBox*>(widget->parentWidget()) != nullptr;
         if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisibleTo(view_) || isPart)
             continue;
-        const bool hasCaption = qobject_cast<const QAbstractButton*>(widget) != nullptr;
+        const bool hasCaption = qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+                                qobject_cast<const QLabel*>(widget) != nullptr;
         EXPECT_TRUE(hasCaption || !widget->accessibleName().isEmpty()) << widget->metaObject()->className();
     }
 }
@@ -281,7 +315,7 @@ TEST_F(Window, EndsTheRunWhenItIsClosed) {
     pad_.txtNumSimulations.SetText("1000000");
     QTimer::singleShot(0, view_, [this] { view_->close(); });
     Click(ButtonCalled("&Attack"));
-    EXPECT_FALSE(pad_.IsRunning());
+    EXPECT_TRUE(pad_.cmdAttack.Enabled);
     EXPECT_FALSE(view_->isVisible());
     EXPECT_TRUE(pad_.lblAttWinPercent.Caption.Get().empty());
 }

@@ -3,6 +3,8 @@
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 build_packages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libfccp-dev)
+# A Wayland session without X needs Qt's own plug-in for it.
+[[ -z "${WAYLAND_DISPLAY:-}" || -n "${DISPLAY:-}" ]] || build_packages+=(qt6-wayland)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
 
 # Installs those of the named packages that are missing. Asks nothing of apt when none is.
@@ -34,10 +36,12 @@ require_packages() {
 build_preset() {
   local preset=$1
   shift
-  cmake --preset "$preset" "$@" >"/tmp/vorhaven-configure-$preset-$$.log" 2>&1 || {
-    cat "/tmp/vorhaven-configure-$preset-$$.log" >&2
+  local log
+  log=$(mktemp)
+  cmake --preset "$preset" "$@" >"$log" 2>&1 || {
+    cat "$log" >&2
     exit 1
   }
-  rm -f "/tmp/vorhaven-configure-$preset-$$.log"
+  rm -f "$log"
   cmake --build --preset "$preset"
 }

@@ -16,12 +16,10 @@ void frmBrawlpad::cmdAttack_Click() {
         if (gobjCDefArmies)
             gobjCDefArmies = CAttackArmies{*this};
         cmdAttack.Enabled = false;
-        running_ = true;
         FillArmyCollections();
         sscAbort.Enabled = true;
         MBattleCalc::Add(*this, NumBattles(), CombatDice, sschkViewStats.Checked,
                          cboCityLevel.ListIndex() + 1);
-        running_ = false;
         sscAbort.Enabled = false;
         cmdAttack.Enabled = true;
         sscMoreResults.Enabled = true;
@@ -155,7 +153,8 @@ void frmBrawlpad::sscAbort_Click() {
 }
 
 void frmBrawlpad::Close() {
-    if (running_)
+    // Attack is disabled exactly as long as a run takes.
+    if (!cmdAttack.Enabled)
         MBattleCalc::AbortRequested = true;
 }
 

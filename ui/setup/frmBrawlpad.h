@@ -80,7 +80,6 @@ public:
     void AdjustDefTerrain(Side side, Long lineCount);
     /// The user closes the window: a run that is under way stops before its next battle.
     void Close();
-    [[nodiscard]] bool IsRunning() const { return running_; }
 
     // The controls, by group from the top of the window.
 
@@ -235,7 +234,6 @@ private:
     std::optional<CAttackArmies> gobjCAttArmies;
     std::optional<CAttackArmies> gobjCDefArmies;
     frmMoreResults moreResults_;
-    bool running_ = false;
     /// The line that is being put into its army list.
     Side assembledSide_ = Side::Attack;
     Long assembledLine_;
