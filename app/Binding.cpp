@@ -154,8 +154,8 @@ void Bind(QGroupBox& widget, Frame& control) {
 
 void Bind(QPushButton& widget, Button& control) {
     ShowWith(widget, control, [](QPushButton& button, const Button& model) {
-        // The window keeps the focus of a disabled button, not the next widget: a key that is held on the button
-        // must not go on elsewhere.
+        // The window keeps the focus of a disabled button, not the next widget: a key that is held on the
+        // button must not go on elsewhere.
         if (!model.Enabled && button.hasFocus())
             button.window()->setFocus();
         ShowCommon(button, model);

@@ -49,7 +49,7 @@ void MainView::closeEvent(QCloseEvent* event) {
 QWidget* MainView::MakeArmies(Side side) {
     const auto i = static_cast<std::size_t>(side);
     frmBrawlpad& pad = *pad_;
-    auto* const frame = Make<QGroupBox>(pad.fraArmies[i]);
+    auto* const frame = Make<QGroupBox>(pad.FrameOf(side));
 
     auto* const pickerLabel = Make<QLabel>(pad.lblArmies[i]);
     auto* const picker = MakeFocusable<Picker>(pad, pad.cboArmies[i]);

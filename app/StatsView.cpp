@@ -73,8 +73,9 @@ StatsView::StatsView(frmStats& stats, QWidget* parent) : QDialog(parent) {
     auto* const stacks = new QWidget;
     auto* const stackLayout = new QVBoxLayout(stacks);
     stackLayout->setContentsMargins(0, 0, 0, 0);
-    for (std::size_t side = 0; side < stats.fraStack.size(); ++side) {
-        auto* const frame = Make<QGroupBox>(stats.fraStack[side]);
+    const std::array<Frame*, 2> frames{&stats.fraAttStack, &stats.fraDefStack};
+    for (std::size_t side = 0; side < frames.size(); ++side) {
+        auto* const frame = Make<QGroupBox>(*frames[side]);
         auto* const frameLayout = new QVBoxLayout(frame);
         auto* const grid = Make<ArmyGrid>(stats.msfgStackStats[side]);
         grid->setAccessibleName(frame->title());

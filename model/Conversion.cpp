@@ -82,7 +82,9 @@ std::string ToSignificantText(double value, int digits) {
     figures.erase(std::max(whole, last == std::string::npos ? 0 : last + 1));
     if (figures.size() > whole)
         figures.insert(whole, 1, '.');
-    return value < 0.0 ? "-" + figures : figures;
+    if (value < 0.0)
+        figures.insert(0, 1, '-');
+    return figures;
 }
 
 std::string ToLower(std::string_view text) {

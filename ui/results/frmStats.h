@@ -24,7 +24,9 @@ public:
     /// `stack`: "attacking" or "defending", as the tooltips say it.
     explicit StackPanel(const std::string& stack);
 
+    /// Leadership, morale, fortification, chaos, fear, siege.
     std::array<Value, 6> Raw;
+    /// Leadership, morale, fortification.
     std::array<Value, 3> Adjusted;
     Value StackBonus;
 
@@ -47,8 +49,10 @@ public:
                    const std::function<void()>& showModal);
 
     Button sscDone{"&Done"};
+    Frame fraAttStack{"Attacking Stack"};
+    Frame fraDefStack{"Defending Stack"};
+
     // Paired: 0 attack, 1 defence.
-    std::array<Frame, 2> fraStack{Frame{"Attacking Stack"}, Frame{"Defending Stack"}};
     std::array<Grid, 2> msfgStackStats{
         Grid{9,
              "<Name                         |<Init Str  |<Tot Str  |<Hits     |<CB Name |<CB Val  |<Power "

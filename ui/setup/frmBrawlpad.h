@@ -127,8 +127,11 @@ public:
         Label{"", "The defender should lose, on average, approximately this number of units"},
         Label{"", "The units lost, on average, by the defender add up to this many turns of production"}};
 
+    Frame fraAttack{"Attacking Armies"};
+    Frame fraDefend{"Defending Armies"};
+    [[nodiscard]] Frame& FrameOf(Side side) { return side == Side::Attack ? fraAttack : fraDefend; }
+
     // Paired: 0 attack, 1 defence.
-    std::array<Frame, 2> fraArmies{Frame{"Attacking Armies"}, Frame{"Defending Armies"}};
     std::array<Label, 2> lblArmies{Label{"Select Attacking Armies"}, Label{"Select Defending Armies"}};
     std::array<ComboBox, 2> cboArmies{ComboBox{"Select attacking armies"},
                                       ComboBox{"Select defending armies"}};
