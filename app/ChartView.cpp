@@ -74,6 +74,8 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
     plotLayout()->insertRow(1);
     plotLayout()->addElement(1, 0, legendRow);
     legendRow->addElement(0, 0, legend);
+    legendRow->addElement(0, 1, new QCPLayoutElement(this));
+    legendRow->setColumnStretchFactor(0, 0.001);
     legend->setFillOrder(QCPLegend::foColumnsFirst);
     plotLayout()->setRowStretchFactor(1, 0.001);
 
@@ -116,11 +118,13 @@ void ChartView::ShowData() {
     replot(rpQueuedReplot);
 }
 
+int ChartView::WidthOfLabels() const {
+    return static_cast<int>(chart_->Rows().size()) * fontMetrics().horizontalAdvance(QStringLiteral("000"));
+}
+
 void ChartView::ShowLabels() {
     const auto& rows = chart_->Rows();
-    const int widthOfLabels =
-        static_cast<int>(rows.size()) * fontMetrics().horizontalAdvance(QStringLiteral("000"));
-    const auto step = static_cast<std::size_t>(widthOfLabels / std::max(1, axisRect()->width()) + 1);
+    const auto step = static_cast<std::size_t>(WidthOfLabels() / std::max(1, axisRect()->width()) + 1);
     const QSharedPointer<QCPAxisTickerText> labels(new QCPAxisTickerText);
     for (std::size_t row = 0; row < rows.size(); row += step)
         labels->addTick(static_cast<double>(row), QString::fromStdString(rows[row].Label));
@@ -169,7 +173,8 @@ QString ChartView::DetailsAt(const QPoint& place) const {
 }
 
 QSize ChartView::sizeHint() const {
-    return {minimumWidth() * 5 / 2, minimumHeight() * 5 / 4};
+    // Room for the label of every category, and for the axes beside them.
+    return {WidthOfLabels() * 5 / 4, minimumHeight() * 5 / 4};
 }
 
 bool ChartView::event(QEvent* event) {

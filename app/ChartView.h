@@ -22,6 +22,8 @@ protected:
 
 private:
     void ShowData();
+    /// What the labels of all categories take side by side, in pixels.
+    [[nodiscard]] int WidthOfLabels() const;
     /// Labels as many categories as there is room for.
     void ShowLabels();
     void ShowColours();
