@@ -26,11 +26,13 @@ HeroView::HeroView(frmHero& hero, QWidget* parent) : QDialog(parent) {
     setAccessibleDescription(QString::fromStdString(hero.Whereabouts));
 
     auto* const unitInfo = Make<QGroupBox>(hero.fraUnitInfo);
-    auto* const unitLayout = new QFormLayout(unitInfo);
+    auto* const unitLayout = new QFormLayout;
+    unitInfo->setLayout(unitLayout);
     AddRow(*unitLayout, hero.lblNameCaption, Make<QLabel>(hero.lblName));
     firstField_ = AddFields(hero, *unitLayout, hero.UnitFields).front();
     auto* const stackBonus = Make<QGroupBox>(hero.fraStackBonus);
-    auto* const stackLayout = new QFormLayout(stackBonus);
+    auto* const stackLayout = new QFormLayout;
+    stackBonus->setLayout(stackLayout);
     AddFields(hero, *stackLayout, hero.StackFields);
 
     auto* const done = MakeFocusable<QPushButton>(hero, hero.cmdProceed);
