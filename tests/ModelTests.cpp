@@ -1,16 +1,10 @@
 #include "model/CStackAtt.h"
 #include "tests/TestHost.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <limits>
 
 namespace vorhaven::test {
 namespace {
-
-constexpr std::int32_t maxLong = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t minLong = std::numeric_limits<std::int32_t>::min();
 
 std::string Checked(const CArmy& army) {
     return Joined({army.Hits, army.StartHits, army.TotalStrength, army.StartStrength});
@@ -61,20 +55,18 @@ TEST(ArmyList, StrengthAndHitsComeFromCatalogueAndConditions) {
 }
 
 TEST(ArmyList, PowerCodeGivesItsPowerAndNoOther) {
-    std::map<Long, std::string> powers;
-    for (const auto& [code, name] : Cases(
-             "2=Chaos|3=Morale|4=Fear|5=Siege|6=Fortify|26=Poison|27=Disease|28=Assass|30=Missle|32=Trample|"
-             "33=Curse|37=Banding|38=Acid|39=Lightning|41=Warding"))
-        powers[ToLong(code)] = name;
     TestHost host;
     ArmyEntry entry = Plain(5);
     entry.PowerValue = 77;
+    std::string powers;
     for (entry.PowerType = -1; entry.PowerType <= 45; entry.PowerType += 1) {
         const CArmy& army = host.Defend(entry);
         for (const auto& [name, number] : Numbers)
-            EXPECT_EQ(army.*number == 77, name == "Size" || name == powers[entry.PowerType])
-                << ToText(entry.PowerType) << name;
+            if (army.*number == 77 && name != "Size")
+                powers += ToText(entry.PowerType) + name + ' ';
     }
+    EXPECT_EQ(powers, "2Chaos 3Morale 4Fear 5Siege 6Fortify 26Poison 27Disease 28Assass 30Missle 32Trample "
+                      "33Curse 37Banding 38Acid 39Lightning 41Warding ");
 }
 
 TEST(ArmyList, HeroIsEditedBeforeItIsStoredAndKeepsItsOwnPowers) {
@@ -106,58 +98,25 @@ TEST(ArmyList, PlacesAndKeysThatAreNotThereOrTakenAreErrors) {
         EXPECT_EQ(ErrorOf([&] { armies.Add(army, "SN5"); }), 457);
         armies.Remove(1);
         EXPECT_EQ(armies.Item(1).Name.Text() + armies.Item("SN5").Name.Text(), "bc");
-        for (const Long place : {-1, 0, 4})
-            EXPECT_EQ(ErrorOf([&] { return armies.Item(place); }) + ErrorOf([&] { armies.Remove(place); }),
-                      10);
-        for (const char* key : {"SN0", "SN", ""})
-            EXPECT_EQ(ErrorOf([&] { return armies.Item(key); }) + ErrorOf([&] { armies.Remove(key); }), 10);
+        const auto errors = [&](auto place) {
+            return ErrorOf([&] { return armies.Item(place); }) + ErrorOf([&] { armies.Remove(place); });
+        };
+        EXPECT_EQ(Joined({errors(-1), errors(0), errors(4)}), "10 10 10");
+        EXPECT_EQ(Joined({errors("SN0"), errors("SN"), errors("")}), "10 10 10");
         armies.Remove("SN5");
         armies.Add(army, "SN5");
-        EXPECT_EQ(armies.Item(2).Name.Text() + armies.Item("SN5").Name.Text() + ToText(armies.Count()),
-                  "dd3");
+        EXPECT_EQ(armies.Item(2).Name.Text() + armies.Item("SN5").Name.Text(), "dd");
     };
     TestHost host;
     check(CAttackArmies{host}, ArmyEntry{});
     check(CStackAtt{}, CArmy{});
 }
 
-TEST(ArmyList, OverflowTravelsAsTypeMismatchAndItsReportTellsTheTrail) {
-    TestHost host;
-    ArmyEntry entry = Plain(5);
-    entry.CBName = "field";
-    entry.CBValue = maxLong;
-    EXPECT_THAT([&] { host.Attack(entry); },
-                testing::Throws<RunTimeError>(testing::AllOf(
-                    testing::Property(&RunTimeError::Headline, "Run-time error '13':\nType mismatch"),
-                    testing::Property(&RunTimeError::Details,
-                                      "Original error: 6, Overflow\nRaised in: CAttackArmies::InterpretCB\n"
-                                      "Passed on by: CAttackArmies::Add"))));
+TEST(Count, ThatDoesNotFitIsAnOverflow) {
     EXPECT_EQ(RunTimeError{ErrorNumber::Overflow}.Headline(), "Run-time error '6':\nOverflow");
-    EXPECT_EQ(ErrorOf([] { return Long{maxLong} + 1; }), 6);
-    EXPECT_EQ(ErrorOf([] { return Long{minLong} - 1; }), 6);
+    EXPECT_EQ(ErrorOf([] { return Long{2147483647} + 1; }), 6);
+    EXPECT_EQ(ErrorOf([] { return Long{-2147483647} - 2; }), 6);
     EXPECT_EQ(ErrorOf([] { return Long{65536} * 32768; }), 6);
-}
-
-TEST(Stack, CopiesAnArmyButNothingOfItsEquipmentOrItsBattle) {
-    CArmy army;
-    Long value = 0;
-    for (const auto& [name, number] : Numbers)
-        army.*number = value += 1;
-    for (const auto& [name, mark] : Marks)
-        army.*mark = true;
-    army.Name = army.CBName = "Name";
-    army.Hits = army.StartHits = 3;
-    army.TotalStrength = 13;
-    army.StartStrength = 200;
-    CStackAtt stack;
-    CArmy& copy = stack.Add(army, "");
-    for (const auto& [name, number] : Numbers)
-        EXPECT_EQ(copy.*number, name == "Shots" ? Long{0} : army.*number) << name;
-    for (const auto& [name, mark] : Marks)
-        EXPECT_EQ(copy.*mark, name != "Blacksmith" && name != "Master" && name != "Used") << name;
-    EXPECT_EQ(copy.Name.Text() + copy.CBName.Text() + Checked(copy), "NameName3 0 13 200");
-    copy.Hits = 1;
-    EXPECT_EQ(army.Hits, 3);
 }
 
 TEST(Stack, TakesTheBestOfSixPowersTheSumOfThreeAndTheCityForTheDefender) {
@@ -180,17 +139,14 @@ TEST(Stack, TakesTheBestOfSixPowersTheSumOfThreeAndTheCityForTheDefender) {
     stack.Remove(2);
     stack.Remove(2);
     EXPECT_EQ(count(CStackAtt::Mode::Attack, 3), "0 0 0 0 0 0 30 35 55") << "a power below zero is none";
-    stack.StackCurse = minLong;
-    EXPECT_EQ(ErrorOf([&] { count(CStackAtt::Mode::Attack, 0); }), 6);
 }
 
 TEST(Stack, BandingArmiesOfOneNameStrengthenEachOther) {
-    // name, banding, size and strength of each army = their strengths after; the first one's size holds for a
-    // name
+    // name, banding, size and strength of each army = their strengths then; a name's first size holds for all
     for (const auto& [given, expected] : Cases(
              "a 1 1 5=6 |a 1 1 5 a 1 1 5=6 6 |a 1 1 5 a 1 1 5 a 1 1 5=7 7 7 |a 2 2 5 a 2 2 5 a 2 2 5=7 7 7 |"
              "a 1 1 5 a 3 3 5 a 3 3 5=7 7 7 |a 5 1 5 a 0 1 5 a 5 1 5=6 5 6 |a 3 3 13 a -1 3 2=14 5 |"
-             "a 1 1 5 b 3 3 5 a 1 1 5 A 1 1 5=6 8 6 6 |a -1 -1 5=5 ")) {
+             "a 1 1 5 b 3 3 5 a 1 1 5 A 1 1 5=6 8 6 6 |a -1 -1 5=5 |a 3 3 5 a 1 1 5=8 8 ")) {
         CStackAtt stack;
         std::istringstream in(given);
         for (std::string name, banding, size, strength; in >> name >> banding >> size >> strength;)

@@ -51,18 +51,17 @@ int ErrorOf(const auto& action) {
 
 /// The plain numbers and the marks of a record by name.
 inline const std::map<std::string, Long CArmy::*> Numbers{
-    {"Chaos", &CArmy::Chaos},       {"Morale", &CArmy::Morale},        {"Fear", &CArmy::Fear},
-    {"Siege", &CArmy::Siege},       {"Fortify", &CArmy::Fortify},      {"Poison", &CArmy::Poison},
-    {"Disease", &CArmy::Disease},   {"Assass", &CArmy::Assass},        {"Missle", &CArmy::Missle},
-    {"Trample", &CArmy::Trample},   {"Curse", &CArmy::Curse},          {"Banding", &CArmy::Banding},
-    {"Acid", &CArmy::Acid},         {"Lightning", &CArmy::Lightning},  {"Warding", &CArmy::Warding},
-    {"Leader", &CArmy::Leadership}, {"Medals", &CArmy::HasMedal},      {"Unit", &CArmy::UnitID},
-    {"Turns", &CArmy::Turns},       {"CBValue", &CArmy::CBValue},      {"Power", &CArmy::PowerType},
-    {"Size", &CArmy::PowerValue},   {"Shots", &CArmy::MissleShotsLeft}};
-inline const std::map<std::string, bool CArmy::*> Marks{
-    {"Blessed", &CArmy::Blessed},  {"Poisoned", &CArmy::Poisoned},     {"Diseased", &CArmy::Diseased},
-    {"IsHero", &CArmy::IsHero},    {"IsFlying", &CArmy::IsFlying},     {"IsUndead", &CArmy::IsUndead},
-    {"Used", &CArmy::UsedSpecial}, {"Blacksmith", &CArmy::Blacksmith}, {"Master", &CArmy::Weaponsmaster}};
+    {"Chaos", &CArmy::Chaos},       {"Morale", &CArmy::Morale},       {"Fear", &CArmy::Fear},
+    {"Siege", &CArmy::Siege},       {"Fortify", &CArmy::Fortify},     {"Poison", &CArmy::Poison},
+    {"Disease", &CArmy::Disease},   {"Assass", &CArmy::Assass},       {"Missle", &CArmy::Missle},
+    {"Trample", &CArmy::Trample},   {"Curse", &CArmy::Curse},         {"Banding", &CArmy::Banding},
+    {"Acid", &CArmy::Acid},         {"Lightning", &CArmy::Lightning}, {"Warding", &CArmy::Warding},
+    {"Leader", &CArmy::Leadership}, {"Medals", &CArmy::HasMedal},     {"Unit", &CArmy::UnitID},
+    {"Turns", &CArmy::Turns},       {"Size", &CArmy::PowerValue}};
+inline const std::map<std::string, bool CArmy::*> Marks{{"Blessed", &CArmy::Blessed},
+                                                        {"Poisoned", &CArmy::Poisoned},
+                                                        {"Diseased", &CArmy::Diseased},
+                                                        {"IsFlying", &CArmy::IsFlying}};
 
 /// Gives an army what a text tells: "Strength 5 Hits 2 Acid 3 Blessed".
 inline CArmy& Give(CArmy& army, const std::string& text) {
