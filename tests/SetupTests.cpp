@@ -177,11 +177,11 @@ TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {
         shown += window.Panels[1].Raw[2].Figure.Caption.Get();
     };
     EXPECT_EQ(desk.Run().substr(0, 3), "AXM");
-    EXPECT_EQ(edited, "Attacking Armies, 2     Captain0 1 1\n"
+    EXPECT_EQ(edited, "Attacking Armies, line 2     Captain0 1 1\n"
                       "None >[Captain] Midges Witch *+ Midges Midges Midges Midges *+ Ghouls \n"
-                      "Attacking Armies, 4     Witch0 1 1F\n"
+                      "Attacking Armies, line 4     Witch0 1 1F\n"
                       "None Captain Midges >[Witch *+] Midges Midges Midges Midges *+ Ghouls \n"
-                      "Defending Armies, 2     Captain0 1 1\nGhouls *+ >[Captain] \n");
+                      "Defending Armies, line 2     Captain0 1 1\nGhouls *+ >[Captain] \n");
     EXPECT_EQ(shown, "Captain,6,6,3,field,1,power 1,1,False,False,False,0\n"
                      "Witch,5,6,3,woods,2,power 1,1,True,False,False,4\n"
                      "Midges,1,1,1,,0,power 0,0,False,True,False,0\n"

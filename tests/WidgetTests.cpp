@@ -290,8 +290,8 @@ TEST_F(Window, OpensTheEditorForEachHeroAndTheStatisticsOnce) {
         editHero(first, "14");
     });
     Click(ButtonCalled("&Attack"));
-    EXPECT_EQ(opened, (std::vector<std::string>{"Attacking Armies, 1", "Attacking Armies, 2",
-                                                "Defending Armies, 1", "statistics"}));
+    EXPECT_EQ(opened, (std::vector<std::string>{"Attacking Armies, line 1", "Attacking Armies, line 2",
+                                                "Defending Armies, line 1", "statistics"}));
     EXPECT_FALSE(pad_.lblAttWinPercent.Caption.Get().empty());
     EXPECT_TRUE(pad_.lstArmies[1].SelectedLines().empty());
 }

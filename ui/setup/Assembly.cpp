@@ -109,7 +109,7 @@ void frmBrawlpad::EditHero(CArmy& hero) {
     list.Select({assembledLine_, {assembledLine_}});
     frmHero editor{*windows_};
     editor.Hero = &hero;
-    editor.Whereabouts = FrameOf(assembledSide_).Caption.Get() + ", " + ToText(assembledLine_ + 1);
+    editor.Whereabouts = FrameOf(assembledSide_).Caption.Get() + ", line " + ToText(assembledLine_ + 1);
     windows_->ShowModal(editor);
     list.Select(selection);
 }
