@@ -20,6 +20,7 @@
 #include <QTimer>
 #include <QValidator>
 
+#include <algorithm>
 #include <chrono>
 
 namespace vorhaven {

@@ -1,6 +1,7 @@
 #include "app/MMain.h"
 
 #include "app/ErrorReport.h"
+#include "app/MainView.h"
 #include "app/QtWindows.h"
 #include "catalogue/CsvCatalogue.h"
 #include "ui/setup/frmBrawlpad.h"
@@ -22,7 +23,8 @@ std::vector<std::filesystem::path> CatalogueFolders() {
 int Run(const CatalogueProvider& provider) {
     QtWindows windows;
     frmBrawlpad pad(provider, windows);
-    RunOutermost([&] { windows.Show(pad); });
+    MainView view(pad);
+    RunOutermost([&] { windows.Show(view, pad); });
     return QApplication::exec();
 }
 

@@ -57,13 +57,13 @@ QWidget* MainView::MakeArmies(Side side) {
     picker->setMinimumContentsLength(18);
     Name(*picker, *pickerLabel);
 
-    lists_[i] = MakeFocusable<ArmyListView>(pad, pad.lstArmies[i]);
-    lists_[i]->setAccessibleName(frame->title());
-    lists_[i]->MenuRequested = [this, side](const QPoint& place) {
+    auto* const lines = MakeFocusable<ArmyListView>(pad, pad.lstArmies[i]);
+    lines->setAccessibleName(frame->title());
+    lines->MenuRequested = [this, side](const QPoint& place) {
         menuPlace_ = place;
         RunOutermost([&] { pad_->lstArmies_MouseUp(side, frmBrawlpad::MouseButton::Right); });
     };
-    lists_[i]->DeletePressed = [this] { RunOutermost([&] { pad_->mnuPopupDelete.Choose(); }); };
+    lines->DeletePressed = [this] { RunOutermost([&] { pad_->mnuPopupDelete.Choose(); }); };
     std::vector<QLabel*> stackLabels;
     if (side == Side::Attack)
         for (Label& label : pad.lblStack)
@@ -80,8 +80,8 @@ QWidget* MainView::MakeArmies(Side side) {
     Name(*copies, *copiesLabel);
 
     auto* const list = new QHBoxLayout;
-    list->addWidget(new StackLabels(*lists_[i], stackLabels));
-    list->addWidget(lists_[i]);
+    list->addWidget(new StackLabels(*lines, stackLabels));
+    list->addWidget(lines);
     auto* const tools = new QGridLayout;
     tools->addWidget(up, 0, 0);
     tools->addWidget(down, 0, 1);
@@ -95,7 +95,7 @@ QWidget* MainView::MakeArmies(Side side) {
     layout->addWidget(picker);
     layout->addLayout(list, 1);
     layout->addLayout(tools);
-    armyTabs_[i] = {picker, lists_[i], up, down, copies, duplicate, clear};
+    armyTabs_[i] = {picker, lines, up, down, copies, duplicate, clear};
     return frame;
 }
 

@@ -10,8 +10,6 @@ class QMenu;
 
 namespace vorhaven {
 
-class ArmyListView;
-
 /// The main window on the screen.
 class MainView final : public QMainWindow {
 public:
@@ -33,7 +31,6 @@ private:
     frmBrawlpad* pad_;
     QMenu* menu_ = nullptr;
     QPoint menuPlace_;
-    std::array<ArmyListView*, 2> lists_{};
     /// The widgets that take the focus, in the order in which the eye meets them.
     std::array<QList<QWidget*>, 2> armyTabs_;
     QList<QWidget*> middleTabs_;

@@ -52,14 +52,10 @@ QtWindows::QtWindows() {
     sinceEvents_.start();
 }
 
-QtWindows::~QtWindows() {
-    delete mainView_;
-}
-
-void QtWindows::Show(frmBrawlpad& pad) {
-    mainView_ = new MainView(pad);
-    Load(*mainView_, pad);
-    mainView_->show();
+void QtWindows::Show(MainView& view, frmBrawlpad& pad) {
+    mainView_ = &view;
+    Load(view, pad);
+    view.show();
 }
 
 Size QtWindows::ScreenSize() const {

@@ -10,16 +10,16 @@ class QWidget;
 
 namespace vorhaven {
 
+class MainView;
 class frmBrawlpad;
 
 /// The toolkit as the main window's model sees it.
 class QtWindows final : public Windows {
 public:
     QtWindows();
-    ~QtWindows() override;
 
-    /// Puts the main window on the screen.
-    void Show(frmBrawlpad& pad);
+    /// Puts the main window on the screen. The other windows belong to it.
+    void Show(MainView& view, frmBrawlpad& pad);
 
     [[nodiscard]] Size ScreenSize() const override;
     void ShowBusy(bool busy) override;

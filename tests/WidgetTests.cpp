@@ -1,4 +1,5 @@
 #include "app/ErrorReport.h"
+#include "app/MainView.h"
 #include "app/QtWindows.h"
 #include "catalogue/CsvCatalogue.h"
 #include "engine/MBattleCalc.h"
@@ -30,11 +31,7 @@ class Window : public testing::Test {
 protected:
     Window() {
         OnFatalError = [this](const RunTimeError& error) { reported_.push_back(error.Details()); };
-        windows_.Show(pad_);
-        view_ = QApplication::topLevelWidgets().front();
-        for (QWidget* widget : QApplication::topLevelWidgets())
-            if (widget->windowTitle() == QString::fromStdString(pad_.Caption))
-                view_ = widget;
+        windows_.Show(main_, pad_);
         Activate();
         watchdog_.setSingleShot(true);
         QObject::connect(&watchdog_, &QTimer::timeout, [] {
@@ -116,7 +113,8 @@ protected:
     CsvCatalogue catalogue_ = CsvCatalogue::BuiltIn();
     QtWindows windows_;
     frmBrawlpad pad_{catalogue_, windows_};
-    QWidget* view_ = nullptr;
+    MainView main_{pad_};
+    QWidget* view_ = &main_;
     QTimer watchdog_;
     std::vector<std::string> reported_;
 };
