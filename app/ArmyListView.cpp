@@ -1,5 +1,7 @@
 #include "app/ArmyListView.h"
 
+#include "model/CAttackArmies.h"
+
 #include <QContextMenuEvent>
 #include <QEvent>
 #include <QKeyEvent>
@@ -12,8 +14,6 @@
 
 namespace vorhaven {
 namespace {
-
-constexpr int linesPerStack = 8;
 
 class LineDelegate final : public QStyledItemDelegate {
 public:

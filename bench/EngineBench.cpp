@@ -95,8 +95,8 @@ BENCHMARK_CAPTURE(BattleAgainstItsDraws, fine_clock, FineTimer)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
-/// What a long run allocates beyond a run of one battle: nothing.
-void AllocationsAfterTheFirstBattle(benchmark::State& state) {
+/// What a long run allocates beyond a run of a hundred battles: nothing.
+void AllocationsOfALongRun(benchmark::State& state) {
     test::TestHost host;
     FillTwoHitArmies(host);
     const auto allocationsOf = [&](std::int32_t battles) {
@@ -112,7 +112,7 @@ void AllocationsAfterTheFirstBattle(benchmark::State& state) {
         extra = allocationsOf(10'000) - allocationsOf(100);
     state.counters["allocations_in_9900_battles"] = extra;
 }
-BENCHMARK(AllocationsAfterTheFirstBattle)->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(AllocationsOfALongRun)->Iterations(3)->Unit(benchmark::kMillisecond);
 
 // The choice of generator and clock.
 

@@ -16,7 +16,7 @@ public:
     BattleHost(const BattleHost&) = delete;
     BattleHost& operator=(const BattleHost&) = delete;
 
-    /// The armies of both sides. Attacking records carry the key "SN" followed by their line number from 0.
+    /// The armies of both sides. Attacking records carry the LineKey of their line from 0.
     [[nodiscard]] virtual const CAttackArmies& AttackArmies() const = 0;
     [[nodiscard]] virtual const CAttackArmies& DefendArmies() const = 0;
 

@@ -1,15 +1,8 @@
 #include "engine/Procedures.h"
 #include "engine/State.h"
-#include "model/Conversion.h"
 
 namespace vorhaven::MBattleCalc {
 namespace {
-
-constexpr std::int32_t linesPerStack = 8;
-
-std::string LineKey(Long number) {
-    return "SN" + ToText(number);
-}
 
 /// Fills attacking stack `number` (from 0) with the records of its eight lines.
 void BuildAttackStack(std::int32_t number) {

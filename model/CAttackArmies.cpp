@@ -1,8 +1,13 @@
 #include "model/CAttackArmies.h"
 
 #include "model/Catalogue.h"
+#include "model/Conversion.h"
 
 namespace vorhaven {
+
+std::string LineKey(Long number) {
+    return "SN" + ToText(number);
+}
 
 CArmy* CAttackArmies::Add(const ArmyEntry& entry, std::string_view sKey) {
     const Trap trap{"CAttackArmies::Add"};

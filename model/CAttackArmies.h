@@ -3,6 +3,7 @@
 #include "model/CArmy.h"
 #include "model/KeyedCollection.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -46,6 +47,12 @@ public:
     /// Lets the user edit a hero; returns when the user has finished.
     virtual void EditHero(CArmy& hero) = 0;
 };
+
+/// An army list's lines are read as stacks of so many.
+inline constexpr std::int32_t linesPerStack = 8;
+
+/// The key of an army by a number: of an attacker in its list by its line from 0.
+[[nodiscard]] std::string LineKey(Long number);
 
 /// The name of the entry that stands for no army.
 inline constexpr const char* NoArmy = "None";

@@ -102,10 +102,8 @@ public:
 
     /// Adds an army as the window would: keyed by its line, counted from 0.
     CArmy& Attack(const ArmyEntry& entry) { return AttackOnLine(attack_.Count(), entry); }
-    CArmy& AttackOnLine(Long line, const ArmyEntry& entry) {
-        return *attack_.Add(entry, "SN" + ToText(line));
-    }
-    CArmy& Defend(const ArmyEntry& entry) { return *defend_.Add(entry, "SN" + ToText(defend_.Count())); }
+    CArmy& AttackOnLine(Long line, const ArmyEntry& entry) { return *attack_.Add(entry, LineKey(line)); }
+    CArmy& Defend(const ArmyEntry& entry) { return *defend_.Add(entry, LineKey(defend_.Count())); }
     /// Adds armies told by a text as Give reads it: armies between semicolons, of strength 10, 1 hit and 1
     /// turn where it says nothing; a slash begins the next attacking stack.
     void Bring(const std::string& attackers, const std::string& defenders) {

@@ -91,7 +91,7 @@ void frmBrawlpad::AddEntry(Side side, Long row, Long position) {
 
     assembledSide_ = side;
     assembledLine_ = position;
-    (side == Side::Attack ? gobjCAttArmies : gobjCDefArmies)->Add(entry, "SN" + ToText(position));
+    (side == Side::Attack ? gobjCAttArmies : gobjCDefArmies)->Add(entry, LineKey(position));
 }
 
 bool frmBrawlpad::CheckIfUndead(Long row) const {
@@ -139,7 +139,7 @@ void frmBrawlpad::AdjustDefTerrain(Side side, Long lineCount) {
     const Trap trap{"frmBrawlpad::AdjustDefTerrain"};
     if (side != Side::Defend)
         return;
-    if (lineCount <= 8) {
+    if (lineCount <= linesPerStack) {
         cboTerrain.Enabled = true;
         return;
     }
