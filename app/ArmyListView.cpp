@@ -42,7 +42,7 @@ int ArmyListView::LineHeight() const {
 }
 
 QSize ArmyListView::sizeHint() const {
-    return {fontMetrics().averageCharWidth() * 20, LineHeight() * 3 * linesPerStack + 2 * frameWidth()};
+    return {fontMetrics().averageCharWidth() * 20, LineHeight() * 3 * LinesPerStack + 2 * frameWidth()};
 }
 
 void ArmyListView::contextMenuEvent(QContextMenuEvent* event) {
@@ -102,7 +102,7 @@ void StackLabels::Align() {
     const int height = list_->LineHeight();
     for (std::size_t stack = 0; stack < labels_.size(); ++stack) {
         const int offset =
-            static_cast<int>(stack) * linesPerStack * height - list_->verticalScrollBar()->value();
+            static_cast<int>(stack) * LinesPerStack * height - list_->verticalScrollBar()->value();
         QLabel& label = *labels_[stack];
         const QRect place(0, top + offset, width(), height);
         if (label.geometry() != place)

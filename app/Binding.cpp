@@ -300,7 +300,7 @@ void BindFocus(QWidget& widget, Form& form, Control& control) {
     widget.installEventFilter(new FocusReporter(&widget, form, control));
 }
 
-void Name(QWidget& field, QLabel& label) {
+void LabelField(QWidget& field, QLabel& label) {
     label.setBuddy(&field);
     // To a screen reader a label's name is its text.
     if (qobject_cast<QLabel*>(&field) != nullptr)

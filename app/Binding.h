@@ -50,6 +50,6 @@ void BindFocus(QWidget& widget, Form& form, Control& control);
 
 /// Makes a label the name of a field: its buddy, and what screen readers call a field that has no text of its
 /// own.
-void Name(QWidget& field, QLabel& label);
+void LabelField(QWidget& field, QLabel& label);
 
 } // namespace vorhaven

@@ -16,15 +16,15 @@
 namespace vorhaven {
 namespace {
 
-constexpr double barWidth = 0.4;
+constexpr double BarWidth = 0.4;
 
 // Blue and orange, told apart by every kind of sight, and light against dark in grey too.
 struct SeriesColours {
     QColor First;
     QColor Second;
 };
-constexpr SeriesColours onLight{QColor(0, 90, 150), QColor(240, 170, 40)};
-constexpr SeriesColours onDark{QColor(120, 195, 240), QColor(205, 95, 10)};
+constexpr SeriesColours OnLight{QColor(0, 90, 150), QColor(240, 170, 40)};
+constexpr SeriesColours OnDark{QColor(120, 195, 240), QColor(205, 95, 10)};
 
 /// The upper end of an axis for values up to `highest`.
 double AxisEnd(int highest) {
@@ -65,7 +65,7 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
     for (std::size_t i = 0; i < series_.size(); ++i) {
         series_[i] = new QCPBars(xAxis, valueAxes[i]);
         series_[i]->setName(QString::fromStdString(chart.ValueTitles[i]));
-        series_[i]->setWidth(barWidth);
+        series_[i]->setWidth(BarWidth);
         valueAxes[i]->setTicker(WholeNumbers());
     }
     legend->setVisible(true);
@@ -103,7 +103,7 @@ void ChartView::ShowData() {
     double place = 0.0;
     for (const Chart::Row& row : chart_->Rows()) {
         for (std::size_t i = 0; i < series_.size(); ++i) {
-            keys[i].append(place + (i == 0 ? -barWidth / 2 : barWidth / 2));
+            keys[i].append(place + (i == 0 ? -BarWidth / 2 : BarWidth / 2));
             values[i].append(row.Values[i].Value());
             highest[i] = std::max(highest[i], row.Values[i].Value());
         }
@@ -134,7 +134,7 @@ void ChartView::ShowLabels() {
 void ChartView::ShowColours() {
     const QColor text = palette().color(QPalette::Text);
     const QColor base = palette().color(QPalette::Base);
-    const SeriesColours& colours = base.lightness() < 128 ? onDark : onLight;
+    const SeriesColours& colours = base.lightness() < 128 ? OnDark : OnLight;
     QColor faint = text;
     faint.setAlphaF(0.2F);
 

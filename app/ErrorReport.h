@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 #include <functional>
 #include <string>

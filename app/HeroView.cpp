@@ -1,6 +1,6 @@
 #include "app/HeroView.h"
 
-#include "app/Making.h"
+#include "app/BoundWidgets.h"
 
 #include <QGroupBox>
 #include <QPushButton>

@@ -2,7 +2,7 @@
 
 #include "app/ErrorReport.h"
 #include "app/MainView.h"
-#include "app/QtWindows.h"
+#include "app/QtToolkit.h"
 #include "catalogue/CsvCatalogue.h"
 #include "ui/setup/frmBrawlpad.h"
 
@@ -21,10 +21,10 @@ std::vector<std::filesystem::path> CatalogueFolders() {
 }
 
 int Run(const CatalogueProvider& provider) {
-    QtWindows windows;
-    frmBrawlpad pad(provider, windows);
+    QtToolkit toolkit;
+    frmBrawlpad pad(provider, toolkit);
     MainView view(pad);
-    RunOutermost([&] { windows.Show(view, pad); });
+    RunOutermost([&] { toolkit.Show(view, pad); });
     return QApplication::exec();
 }
 

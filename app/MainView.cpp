@@ -1,9 +1,9 @@
 #include "app/MainView.h"
 
 #include "app/ArmyListView.h"
+#include "app/BoundWidgets.h"
 #include "app/DropDown.h"
 #include "app/ErrorReport.h"
-#include "app/Making.h"
 #include "app/Scroller.h"
 
 #include <QApplication>
@@ -55,7 +55,7 @@ QWidget* MainView::MakeArmies(Side side) {
     auto* const picker = MakeFocusable<Picker>(pad, pad.cboArmies[i]);
     picker->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     picker->setMinimumContentsLength(18);
-    Name(*picker, *pickerLabel);
+    LabelField(*picker, *pickerLabel);
 
     auto* const lines = MakeFocusable<ArmyListView>(pad, pad.lstArmies[i]);
     lines->setAccessibleName(frame->title());
@@ -77,7 +77,7 @@ QWidget* MainView::MakeArmies(Side side) {
     auto* const copiesLabel = Make<QLabel>(pad.lblDup[i]);
     auto* const copies = MakeNumberBox(pad, pad.updDup[i]);
     auto* const duplicate = MakeFocusable<QPushButton>(pad, pad.sscDup[i]);
-    Name(*copies, *copiesLabel);
+    LabelField(*copies, *copiesLabel);
 
     auto* const list = new QHBoxLayout;
     list->addWidget(new StackLabels(*lines, stackLabels));

@@ -1,7 +1,7 @@
 #include "app/MoreResultsView.h"
 
+#include "app/BoundWidgets.h"
 #include "app/ChartView.h"
-#include "app/Making.h"
 #include "app/Scroller.h"
 
 #include <QPushButton>

@@ -1,6 +1,6 @@
 #include "app/StatsView.h"
 
-#include "app/Making.h"
+#include "app/BoundWidgets.h"
 #include "app/Scroller.h"
 
 #include <QGroupBox>

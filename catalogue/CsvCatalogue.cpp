@@ -25,7 +25,7 @@ struct Column {
 };
 
 /// The columns of a table in the table's order.
-constexpr std::array<Column, 24> armyColumns{{
+constexpr std::array<Column, 24> ArmyColumns{{
     {"id", Content::Identifier},         {"name", Content::Name},
     {"plural", Content::Text},           {"faction", Content::Text},
     {"cost", Content::OptionalNumber},   {"strength", Content::Number},
@@ -40,7 +40,7 @@ constexpr std::array<Column, 24> armyColumns{{
     {"power", Content::PowerCode},       {"powersize", Content::Number},
 }};
 
-constexpr std::array<Column, 18> heroColumns{{
+constexpr std::array<Column, 18> HeroColumns{{
     {"id", Content::Identifier},
     {"name", Content::Name},
     {"plural", Content::Text},
@@ -160,8 +160,8 @@ std::map<std::int16_t, std::string> ReadPowers(const TextFile& file) {
 
 CsvCatalogue::CsvCatalogue(const TextFile& armies, const TextFile& heroes, const TextFile& powers) {
     UnitNames names;
-    armies_ = ReadUnits(armies, armyColumns, names);
-    heroes_ = ReadUnits(heroes, heroColumns, names);
+    armies_ = ReadUnits(armies, ArmyColumns, names);
+    heroes_ = ReadUnits(heroes, HeroColumns, names);
     powers_ = ReadPowers(powers);
 }
 

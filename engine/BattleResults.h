@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Long.h"
+#include "base/Long.h"
 
 #include <cstdlib>
 #include <memory>
@@ -31,8 +31,8 @@ public:
     [[nodiscard]] Long RowCount() const { return rows_; }
 
     /// The figure of a battle; raises error 9 outside the table.
-    [[nodiscard]] Long& operator()(Long battle, Long column) { return cells_[Place(battle, column)]; }
-    [[nodiscard]] Long operator()(Long battle, Long column) const { return cells_[Place(battle, column)]; }
+    [[nodiscard]] Long& operator()(Long battle, Long column) { return cells_[IndexOf(battle, column)]; }
+    [[nodiscard]] Long operator()(Long battle, Long column) const { return cells_[IndexOf(battle, column)]; }
 
 private:
     struct Free {
@@ -40,7 +40,7 @@ private:
         void operator()(Long* cells) const { std::free(cells); }
     };
 
-    [[nodiscard]] std::size_t Place(Long battle, Long column) const {
+    [[nodiscard]] std::size_t IndexOf(Long battle, Long column) const {
         if (battle < 1 || battle > rows_ || column < 1 || column > ResultColumn::Last)
             throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
         return static_cast<std::size_t>(battle.Value() - 1) * ResultColumn::Last +

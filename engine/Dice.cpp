@@ -68,7 +68,7 @@ Long GetCombatRoll(Long medals) {
     const Long roll = CombatDiceRoll(0);
     if (medals < 1 || medals > 4)
         return roll;
-    const Long second = CombatDiceRoll(medalFaces[static_cast<std::size_t>(medals.Value())]);
+    const Long second = CombatDiceRoll(medalFaces[medals.Index()]);
     return second < roll ? second : roll;
 }
 

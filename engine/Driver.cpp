@@ -10,10 +10,10 @@ void Add(BattleHost& host, Long numBattles, Long dice, bool viewStats, Long city
     CombatDice = dice;
     BattleResults.Redimension(numBattles);
     BuildBattleStacks();
-    NoteFlyers();
+    CacheFlyers();
     NextAttackStack = 0;
     Host->ShowProgressBar();
-    for (Long battle = 1; battle <= numBattles; battle += 1) {
+    for (Long battle = 1; battle <= numBattles; ++battle) {
         if (AbortRequested) {
             AbortRequested = false;
             Host->ShowBusy(false);

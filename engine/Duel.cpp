@@ -1,6 +1,6 @@
+#include "base/Conversion.h"
 #include "engine/Procedures.h"
 #include "engine/State.h"
-#include "model/Conversion.h"
 
 #include <array>
 
@@ -8,18 +8,18 @@ namespace vorhaven::MBattleCalc {
 namespace {
 
 bool FliesByNature(Long unitID) {
-    if (unitID < 0 || static_cast<std::size_t>(unitID.Value()) >= FliesByCatalogue.size())
+    if (unitID < 0 || unitID.Index() >= FliesByCatalogue.size())
         throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
-    return FliesByCatalogue[static_cast<std::size_t>(unitID.Value())];
+    return FliesByCatalogue[unitID.Index()];
 }
 
 } // namespace
 
-void NoteFlyers() {
-    const Trap trap{"MBattleCalc::NoteFlyers"};
+void CacheFlyers() {
+    const Trap trap{"MBattleCalc::CacheFlyers"};
     FliesByCatalogue.clear();
     const auto note = [](const Table& units, Long movementColumn) {
-        for (Long row = 0; row < units.RowCount(); row += 1)
+        for (Long row = 0; row < units.RowCount(); ++row)
             FliesByCatalogue.push_back(ToLower(CellText(units(row, movementColumn))) == "fly");
     };
     note(Host->Armies(), ArmyColumn::Movement);
@@ -53,7 +53,7 @@ void UnitvsUnit(CStackAtt& attackFront, Long attackIndex, CStackAtt& defendFront
         DamagePerHit(attackIndex, defendIndex, attackFront, defendFront, Loser::Defender).Value();
     std::int32_t attackerLeft = attacker.Hits.Value();
     std::int32_t defenderLeft = defender.Hits.Value();
-    // Who loses a round is chance, which no processor can foretell: the damage is computed, not branched to.
+    // Who loses a round is unpredictable, so the damage is computed: a branch would be mispredicted.
     while (attackerLeft > 0 && defenderLeft > 0) {
         const Loser loser = WhoLosesPoint(attacker, defender);
         attackerLeft -= damageToAttacker * static_cast<std::int32_t>(loser == Loser::Attacker);

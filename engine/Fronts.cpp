@@ -7,7 +7,7 @@ namespace {
 /// Fills attacking stack `number` (from 0) with the records of its eight lines.
 void BuildAttackStack(std::int32_t number) {
     CStackAtt& stack = AttackStacks[static_cast<std::size_t>(number)];
-    for (std::int32_t line = number * linesPerStack; line < (number + 1) * linesPerStack; ++line) {
+    for (std::int32_t line = number * LinesPerStack; line < (number + 1) * LinesPerStack; ++line) {
         const std::string key = LineKey(line);
         try {
             stack.Add(Host->AttackArmies().Item(key), key);
@@ -19,10 +19,10 @@ void BuildAttackStack(std::int32_t number) {
 }
 
 void BuildDefendStack() {
-    DefendStack.Renew();
+    DefendStack.Clear();
     Long position = 0;
     for (const CArmy& army : Host->DefendArmies()) {
-        position += 1;
+        ++position;
         DefendStack.Add(army, LineKey(position));
     }
 }
@@ -30,9 +30,9 @@ void BuildDefendStack() {
 void BuildAttackStacks() {
     NumAttackStacks = 0;
     for (CStackAtt& stack : AttackStacks)
-        stack.Renew();
+        stack.Clear();
     // The stacks that take part are the leading ones that hold armies: an empty stack hides those behind it.
-    for (std::int32_t number = 0; number < static_cast<std::int32_t>(AttackStacks.size()); ++number) {
+    for (std::int32_t number = 0; number < SizeOf(AttackStacks); ++number) {
         BuildAttackStack(number);
         if (AttackStacks[static_cast<std::size_t>(number)].Count() > 0)
             NumAttackStacks = number + 1;
@@ -55,17 +55,17 @@ void BuildBattleStacks() {
 bool SendToAttackFront() {
     const Trap trap{"MBattleCalc::SendToAttackFront"};
     if (NextAttackStack >= NumAttackStacks) {
-        AttackFront.Renew();
+        AttackFront.Clear();
         return false;
     }
-    AttackFront.RenewFrom(AttackStacks[static_cast<std::size_t>(NextAttackStack.Value())]);
-    NextAttackStack += 1;
+    AttackFront.CopyFrom(AttackStacks[NextAttackStack.Index()]);
+    ++NextAttackStack;
     return true;
 }
 
 void SendToDefendFront() {
     const Trap trap{"MBattleCalc::SendToDefendFront"};
-    DefendFront.RenewFrom(DefendStack);
+    DefendFront.CopyFrom(DefendStack);
 }
 
 void CacheStartHits(CStackAtt& stack) {

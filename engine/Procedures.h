@@ -50,7 +50,7 @@ void CheckIfCursed(CStackAtt& attackFront, CStackAtt& defendFront);
 // Duel.cpp
 
 /// Reads from the catalogue which units fly, so that no text is compared inside a round.
-void NoteFlyers();
+void CacheFlyers();
 /// Fights one battle. Errors: 5 when a front is empty at the start.
 [[nodiscard]] Victor Fight(CStackAtt& attackFront, CStackAtt& defendFront, Long battle);
 /// Fights two armies until one is slain, special attacks first.

@@ -1,6 +1,6 @@
+#include "base/Conversion.h"
 #include "engine/Procedures.h"
 #include "engine/State.h"
-#include "model/Conversion.h"
 
 #include <algorithm>
 
@@ -9,7 +9,7 @@ namespace {
 
 Long SumOfColumn(Long numBattles, Long column) {
     Long sum = 0;
-    for (Long battle = 1; battle <= numBattles; battle += 1)
+    for (Long battle = 1; battle <= numBattles; ++battle)
         sum += BattleResults(battle, column);
     return sum;
 }
@@ -35,29 +35,16 @@ void ShowAverages(Long numBattles, Long column) {
 
 } // namespace
 
-void ResultsTable::Redimension(Long battles) {
-    if (battles < 0)
-        throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
-    cells_.reset();
-    rows_ = 0;
-    const std::size_t cells = static_cast<std::size_t>(battles.Value()) * ResultColumn::Last;
-    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc): see Free.
-    cells_.reset(static_cast<Long*>(std::calloc(std::max<std::size_t>(cells, 1), sizeof(Long))));
-    if (!cells_)
-        throw RunTimeError{ErrorNumber::OutOfMemory};
-    rows_ = battles;
-}
-
 void RemoveAttacker(CStackAtt& stack, Long index, Long turns, Long battle) {
     const Trap trap{"MBattleCalc::RemoveAttacker"};
-    BattleResults(battle, ResultColumn::AttackersSlain) += 1;
+    ++BattleResults(battle, ResultColumn::AttackersSlain);
     BattleResults(battle, ResultColumn::AttackTurnsLost) += turns;
     stack.Remove(index);
 }
 
 void RemoveDefender(CStackAtt& stack, Long index, Long turns, Long battle) {
     const Trap trap{"MBattleCalc::RemoveDefender"};
-    BattleResults(battle, ResultColumn::DefendersSlain) += 1;
+    ++BattleResults(battle, ResultColumn::DefendersSlain);
     BattleResults(battle, ResultColumn::DefendTurnsLost) += turns;
     stack.Remove(index);
 }

@@ -16,7 +16,7 @@ inline Long CombatDice;
 
 /// The master stacks, built once a run; no battle changes them. AttackStacks[0] is attacking stack 1.
 inline CStackAtt DefendStack;
-inline std::array<CStackAtt, 4> AttackStacks;
+inline std::array<CStackAtt, MaxStacks> AttackStacks;
 
 /// How many attacking stacks take part, and how many of them the current battle has sent to the front.
 inline Long NumAttackStacks;

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "model/Long.h"
-#include "model/SharedText.h"
+#include "base/InternedText.h"
+#include "base/Long.h"
 
 namespace vorhaven {
 
 /// One army or hero in a battle: its catalogue values, its conditions, the fighting values derived from them,
 /// and what the engine keeps about it during a battle. Abilities are sizes, 0 for none.
 struct CArmy {
-    SharedText Name;
+    InternedText Name;
     /// Row of the unit in the catalogue: an army type below the number of army types, a hero type from there
     /// on.
     Long UnitID;
@@ -17,7 +17,7 @@ struct CArmy {
     /// Production turns that the unit costs.
     Long Turns;
     /// Terrain on which the unit gets its combat bonus, and the strength that it gains there.
-    SharedText CBName;
+    InternedText CBName;
     Long CBValue;
     /// Code and size of the unit's special power as the catalogue gives them.
     Long PowerType;
@@ -70,8 +70,8 @@ struct CArmy {
     bool IsUndead = false;
     Long Warding;
 
-    void SetStartHits() { StartHits = Hits; }
-    void RestoreStartHits() { Hits = StartHits; }
+    void SetStartHits() { StartHits = Long{Hits}; }
+    void RestoreStartHits() { Hits = Long{StartHits}; }
 };
 
 } // namespace vorhaven

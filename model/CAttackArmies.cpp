@@ -1,7 +1,7 @@
 #include "model/CAttackArmies.h"
 
+#include "base/Conversion.h"
 #include "model/Catalogue.h"
-#include "model/Conversion.h"
 
 namespace vorhaven {
 

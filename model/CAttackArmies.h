@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/KeyedCollection.h"
 #include "model/CArmy.h"
-#include "model/KeyedCollection.h"
 
 #include <cstdint>
 #include <string>
@@ -48,8 +48,10 @@ public:
     virtual void EditHero(CArmy& hero) = 0;
 };
 
-/// An army list's lines are read as stacks of so many.
-inline constexpr std::int32_t linesPerStack = 8;
+/// An army list has at most MaxLines lines, which are read as at most MaxStacks stacks of LinesPerStack each.
+inline constexpr std::int32_t LinesPerStack = 8;
+inline constexpr std::int32_t MaxStacks = 4;
+inline constexpr std::int32_t MaxLines = MaxStacks * LinesPerStack;
 
 /// The key of an army by a number: of an attacker in its list by its line from 0.
 [[nodiscard]] std::string LineKey(Long number);

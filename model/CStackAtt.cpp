@@ -19,6 +19,9 @@ void RaiseTo(Long& stackValue, Long armyValue) {
 CArmy& CStackAtt::Add(const CArmy& army, std::string_view sKey) {
     const Trap trap{"CStackAtt::Add"};
     CArmy& copy = armies_.Add(army, sKey);
+    copy.Hits = Long{army.Hits};
+    copy.StartStrength = Long{army.StartStrength};
+    copy.TotalStrength = Long{army.TotalStrength};
     copy.Blacksmith = false;
     copy.Weaponsmaster = false;
     copy.UsedSpecial = false;
@@ -37,7 +40,7 @@ void CStackAtt::Remove(std::string_view key) {
     armies_.Remove(key);
 }
 
-void CStackAtt::Renew() {
+void CStackAtt::Clear() {
     armies_.Clear();
     BlankPowers();
     StackPoison = 0;
@@ -46,8 +49,8 @@ void CStackAtt::Renew() {
     TotalStackBonus = 0;
 }
 
-void CStackAtt::RenewFrom(const CStackAtt& master) {
-    Renew();
+void CStackAtt::CopyFrom(const CStackAtt& master) {
+    Clear();
     // A stack's armies are without anything that Add leaves out already.
     armies_.CopyItems(master.armies_);
 }
@@ -62,7 +65,7 @@ void CStackAtt::CountSelfPowers(Mode mode, Long fortification) {
     for (const CArmy& army : armies_) {
         AddRegularPowers(army);
         if (army.Banding != 0)
-            BandOf(army).Count += 1;
+            ++BandOf(army).Count;
     }
     for (CArmy& army : armies_) {
         if (army.Banding == 0)

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/KeyedCollection.h"
 #include "model/CArmy.h"
-#include "model/KeyedCollection.h"
 
 #include <string_view>
 #include <vector>
@@ -30,9 +30,10 @@ public:
     /// Strength that every army of the stack gains.
     Bounded<-3, 5> TotalStackBonus;
 
-    /// Stores a copy of an army, under a key unless the key is empty, and returns the copy. The copy comes
-    /// without the blacksmith's and weaponsmaster's marks (its values have them already) and without anything
-    /// that belongs to one battle. Raises error 457 when the key is taken.
+    /// Stores a copy of an army, under a key unless the key is empty, and returns the copy. Its properties
+    /// are written anew, so a blank record's hits and strengths become 1. It comes without the blacksmith's
+    /// and weaponsmaster's marks (its values have them already) and without anything that belongs to one
+    /// battle. Raises error 457 when the key is taken.
     CArmy& Add(const CArmy& army, std::string_view sKey);
 
     /// The army at a 1-based position or with a key; raises error 5 when there is none.
@@ -45,12 +46,12 @@ public:
     void Remove(Long position);
     void Remove(std::string_view key);
 
-    /// Makes this a new, empty stack.
-    void Renew();
+    /// Makes this a new, empty stack; its storage is kept.
+    void Clear();
 
     /// Makes this a new stack with copies of another's armies, in their order, as Add without keys makes
     /// them. A stack that is filled again with no more armies than before allocates nothing.
-    void RenewFrom(const CStackAtt& master);
+    void CopyFrom(const CStackAtt& master);
 
     /// Finds the stack's own highest values and sums, and gives banding armies their strength. The sums and
     /// the banding add to what is there, so it is called once for a filled stack. `fortification`: what the
@@ -70,7 +71,7 @@ public:
 
 private:
     struct Band {
-        SharedText Name;
+        InternedText Name;
         Long Value;
         Long Count;
     };

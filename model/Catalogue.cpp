@@ -1,6 +1,6 @@
 #include "model/Catalogue.h"
 
-#include "model/Conversion.h"
+#include "base/Conversion.h"
 
 namespace vorhaven {
 
@@ -23,10 +23,10 @@ std::string CellText(const Cell& cell) {
 const Cell& Table::operator()(Long row, Long column) const {
     if (row < 0 || row >= RowCount())
         throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
-    const auto& cells = rows_[static_cast<std::size_t>(row.Value())];
-    if (column < 0 || static_cast<std::size_t>(column.Value()) >= cells.size())
+    const auto& cells = rows_[row.Index()];
+    if (column < 0 || column.Index() >= cells.size())
         throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
-    return cells[static_cast<std::size_t>(column.Value())];
+    return cells[column.Index()];
 }
 
 } // namespace vorhaven

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Long.h"
+#include "base/Long.h"
 
 #include <cstdint>
 #include <string>
@@ -26,7 +26,7 @@ public:
     /// All rows must have the same number of cells.
     explicit Table(std::vector<std::vector<Cell>> rows) : rows_(std::move(rows)) {}
 
-    [[nodiscard]] Long RowCount() const { return static_cast<std::int32_t>(rows_.size()); }
+    [[nodiscard]] Long RowCount() const { return SizeOf(rows_); }
 
     /// The cell at a row and a column; raises error 9 outside the table.
     [[nodiscard]] const Cell& operator()(Long row, Long column) const;

@@ -35,7 +35,7 @@ void Fight(const std::vector<std::string>& battle, Long times) {
 /// the common ones, which are near to normal, z = 4.5 means less than 1 in 100,000.
 void ExpectOdds(const std::map<Row, double>& odds) {
     std::map<Row, double> counts;
-    for (Long battle = 1; battle <= battles; battle += 1)
+    for (Long battle = 1; battle <= battles; ++battle)
         counts[RowOf(battle)] += 1.0;
     double sum = 0.0;
     for (const auto& [row, p] : odds) {
@@ -97,7 +97,7 @@ TEST(EngineOdds, KeepTheirSignature) {
           "Warding 2 Hits 4;Assass 1 Hits 4 Unit 1;Trample 1 Lightning 5 Hits 4;"
           "Missle 3 Acid 2 Hits 3:20:3"}) {
         Fight(Split(text, ':'), 2000);
-        for (Long battle = 1; battle <= 2000; battle += 1)
+        for (Long battle = 1; battle <= 2000; ++battle)
             for (const std::int32_t cell : RowOf(battle))
                 for (unsigned shift = 0; shift < 32; shift += 8)
                     hash = (hash ^ (static_cast<std::uint32_t>(cell) >> shift & 0xFFU)) * 0x100000001B3U;

@@ -1,4 +1,4 @@
-#include "tests/FakeWindows.h"
+#include "tests/FakeToolkit.h"
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ struct Editor {
     }
 
     CArmy Army;
-    FakeWindows Toolkit;
+    FakeToolkit Toolkit;
     frmHero Window{Toolkit};
     std::string Seen;
 };
@@ -99,11 +99,11 @@ std::string Charted(const Chart& chart, const std::vector<std::size_t>& losses) 
 }
 
 TEST(MoreResults, ChartsHowOftenEachLossCameAndWhatItLastCost) {
-    FakeWindows toolkit;
+    FakeToolkit toolkit;
     Long numBattles = 1000;
     frmMoreResults window{toolkit, [&] { return numBattles; }};
     BattleResults.Redimension(1000);
-    for (Long battle = 1; battle <= 1000; battle += 1) {
+    for (Long battle = 1; battle <= 1000; ++battle) {
         BattleResults(battle, 2) = battle <= 333 ? 2 : battle <= 667 ? 3 : 4;
         BattleResults(battle, 3) = battle;
     }
@@ -139,7 +139,7 @@ TEST(MoreResults, ChartsHowOftenEachLossCameAndWhatItLastCost) {
 
 TEST(Stats, ShowTheArmiesAndTheRawAdjustedAndTotalValues) {
     const SmallCatalogue catalogue;
-    FakeWindows toolkit;
+    FakeToolkit toolkit;
     frmStats window{toolkit, catalogue};
     CStackAtt attack, defend;
     for (int count = 0; count < 35; ++count)

@@ -59,7 +59,7 @@ TEST(ArmyList, PowerCodeGivesItsPowerAndNoOther) {
     ArmyEntry entry = Plain(5);
     entry.PowerValue = 77;
     std::string powers;
-    for (entry.PowerType = -1; entry.PowerType <= 45; entry.PowerType += 1) {
+    for (entry.PowerType = -1; entry.PowerType <= 45; ++entry.PowerType) {
         const CArmy& army = host.Defend(entry);
         for (const auto& [name, number] : Numbers)
             if (army.*number == 77 && name != "Size")

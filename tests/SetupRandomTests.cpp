@@ -1,5 +1,5 @@
 #include "catalogue/CsvCatalogue.h"
-#include "tests/FakeWindows.h"
+#include "tests/FakeToolkit.h"
 
 #include <gtest/gtest.h>
 
@@ -179,7 +179,7 @@ private:
         for (std::size_t side = 0; side < 2; ++side) {
             const ListBox& list = pad_.lstArmies[side];
             seen.Lists[side].Current = list.ListIndex().Value();
-            for (Long row = 1; row <= HealthArray::RowCount; row += 1)
+            for (Long row = 1; row <= HealthArray::RowCount; ++row)
                 if (const HealthRow& health = pad_.Health(Side{side})(row); row <= list.ListCount())
                     seen.Lists[side].push_back({list.Entry(row - 1), list.Selected(row - 1), health});
                 else if (health != HealthRow{})
@@ -241,7 +241,7 @@ private:
     }
 
     CsvCatalogue catalogue_ = CsvCatalogue::BuiltIn();
-    FakeWindows toolkit_;
+    FakeToolkit toolkit_;
     frmBrawlpad pad_{catalogue_, toolkit_};
     Rules rules_;
     std::mt19937 random_{20240607};

@@ -1,4 +1,4 @@
-#include "tests/FakeWindows.h"
+#include "tests/FakeToolkit.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ struct Desk : Game {
     std::string Look(std::size_t side) {
         const ListBox& list = Pad.lstArmies[side];
         std::string look;
-        for (Long line = 0; line < list.ListCount(); line += 1)
+        for (Long line = 0; line < list.ListCount(); ++line)
             look += std::string(line == list.ListIndex(), '>') + std::string(list.Selected(line), '[') +
                     list.Entry(line).Text + (Pad.Health(Side{side})(line + 1) == HealthRow{} ? "" : "+") +
                     (list.Selected(line) ? "] " : " ");
@@ -172,7 +172,7 @@ TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {
     };
     desk.Toolkit.OnStats = [&](frmStats& window) {
         for (const auto& [grid, row] : {std::pair{0U, 1}, {0U, 3}, {0U, 7}, {0U, 8}, {1U, 1}, {1U, 2}})
-            for (Long column = 0; column < 12; column += 1)
+            for (Long column = 0; column < 12; ++column)
                 shown += window.msfgStackStats[grid].Text(row, column) + (column == 11 ? "\n" : ",");
         shown += window.Panels[1].Raw[2].Figure.Caption.Get();
     };

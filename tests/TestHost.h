@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
-#include "model/Conversion.h"
 
 #include <functional>
 #include <map>

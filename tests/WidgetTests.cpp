@@ -1,6 +1,6 @@
 #include "app/ErrorReport.h"
 #include "app/MainView.h"
-#include "app/QtWindows.h"
+#include "app/QtToolkit.h"
 #include "catalogue/CsvCatalogue.h"
 #include "engine/MBattleCalc.h"
 #include "ui/setup/frmBrawlpad.h"
@@ -31,7 +31,7 @@ class Window : public testing::Test {
 protected:
     Window() {
         OnFatalError = [this](const RunTimeError& error) { reported_.push_back(error.Details()); };
-        windows_.Show(main_, pad_);
+        toolkit_.Show(main_, pad_);
         Activate();
         watchdog_.setSingleShot(true);
         QObject::connect(&watchdog_, &QTimer::timeout, [] {
@@ -111,8 +111,8 @@ protected:
     }
 
     CsvCatalogue catalogue_ = CsvCatalogue::BuiltIn();
-    QtWindows windows_;
-    frmBrawlpad pad_{catalogue_, windows_};
+    QtToolkit toolkit_;
+    frmBrawlpad pad_{catalogue_, toolkit_};
     MainView main_{pad_};
     QWidget* view_ = &main_;
     QTimer watchdog_;

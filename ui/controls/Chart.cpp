@@ -1,13 +1,13 @@
 #include "ui/controls/Chart.h"
 
-#include "model/Conversion.h"
+#include "base/Conversion.h"
 
 namespace vorhaven {
 
 Chart::Row& Chart::At(Long row) {
-    if (row < 1 || row > static_cast<std::int32_t>(rows_.size()))
+    if (row < 1 || row > SizeOf(rows_))
         throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
-    return rows_[static_cast<std::size_t>(row.Value()) - 1];
+    return rows_[row.Index() - 1];
 }
 
 void Chart::SetRowLabel(Long row, std::string label) {
@@ -18,7 +18,7 @@ void Chart::SetRowLabel(Long row, std::string label) {
 void Chart::SetData(Long row, Long series, Long value) {
     if (series < 1 || series > 2)
         throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
-    At(row).Values[static_cast<std::size_t>(series.Value()) - 1] = value;
+    At(row).Values[series.Index() - 1] = value;
     Refresh();
 }
 

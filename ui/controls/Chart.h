@@ -22,7 +22,7 @@ public:
 
     Chart(Long rows, std::string title, std::string categoryTitle, std::array<std::string, 2> valueTitles)
         : Title(std::move(title)), CategoryTitle(std::move(categoryTitle)),
-          ValueTitles(std::move(valueTitles)), rows_(static_cast<std::size_t>(rows.Value())) {}
+          ValueTitles(std::move(valueTitles)), rows_(rows.Index()) {}
 
     const std::string Title;
     const std::string CategoryTitle;

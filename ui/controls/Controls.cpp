@@ -1,6 +1,6 @@
 #include "ui/controls/Controls.h"
 
-#include "model/Conversion.h"
+#include "base/Conversion.h"
 
 namespace vorhaven {
 
@@ -19,18 +19,18 @@ UpDown::UpDown(TextBox& buddy, Long lowest, Long highest, Long value, std::strin
 
 Long UpDown::Value() const {
     try {
-        return Held(ToLong(buddy_->Text()));
+        return Clamped(ToLong(buddy_->Text()));
     } catch (const RunTimeError&) {
         return lastValue_;
     }
 }
 
 bool UpDown::CanStep(Long steps) const {
-    return ToText(Held(Value() + steps)) != buddy_->Text();
+    return ToText(Clamped(Value() + steps)) != buddy_->Text();
 }
 
 void UpDown::Step(Long steps) {
-    lastValue_ = Held(Value() + steps);
+    lastValue_ = Clamped(Value() + steps);
     buddy_->SetText(ToText(lastValue_));
 }
 
@@ -40,7 +40,7 @@ void ComboBox::AddItem(std::string text, Long datum) {
 }
 
 void ComboBox::SetListIndex(Long index) {
-    if (index < -1 || index >= static_cast<std::int32_t>(items_.size()))
+    if (index < -1 || index >= SizeOf(items_))
         throw RunTimeError{ErrorNumber::InvalidCall};
     if (index == listIndex_)
         return;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Long.h"
+#include "base/Long.h"
 #include "ui/controls/Control.h"
 
 #include <string>
@@ -130,7 +130,7 @@ public:
     [[nodiscard]] TextBox& Buddy() const { return *buddy_; }
 
 private:
-    [[nodiscard]] Long Held(Long value) const { return value < Min ? Min : value > Max ? Max : value; }
+    [[nodiscard]] Long Clamped(Long value) const { return value < Min ? Min : value > Max ? Max : value; }
 
     TextBox* buddy_;
     Long lastValue_;

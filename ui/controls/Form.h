@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Long.h"
+#include "base/Long.h"
 #include "ui/controls/Control.h"
 
 #include <string>

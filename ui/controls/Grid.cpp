@@ -14,25 +14,25 @@ Grid::Grid(Long rows, std::string_view headerFormat, std::string toolTip) : Cont
         columns_.push_back({first == std::string_view::npos
                                 ? std::string{}
                                 : std::string(header.substr(first, last - first + 1)),
-                            static_cast<std::int32_t>(field.size())});
+                            SizeOf(field)});
         if (bar == std::string_view::npos)
             break;
         headerFormat.remove_prefix(bar + 1);
     }
-    cells_.assign(static_cast<std::size_t>(rows.Value()), std::vector<std::string>(columns_.size()));
+    cells_.assign(rows.Index(), std::vector<std::string>(columns_.size()));
     for (std::size_t column = 0; column < columns_.size(); ++column)
         cells_[0][column] = columns_[column].Header;
 }
 
 const std::string& Grid::Text(Long row, Long column) const {
-    if (row < 0 || row >= RowCount() || column < 0 || column >= static_cast<std::int32_t>(columns_.size()))
+    if (row < 0 || row >= RowCount() || column < 0 || column >= SizeOf(columns_))
         throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
-    return cells_[static_cast<std::size_t>(row.Value())][static_cast<std::size_t>(column.Value())];
+    return cells_[row.Index()][column.Index()];
 }
 
 void Grid::SetText(Long row, Long column, std::string text) {
     (void)Text(row, column);
-    cells_[static_cast<std::size_t>(row.Value())][static_cast<std::size_t>(column.Value())] = std::move(text);
+    cells_[row.Index()][column.Index()] = std::move(text);
     Refresh();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Long.h"
+#include "base/Long.h"
 #include "ui/controls/Control.h"
 
 #include <set>
@@ -26,7 +26,7 @@ public:
     /// ("<" for left, which is also what a text without a mark is) and blanks that make up its width.
     Grid(Long rows, std::string_view headerFormat, std::string toolTip = {});
 
-    [[nodiscard]] Long RowCount() const { return static_cast<std::int32_t>(cells_.size()); }
+    [[nodiscard]] Long RowCount() const { return SizeOf(cells_); }
     [[nodiscard]] const std::vector<Column>& Columns() const { return columns_; }
 
     /// The text of a cell; raises error 9 outside the grid.

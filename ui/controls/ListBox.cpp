@@ -10,13 +10,13 @@ void ListBox::AddItem(const ListEntry& entry) {
 }
 
 void ListBox::RemoveItem(Long line) {
-    const std::size_t place = Place(line);
+    const std::size_t place = IndexOf(line);
     const bool wasOnlyOne = lines_[place].selected && SelectedLines().size() == 1;
     lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(place));
     if (line == listIndex_) {
         listIndex_ = std::min(listIndex_, ListCount() - 1);
         if (wasOnlyOne && listIndex_ >= 0)
-            lines_[Place(listIndex_)].selected = true;
+            lines_[IndexOf(listIndex_)].selected = true;
     } else if (line < listIndex_) {
         listIndex_ = listIndex_ - 1;
     }
@@ -30,25 +30,25 @@ void ListBox::Clear() {
 }
 
 void ListBox::SetEntry(Long line, const ListEntry& entry) {
-    lines_[Place(line)].entry = entry;
+    lines_[IndexOf(line)].entry = entry;
     Refresh();
 }
 
 void ListBox::SetListIndex(Long line) {
     if (line != -1)
-        (void)Place(line);
+        (void)IndexOf(line);
     listIndex_ = line;
     Refresh();
 }
 
 void ListBox::SetSelected(Long line, bool selected) {
-    lines_[Place(line)].selected = selected;
+    lines_[IndexOf(line)].selected = selected;
     Refresh();
 }
 
 std::vector<Long> ListBox::SelectedLines() const {
     std::vector<Long> selected;
-    for (Long line = 0; line < ListCount(); line += 1)
+    for (Long line = 0; line < ListCount(); ++line)
         if (Selected(line))
             selected.push_back(line);
     return selected;
@@ -59,15 +59,15 @@ void ListBox::Select(const Selection& selection) {
         line.selected = false;
     for (const Long line : selection.Lines)
         if (line >= 0 && line < ListCount())
-            lines_[Place(line)].selected = true;
+            lines_[IndexOf(line)].selected = true;
     listIndex_ = selection.Current < ListCount() ? selection.Current : Long{-1};
     Refresh();
 }
 
-std::size_t ListBox::Place(Long line) const {
+std::size_t ListBox::IndexOf(Long line) const {
     if (line < 0 || line >= ListCount())
         throw RunTimeError{ErrorNumber::InvalidCall};
-    return static_cast<std::size_t>(line.Value());
+    return line.Index();
 }
 
 } // namespace vorhaven

@@ -21,8 +21,8 @@ public:
     void RemoveItem(Long line);
     void Clear();
 
-    [[nodiscard]] Long ListCount() const { return static_cast<std::int32_t>(lines_.size()); }
-    [[nodiscard]] const ListEntry& Entry(Long line) const { return lines_[Place(line)].entry; }
+    [[nodiscard]] Long ListCount() const { return SizeOf(lines_); }
+    [[nodiscard]] const ListEntry& Entry(Long line) const { return lines_[IndexOf(line)].entry; }
     void SetEntry(Long line, const ListEntry& entry);
     void SetText(Long line, const std::string& text) { SetEntry(line, {text, Entry(line).Datum}); }
 
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] Long ListIndex() const { return listIndex_; }
     void SetListIndex(Long line);
 
-    [[nodiscard]] bool Selected(Long line) const { return lines_[Place(line)].selected; }
+    [[nodiscard]] bool Selected(Long line) const { return lines_[IndexOf(line)].selected; }
     void SetSelected(Long line, bool selected);
     [[nodiscard]] std::vector<Long> SelectedLines() const;
 
@@ -54,7 +54,7 @@ private:
         bool selected = false;
     };
 
-    [[nodiscard]] std::size_t Place(Long line) const;
+    [[nodiscard]] std::size_t IndexOf(Long line) const;
 
     std::vector<Line> lines_;
     Long listIndex_ = -1;

@@ -1,7 +1,7 @@
 #include "ui/results/frmMoreResults.h"
 
+#include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
-#include "model/Conversion.h"
 
 namespace vorhaven {
 namespace {
@@ -45,12 +45,12 @@ void frmMoreResults::ConvertResults() {
     const auto count = [](LossTable& losses, Long slain, Long turns) {
         if (slain < 0 || slain >= LossCounts)
             throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
-        LossRow& row = losses[static_cast<std::size_t>(slain.Value())];
-        row.Battles += 1;
+        LossRow& row = losses[slain.Index()];
+        ++row.Battles;
         row.Turns = turns;
     };
     const Long numBattles = numBattles_();
-    for (Long battle = 1; battle <= numBattles; battle += 1) {
+    for (Long battle = 1; battle <= numBattles; ++battle) {
         count(attackLosses_, BattleResults(battle, ResultColumn::AttackersSlain),
               BattleResults(battle, ResultColumn::AttackTurnsLost));
         count(defendLosses_, BattleResults(battle, ResultColumn::DefendersSlain),
@@ -76,8 +76,8 @@ void frmMoreResults::FillChart() {
 
 void frmMoreResults::FillChart(Chart& chart, const LossTable& losses) const {
     const Long numBattles = numBattles_();
-    for (Long armies = 0; armies < LossCounts; armies += 1) {
-        const LossRow& row = losses[static_cast<std::size_t>(armies.Value())];
+    for (Long armies = 0; armies < LossCounts; ++armies) {
+        const LossRow& row = losses[armies.Index()];
         chart.SetRowLabel(armies + 1, ToText(armies));
         chart.SetData(armies + 1, 1, row.Percent);
         chart.SetData(armies + 1, 2, row.Turns);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/CAttackArmies.h"
 #include "ui/controls/Chart.h"
 #include "ui/controls/Form.h"
 
@@ -28,8 +29,8 @@ public:
                      {"% Chance", "Production Turns Lost"}};
 
 private:
-    /// 0 to 32 armies.
-    static constexpr std::int32_t LossCounts = 33;
+    /// From no army to all lines of a list.
+    static constexpr std::int32_t LossCounts = MaxLines + 1;
 
     /// What the run says about one number of losses.
     struct LossRow {

@@ -1,12 +1,12 @@
 #include "ui/results/frmStats.h"
 
+#include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
-#include "model/Conversion.h"
 
 namespace vorhaven {
 namespace {
 
-constexpr std::int32_t totalStrengthColumn = 2;
+constexpr std::int32_t TotalStrengthColumn = 2;
 
 std::string RawTip(const std::string& power, const std::string& stack) {
     return "The " + power + " value for the " + stack +
@@ -76,7 +76,7 @@ void frmStats::ShowStats(const CStackAtt& attackStack, const CStackAtt& defendSt
 void frmStats::FillGrid(Grid& grid, const CStackAtt& stack) const {
     Long row = 0;
     for (const CArmy& army : stack) {
-        row += 1;
+        ++row;
         const std::array<std::string, 12> texts{army.Name.Text(),
                                                 ToText(army.StartStrength),
                                                 ToText(army.TotalStrength),
@@ -91,7 +91,7 @@ void frmStats::FillGrid(Grid& grid, const CStackAtt& stack) const {
                                                 ToText(army.HasMedal)};
         for (std::size_t column = 0; column < texts.size(); ++column)
             grid.SetText(row, static_cast<std::int32_t>(column), texts[column]);
-        grid.Emphasise(row, totalStrengthColumn);
+        grid.Emphasise(row, TotalStrengthColumn);
     }
 }
 

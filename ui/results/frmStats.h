@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/CAttackArmies.h"
 #include "model/CStackAtt.h"
 #include "model/Catalogue.h"
 #include "ui/controls/Controls.h"
@@ -54,12 +55,12 @@ public:
 
     // Paired: 0 attack, 1 defence.
     std::array<Grid, 2> msfgStackStats{
-        Grid{9,
+        Grid{LinesPerStack + 1,
              "<Name                         |<Init Str  |<Tot Str  |<Hits     |<CB Name |<CB Val  |<Power "
              "Name |"
              "<Power Val |<Blessed |<Poisoned |<Diseased | Medals  ",
              "Dsiplays information about attacking armies"},
-        Grid{33,
+        Grid{MaxLines + 1,
              "<Name                       |<Init Str |<Tot Str |<Hits    |<CB Name |<CB Val  |<Power Name |"
              "<Power Val |<Blessed |<Poisoned |<Diseased | Medals  ",
              "Dsiplays information about defending armies"}};

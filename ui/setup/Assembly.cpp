@@ -1,5 +1,5 @@
+#include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
-#include "model/Conversion.h"
 #include "ui/hero/frmHero.h"
 #include "ui/results/frmStats.h"
 #include "ui/setup/frmBrawlpad.h"
@@ -31,15 +31,15 @@ bool frmBrawlpad::VerifyForm() {
     const Trap trap{"frmBrawlpad::VerifyForm"};
     if (lstArmies[0].ListCount() > 0 && lstArmies[1].ListCount() > 0)
         return true;
-    windows_->ShowMessage("You need to specify attacking and defending armies.");
+    toolkit_->ShowMessage("You need to specify attacking and defending armies.");
     return false;
 }
 
 void frmBrawlpad::FillArmyCollections() {
     const Trap trap{"frmBrawlpad::FillArmyCollections"};
-    for (Long line = 0; line < lstArmies[0].ListCount(); line += 1)
+    for (Long line = 0; line < lstArmies[0].ListCount(); ++line)
         AddAttacker(lstArmies[0].Entry(line).Datum, line);
-    for (Long line = 0; line < lstArmies[1].ListCount(); line += 1)
+    for (Long line = 0; line < lstArmies[1].ListCount(); ++line)
         AddDefender(lstArmies[1].Entry(line).Datum, line);
 }
 
@@ -107,55 +107,25 @@ void frmBrawlpad::EditHero(CArmy& hero) {
     ListBox& list = lstArmies[Of(assembledSide_)];
     const ListBox::Selection selection = list.CurrentSelection();
     list.Select({assembledLine_, {assembledLine_}});
-    frmHero editor{*windows_};
+    frmHero editor{*toolkit_};
     editor.Hero = &hero;
     editor.Whereabouts = FrameOf(assembledSide_).Caption.Get() + ", line " + ToText(assembledLine_ + 1);
-    windows_->ShowModal(editor);
+    toolkit_->ShowModal(editor);
     list.Select(selection);
 }
 
 void frmBrawlpad::ShowAverage(Long column, const std::string& text) {
-    lblAvg[static_cast<std::size_t>(column.Value())].Caption = text;
+    lblAvg[column.Index()].Caption = text;
 }
 
 void frmBrawlpad::ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) {
-    frmStats stats{*windows_, *provider_};
-    stats.ShowStats(attackStack, defendStack, [&] { windows_->ShowModal(stats); });
-}
-
-void frmBrawlpad::cboTerrain_Click() {
-    const Trap trap{"frmBrawlpad::cboTerrain_Click"};
-    SetTerrain(cboTerrain.Text());
-    if (Terrain() == "city") {
-        cboCityLevel.Enabled = true;
-        cboCityLevel.SetListIndex(0);
-    } else {
-        cboCityLevel.SetListIndex(-1);
-        cboCityLevel.Enabled = false;
-    }
-}
-
-void frmBrawlpad::AdjustDefTerrain(Side side, Long lineCount) {
-    const Trap trap{"frmBrawlpad::AdjustDefTerrain"};
-    if (side != Side::Defend)
-        return;
-    if (lineCount <= linesPerStack) {
-        cboTerrain.Enabled = true;
-        return;
-    }
-    cboTerrain.SetListIndex(0);
-    cboTerrain.Enabled = false;
+    frmStats stats{*toolkit_, *provider_};
+    stats.ShowStats(attackStack, defendStack, [&] { toolkit_->ShowModal(stats); });
 }
 
 void frmBrawlpad::sscAbort_Click() {
     const Trap trap{"frmBrawlpad::sscAbort_Click"};
     MBattleCalc::AbortRequested = true;
-}
-
-void frmBrawlpad::Close() {
-    // Attack is disabled exactly as long as a run takes.
-    if (!cmdAttack.Enabled)
-        MBattleCalc::AbortRequested = true;
 }
 
 } // namespace vorhaven

@@ -5,14 +5,14 @@
 namespace vorhaven {
 namespace {
 
-constexpr std::size_t blessedItem = 1;
-constexpr std::size_t diseasedItem = 2;
-constexpr std::size_t poisonedItem = 3;
+constexpr std::size_t BlessedItem = 1;
+constexpr std::size_t DiseasedItem = 2;
+constexpr std::size_t PoisonedItem = 3;
 
 constexpr std::string_view mark = " *";
 
 /// The condition that each check item of the menu stands for; the medals' heading has none.
-constexpr std::array<bool HealthRow::*, 8> conditionOfItem{
+constexpr std::array<bool HealthRow::*, 8> ConditionOfItem{
     nullptr, &HealthRow::Blessed,    &HealthRow::Diseased,      &HealthRow::Poisoned,
     nullptr, &HealthRow::Blacksmith, &HealthRow::Weaponsmaster, &HealthRow::Flying};
 
@@ -42,8 +42,8 @@ void frmBrawlpad::lstArmies_MouseUp(Side side, MouseButton button) {
         return;
     const HealthRow& row = health_[Of(side)](list.ListIndex() + 1);
     for (std::size_t item = 1; item < mnuPopupItem.size(); ++item)
-        if (conditionOfItem[item] != nullptr)
-            mnuPopupItem[item].Checked = row.*conditionOfItem[item];
+        if (ConditionOfItem[item] != nullptr)
+            mnuPopupItem[item].Checked = row.*ConditionOfItem[item];
     for (std::size_t medals = 0; medals < mnuPopupItemMedals.size(); ++medals)
         mnuPopupItemMedals[medals].Checked = row.Medals == static_cast<int>(medals);
     EvaluateHealthConflicts(side);
@@ -59,7 +59,7 @@ void frmBrawlpad::mnuPopupItem_Click(std::size_t index) {
     item.Checked = !item.Checked;
     const Side side = FocusedSide();
     for (const Long line : lstArmies[Of(side)].SelectedLines()) {
-        health_[Of(side)](line + 1).*conditionOfItem[index] = item.Checked;
+        health_[Of(side)](line + 1).*ConditionOfItem[index] = item.Checked;
         if (item.Checked)
             MarkLine(side, line);
         else
@@ -116,29 +116,29 @@ void frmBrawlpad::EvaluateHealthConflicts(Side side) {
     const bool blessed = std::ranges::any_of(selected, [&](Long line) { return health(line + 1).Blessed; });
     const bool ailing = std::ranges::any_of(
         selected, [&](Long line) { return health(line + 1).Diseased || health(line + 1).Poisoned; });
-    mnuPopupItem[blessedItem].Enabled = !ailing;
-    mnuPopupItem[diseasedItem].Enabled = !blessed;
-    mnuPopupItem[poisonedItem].Enabled = !blessed;
+    mnuPopupItem[BlessedItem].Enabled = !ailing;
+    mnuPopupItem[DiseasedItem].Enabled = !blessed;
+    mnuPopupItem[PoisonedItem].Enabled = !blessed;
 }
 
 void frmBrawlpad::DisableMenuItems() {
     const Trap trap{"frmBrawlpad::DisableMenuItems"};
-    if (mnuPopupItem[blessedItem].Checked) {
-        mnuPopupItem[diseasedItem].Enabled = false;
-        mnuPopupItem[poisonedItem].Enabled = false;
+    if (mnuPopupItem[BlessedItem].Checked) {
+        mnuPopupItem[DiseasedItem].Enabled = false;
+        mnuPopupItem[PoisonedItem].Enabled = false;
     }
-    if (mnuPopupItem[diseasedItem].Checked || mnuPopupItem[poisonedItem].Checked)
-        mnuPopupItem[blessedItem].Enabled = false;
+    if (mnuPopupItem[DiseasedItem].Checked || mnuPopupItem[PoisonedItem].Checked)
+        mnuPopupItem[BlessedItem].Enabled = false;
 }
 
 void frmBrawlpad::EnableMenuItems() {
     const Trap trap{"frmBrawlpad::EnableMenuItems"};
-    if (!mnuPopupItem[blessedItem].Checked) {
-        mnuPopupItem[diseasedItem].Enabled = true;
-        mnuPopupItem[poisonedItem].Enabled = true;
+    if (!mnuPopupItem[BlessedItem].Checked) {
+        mnuPopupItem[DiseasedItem].Enabled = true;
+        mnuPopupItem[PoisonedItem].Enabled = true;
     }
-    if (!mnuPopupItem[diseasedItem].Checked && !mnuPopupItem[poisonedItem].Checked)
-        mnuPopupItem[blessedItem].Enabled = true;
+    if (!mnuPopupItem[DiseasedItem].Checked && !mnuPopupItem[PoisonedItem].Checked)
+        mnuPopupItem[BlessedItem].Enabled = true;
 }
 
 } // namespace vorhaven

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "model/Long.h"
+#include "base/Long.h"
+#include "model/CAttackArmies.h"
 
 #include <array>
 #include <cstdint>
@@ -21,24 +22,21 @@ struct HealthRow {
     bool operator==(const HealthRow&) const = default;
 };
 
-/// A list holds at most this many lines.
-inline constexpr std::int32_t maxLines = 32;
-
 /// The conditions of all lines of one side: row r belongs to line r - 1. The last row is a spare, the source
 /// for the row before it when rows move up.
 class HealthArray {
 public:
-    static constexpr std::int32_t RowCount = maxLines + 1;
+    static constexpr std::int32_t RowCount = MaxLines + 1;
 
     /// A row, 1 to 33; raises error 9 outside.
-    [[nodiscard]] HealthRow& operator()(Long row) { return rows_[Place(row)]; }
-    [[nodiscard]] const HealthRow& operator()(Long row) const { return rows_[Place(row)]; }
+    [[nodiscard]] HealthRow& operator()(Long row) { return rows_[IndexOf(row)]; }
+    [[nodiscard]] const HealthRow& operator()(Long row) const { return rows_[IndexOf(row)]; }
 
 private:
-    [[nodiscard]] static std::size_t Place(Long row) {
+    [[nodiscard]] static std::size_t IndexOf(Long row) {
         if (row < 1 || row > RowCount)
             throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
-        return static_cast<std::size_t>(row.Value()) - 1;
+        return row.Index() - 1;
     }
 
     std::array<HealthRow, RowCount> rows_;

@@ -1,4 +1,4 @@
-#include "model/Conversion.h"
+#include "base/Conversion.h"
 #include "ui/setup/frmBrawlpad.h"
 
 #include <utility>
@@ -9,7 +9,7 @@ void frmBrawlpad::AddArmyToList(Side side) {
     const Trap trap{"frmBrawlpad::AddArmyToList"};
     ListBox& list = lstArmies[Of(side)];
     const ComboBox& picker = cboArmies[Of(side)];
-    if (list.ListCount() >= maxLines || picker.ListIndex() == -1)
+    if (list.ListCount() >= MaxLines || picker.ListIndex() == -1)
         return;
     const Long datum = picker.Items()[static_cast<std::size_t>(picker.ListIndex().Value())].Datum;
     if (datum < NumArmies())
@@ -39,7 +39,7 @@ void frmBrawlpad::DeleteArmyFromList(Side side, Long line) {
 
 void frmBrawlpad::ShuffleArray(HealthArray& health, Long line, Long shift) {
     const Trap trap{"frmBrawlpad::ShuffleArray"};
-    for (Long row = line + 1; row <= maxLines; row += 1)
+    for (Long row = line + 1; row <= MaxLines; ++row)
         health(row) = health(row + shift);
 }
 
@@ -58,7 +58,7 @@ void frmBrawlpad::sscDup_Click(Side side) {
         return;
     // Copied as it stands: a copy shows the mark of its line but has conditions of its own.
     const ListEntry entry = list.Entry(list.ListIndex());
-    for (Long copy = 1; copy <= copies && list.ListCount() < maxLines; copy += 1) {
+    for (Long copy = 1; copy <= copies && list.ListCount() < MaxLines; ++copy) {
         list.AddItem(entry);
         AdjustDefTerrain(side, list.ListCount());
     }

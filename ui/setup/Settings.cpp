@@ -1,63 +1,8 @@
-#include "model/Conversion.h"
+#include "base/Conversion.h"
+#include "model/Terrain.h"
 #include "ui/setup/frmBrawlpad.h"
 
 namespace vorhaven {
-
-frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Windows& windows)
-    : Form("Vorhaven 3 Combat Calculator"), provider_(&provider), windows_(&windows),
-      moreResults_(windows, [this] { return NumBattles(); }) {
-    pbBattleProgress.Visible = false;
-    for (const Side side : {Side::Attack, Side::Defend}) {
-        const std::size_t i = Of(side);
-        for (Control* control : std::initializer_list<Control*>{
-                 &cboArmies[i], &lstArmies[i], &sscClearList[i], &sscDup[i], &txtDup[i], &updDup[i]})
-            control->Index = static_cast<int>(i);
-        cboArmies[i].Click = [this, side] { cboArmies_Click(side); };
-        lstArmies[i].DblClick = [this, side] { lstArmies_DblClick(side); };
-        sscClearList[i].Click = [this, side] { sscClearList_Click(side); };
-        sscDup[i].Click = [this, side] { sscDup_Click(side); };
-    }
-    for (std::size_t index = 0; index < sscListArrow.size(); ++index) {
-        sscListArrow[index].Index = static_cast<int>(index);
-        sscListArrow[index].Click = [this, index] { sscListArrow_Click(index); };
-    }
-    for (std::size_t index = 1; index < mnuPopupItem.size(); ++index)
-        mnuPopupItem[index].Click = [this, index] { mnuPopupItem_Click(index); };
-    for (std::size_t index = 0; index < mnuPopupItemMedals.size(); ++index)
-        mnuPopupItemMedals[index].Click = [this, index] { mnuPopupItemMedals_Click(index); };
-    mnuPopupDelete.Click = [this] { mnuPopupDelete_Click(); };
-
-    txtCombatDice.Change = [this] { txtCombatDice_Change(); };
-    txtNumSimulations.KeyPress = txtNumSimulations_KeyPress;
-    txtNumSimulations.Change = [this] { txtNumSimulations_Change(); };
-    txtNumSimulations.LostFocus = [this] { txtNumSimulations_LostFocus(); };
-    cboTerrain.Click = [this] { cboTerrain_Click(); };
-    cmdAttack.Click = [this] { cmdAttack_Click(); };
-    sscAbort.Click = [this] { sscAbort_Click(); };
-    sscExit.Click = [this] { sscExit_Click(); };
-    sscMoreResults.Click = [this] { sscMoreResults_Click(); };
-}
-
-void frmBrawlpad::Form_Load() {
-    const Trap trap{"frmBrawlpad::Form_Load"};
-    CentreOn(windows_->ScreenSize());
-    gobjCAttArmies = CAttackArmies{*this};
-    gobjCDefArmies = CAttackArmies{*this};
-    SetTerrain("field");
-    CombatDice = 20;
-    SetNumBattles("1000");
-    armies_ = &provider_->GetTable(CatalogueProvider::Selector::Armies);
-    heroes_ = &provider_->GetTable(CatalogueProvider::Selector::Heroes);
-    LoadArmyCombos();
-    LoadTerrainCombo();
-    LoadCityLevelCombo();
-    sscMoreResults.Enabled = false;
-    sscAbort.Enabled = false;
-    sschkViewStats.Checked = false;
-    txtNumSimulations.SetText("1000");
-    cboCityLevel.Enabled = false;
-    cboTerrain.SetListIndex(4);
-}
 
 Long frmBrawlpad::NumBattles() const {
     return ToLong(numBattles_);
@@ -66,10 +11,10 @@ Long frmBrawlpad::NumBattles() const {
 void frmBrawlpad::LoadArmyCombos() {
     const Trap trap{"frmBrawlpad::LoadArmyCombos"};
     for (ComboBox& picker : cboArmies) {
-        for (Long i = 0; i < NumArmies(); i += 1)
+        for (Long i = 0; i < NumArmies(); ++i)
             picker.AddItem(CellText(Armies()(i, ArmyColumn::Name)),
                            CellNumber(Armies()(i, ArmyColumn::Identifier)));
-        for (Long i = 0; i < NumHeroes(); i += 1)
+        for (Long i = 0; i < NumHeroes(); ++i)
             picker.AddItem(CellText(Heroes()(i, HeroColumn::Name)),
                            NumArmies() + CellNumber(Heroes()(i, HeroColumn::Identifier)));
         picker.AddItem(NoArmy, NumArmies() + NumHeroes());
@@ -78,7 +23,7 @@ void frmBrawlpad::LoadArmyCombos() {
 
 void frmBrawlpad::LoadTerrainCombo() {
     const Trap trap{"frmBrawlpad::LoadTerrainCombo"};
-    for (const char* terrain : {"city", "ice", "hills", "marsh", "field", "woods"})
+    for (const char* terrain : Terrains::All)
         cboTerrain.AddItem(terrain);
 }
 
@@ -118,16 +63,28 @@ void frmBrawlpad::txtNumSimulations_LostFocus() {
         txtNumSimulations.SetText(text.substr(0, text.size() - 1) + "0");
 }
 
-void frmBrawlpad::sscMoreResults_Click() {
-    const Trap trap{"frmBrawlpad::sscMoreResults_Click"};
-    windows_->ShowBusy(true);
-    windows_->Show(moreResults_);
-    windows_->ShowBusy(false);
+void frmBrawlpad::cboTerrain_Click() {
+    const Trap trap{"frmBrawlpad::cboTerrain_Click"};
+    SetTerrain(cboTerrain.Text());
+    if (Terrain() == Terrains::City) {
+        cboCityLevel.Enabled = true;
+        cboCityLevel.SetListIndex(0);
+    } else {
+        cboCityLevel.SetListIndex(-1);
+        cboCityLevel.Enabled = false;
+    }
 }
 
-void frmBrawlpad::sscExit_Click() {
-    const Trap trap{"frmBrawlpad::sscExit_Click"};
-    Unload();
+void frmBrawlpad::AdjustDefTerrain(Side side, Long lineCount) {
+    const Trap trap{"frmBrawlpad::AdjustDefTerrain"};
+    if (side != Side::Defend)
+        return;
+    if (lineCount <= LinesPerStack) {
+        cboTerrain.Enabled = true;
+        return;
+    }
+    cboTerrain.SetListIndex(Terrains::IndexOf(Terrains::City));
+    cboTerrain.Enabled = false;
 }
 
 } // namespace vorhaven

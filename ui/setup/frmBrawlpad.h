@@ -6,7 +6,7 @@
 #include "ui/controls/ListBox.h"
 #include "ui/results/frmMoreResults.h"
 #include "ui/setup/HealthArray.h"
-#include "ui/setup/Windows.h"
+#include "ui/setup/Toolkit.h"
 
 #include <array>
 #include <optional>
@@ -17,16 +17,21 @@ namespace vorhaven {
 /// The side that a paired control belongs to, which is its place in its control array.
 enum class Side : std::size_t { Attack = 0, Defend = 1 };
 
-/// The main window: settings, the two army lists with their conditions, and the runs. Its sources go by
-/// topic: Settings.cpp, Lists.cpp, Conditions.cpp, Assembly.cpp.
+/// The main window: settings, the two army lists with their conditions, and the runs. What concerns the
+/// window as a whole is in frmBrawlpad.cpp; the other sources go by topic: Settings.cpp, Lists.cpp,
+/// Conditions.cpp, Assembly.cpp.
 class frmBrawlpad final : public Form, private ArmyListHost, private MBattleCalc::BattleHost {
 public:
-    /// `provider` and `windows` must outlive the window.
-    frmBrawlpad(const CatalogueProvider& provider, Windows& windows);
+    /// `provider` and `toolkit` must outlive the window.
+    frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit);
 
-    // Settings.cpp
+    // frmBrawlpad.cpp
 
     void Form_Load() override;
+    /// The user closes the window: a run that is under way stops before its next battle.
+    void Close();
+
+    // Settings.cpp
 
     /// Number of battles, the text of its field. Reading it raises error 13 when it is no number and error 6
     /// when it is too large.
@@ -45,6 +50,8 @@ public:
     [[nodiscard]] const Table& Heroes() const override { return *heroes_; }
 
     void txtNumSimulations_LostFocus();
+    /// A defending list of more than eight lines stands in a city and nowhere else.
+    void AdjustDefTerrain(Side side, Long lineCount);
 
     // Lists.cpp
 
@@ -76,10 +83,6 @@ public:
 
     /// The undead test of a catalogue row.
     [[nodiscard]] bool CheckIfUndead(Long row) const;
-    /// A defending list of more than eight lines stands in a city and nowhere else.
-    void AdjustDefTerrain(Side side, Long lineCount);
-    /// The user closes the window: a run that is under way stops before its next battle.
-    void Close();
 
     // The controls, by group from the top of the window.
 
@@ -138,7 +141,8 @@ public:
     std::array<ListBox, 2> lstArmies{ListBox{"Double click armies to delete, right click for options"},
                                      ListBox{"Double click armies to delete, right click for options"}};
     /// Beside the attacking list, where each of its stacks of eight lines begins.
-    std::array<Label, 4> lblStack{Label{"Stack 1"}, Label{"Stack 2"}, Label{"Stack 3"}, Label{"Stack 4"}};
+    std::array<Label, MaxStacks> lblStack{Label{"Stack 1"}, Label{"Stack 2"}, Label{"Stack 3"},
+                                          Label{"Stack 4"}};
     /// Beside the defending list, which is one stack.
     Label lblDefStack{"Stack 1"};
     std::array<Button, 2> sscClearList{Button{"Clear List", "Remove all armies from the list"},
@@ -149,8 +153,8 @@ public:
     std::array<Label, 2> lblDup{Label{"Number of Duplicates"}, Label{"Number of Duplicates"}};
     std::array<TextBox, 2> txtDup{TextBox{"Select # of times to duplicate army"},
                                   TextBox{"Select # of times to duplicate army"}};
-    std::array<UpDown, 2> updDup{UpDown{txtDup[0], 1, maxLines, 1, "Select # of times to duplicate army"},
-                                 UpDown{txtDup[1], 1, maxLines, 1, "Select # of times to duplicate army"}};
+    std::array<UpDown, 2> updDup{UpDown{txtDup[0], 1, MaxLines, 1, "Select # of times to duplicate army"},
+                                 UpDown{txtDup[1], 1, MaxLines, 1, "Select # of times to duplicate army"}};
     /// 0 attacking up, 1 attacking down, 2 defending up, 3 defending down.
     std::array<Button, 4> sscListArrow{Button{"Army Up", "Move the selected army up in the list"},
                                        Button{"Army Dn", "Move the selected army down in the list"},
@@ -173,6 +177,10 @@ public:
 private:
     [[nodiscard]] static constexpr std::size_t Of(Side side) { return static_cast<std::size_t>(side); }
 
+    // frmBrawlpad.cpp
+    void sscMoreResults_Click();
+    void sscExit_Click();
+
     // Settings.cpp
     void LoadArmyCombos();
     void LoadTerrainCombo();
@@ -181,8 +189,7 @@ private:
     void txtCombatDice_Change();
     [[nodiscard]] static int txtNumSimulations_KeyPress(int key);
     void txtNumSimulations_Change();
-    void sscMoreResults_Click();
-    void sscExit_Click();
+    void cboTerrain_Click();
 
     // Lists.cpp
     void lstArmies_DblClick(Side side);
@@ -209,7 +216,6 @@ private:
     void AddAttacker(Long row, Long position);
     void AddDefender(Long row, Long position);
     void AddEntry(Side side, Long row, Long position);
-    void cboTerrain_Click();
     void sscAbort_Click();
 
     // What the army lists ask for.
@@ -218,17 +224,17 @@ private:
     // What the engine asks for.
     [[nodiscard]] const CAttackArmies& AttackArmies() const override { return *gobjCAttArmies; }
     [[nodiscard]] const CAttackArmies& DefendArmies() const override { return *gobjCDefArmies; }
-    void ShowBusy(bool busy) override { windows_->ShowBusy(busy); }
+    void ShowBusy(bool busy) override { toolkit_->ShowBusy(busy); }
     void ShowProgressBar() override { pbBattleProgress.Visible = true; }
     void ShowProgress(Long percent) override { pbBattleProgress.Value = percent; }
     void ShowProgressText(const std::string& text) override { sbrBrawlpad[1].Text = text; }
-    void ProcessEvents() override { windows_->ProcessEvents(); }
+    void ProcessEvents() override { toolkit_->ProcessEvents(); }
     void ShowWinPercent(const std::string& text) override { lblAttWinPercent.Caption = text; }
     void ShowAverage(Long column, const std::string& text) override;
     void ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) override;
 
     const CatalogueProvider* provider_;
-    Windows* windows_;
+    Toolkit* toolkit_;
     const Table* armies_ = nullptr;
     const Table* heroes_ = nullptr;
     std::string numBattles_;

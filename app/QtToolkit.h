@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/setup/Windows.h"
+#include "ui/setup/Toolkit.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
@@ -14,9 +14,9 @@ class MainView;
 class frmBrawlpad;
 
 /// The toolkit as the main window's model sees it.
-class QtWindows final : public Windows {
+class QtToolkit final : public Toolkit {
 public:
-    QtWindows();
+    QtToolkit();
 
     /// Puts the main window on the screen. The other windows belong to it.
     void Show(MainView& view, frmBrawlpad& pad);

@@ -9,7 +9,7 @@ class frmMoreResults;
 class frmStats;
 
 /// What the main window asks of the toolkit beside the desktop: the other windows.
-class Windows : public Desktop {
+class Toolkit : public Desktop {
 public:
     /// Loads a window and shows it modally; returns when it is closed.
     virtual void ShowModal(frmHero& window) = 0;

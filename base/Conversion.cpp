@@ -1,10 +1,13 @@
-#include "model/Conversion.h"
+#include "base/Conversion.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <locale>
+#include <sstream>
+#include <system_error>
 
 namespace vorhaven {
 namespace {
@@ -41,8 +44,13 @@ Long ToLong(std::string_view text) {
     const auto [stop, error] = std::from_chars(number.data(), end, value);
     if (error == std::errc::invalid_argument || stop != end)
         throw RunTimeError{ErrorNumber::TypeMismatch};
-    if (error == std::errc::result_out_of_range)
-        throw RunTimeError{ErrorNumber::Overflow};
+    if (error == std::errc::result_out_of_range) {
+        // Either too large or so near to 0 that it reads as 0: only a stream tells which.
+        std::istringstream in{std::string{number}};
+        in.imbue(std::locale::classic());
+        if (!(in >> value))
+            throw RunTimeError{ErrorNumber::Overflow};
+    }
     return RoundToLong(value);
 }
 

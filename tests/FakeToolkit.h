@@ -11,7 +11,7 @@
 namespace vorhaven::test {
 
 /// A toolkit without a screen: it loads the windows that it shows and hands them to the test as their user.
-struct FakeWindows final : Windows {
+struct FakeToolkit final : Toolkit {
     Size ScreenSize() const override { return {1000, 800}; }
     void ShowBusy(bool busy) override { Busy = busy; }
     void ProcessEvents() override { OnEvents(); }
@@ -68,7 +68,7 @@ struct Game {
     }
 
     SmallCatalogue Catalogue;
-    FakeWindows Toolkit;
+    FakeToolkit Toolkit;
     frmBrawlpad Pad{Catalogue, Toolkit};
 };
 

@@ -36,7 +36,7 @@ inline NumberBox* MakeNumberBox(Form& form, UpDown& upDown) {
 inline void AddRow(QFormLayout& layout, Label& caption, QWidget* field) {
     auto* const label = Make<QLabel>(caption);
     layout.addRow(label, field);
-    Name(*field, *label);
+    LabelField(*field, *label);
 }
 
 } // namespace vorhaven

@@ -1,4 +1,4 @@
-#include "app/QtWindows.h"
+#include "app/QtToolkit.h"
 
 #include "app/ErrorReport.h"
 #include "app/HeroView.h"
@@ -14,7 +14,7 @@
 namespace vorhaven {
 namespace {
 
-constexpr qint64 eventInterval = 16;
+constexpr qint64 EventInterval = 16;
 
 /// Loads a window and puts its view where the window wants to be.
 void Load(QWidget& view, Form& window) {
@@ -48,42 +48,42 @@ private:
 
 } // namespace
 
-QtWindows::QtWindows() {
+QtToolkit::QtToolkit() {
     sinceEvents_.start();
 }
 
-void QtWindows::Show(MainView& view, frmBrawlpad& pad) {
+void QtToolkit::Show(MainView& view, frmBrawlpad& pad) {
     mainView_ = &view;
     Load(view, pad);
     view.show();
 }
 
-Size QtWindows::ScreenSize() const {
+Size QtToolkit::ScreenSize() const {
     const QSize size = QGuiApplication::primaryScreen()->size();
     return {size.width(), size.height()};
 }
 
-void QtWindows::ShowBusy(bool busy) {
+void QtToolkit::ShowBusy(bool busy) {
     if (busy && QGuiApplication::overrideCursor() == nullptr)
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     else if (!busy && QGuiApplication::overrideCursor() != nullptr)
         QGuiApplication::restoreOverrideCursor();
 }
 
-void QtWindows::ProcessEvents() {
-    if (!sinceEvents_.hasExpired(eventInterval))
+void QtToolkit::ProcessEvents() {
+    if (!sinceEvents_.hasExpired(EventInterval))
         return;
     QCoreApplication::processEvents();
     sinceEvents_.restart();
 }
 
-void QtWindows::ShowMessage(const std::string& prompt) {
+void QtToolkit::ShowMessage(const std::string& prompt) {
     QMessageBox box(QMessageBox::NoIcon, mainView_->windowTitle(), QString::fromStdString(prompt),
                     QMessageBox::Ok, mainView_);
     box.exec();
 }
 
-void QtWindows::RunModally(QDialog& view, Form& window) {
+void QtToolkit::RunModally(QDialog& view, Form& window) {
     const PointerLift lift;
     window.Unloaded = [&view] { view.accept(); };
     Load(view, window);
@@ -91,17 +91,17 @@ void QtWindows::RunModally(QDialog& view, Form& window) {
     window.Unloaded = nullptr;
 }
 
-void QtWindows::ShowModal(frmHero& window) {
+void QtToolkit::ShowModal(frmHero& window) {
     HeroView view(window, mainView_);
     RunModally(view, window);
 }
 
-void QtWindows::ShowModal(frmStats& window) {
+void QtToolkit::ShowModal(frmStats& window) {
     StatsView view(window, mainView_);
     RunModally(view, window);
 }
 
-void QtWindows::Show(frmMoreResults& window) {
+void QtToolkit::Show(frmMoreResults& window) {
     delete moreResultsView_;
     moreResultsView_ = new MoreResultsView(window, mainView_);
     window.Unloaded = [view = moreResultsView_] {

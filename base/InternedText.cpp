@@ -1,4 +1,4 @@
-#include "model/SharedText.h"
+#include "base/InternedText.h"
 
 #include <set>
 
@@ -13,11 +13,11 @@ const std::string* Shared(std::string_view text) {
 
 } // namespace
 
-SharedText::SharedText() {
+InternedText::InternedText() {
     static const std::string* const empty = Shared({});
     text_ = empty;
 }
 
-SharedText::SharedText(std::string_view text) : text_(Shared(text)) {}
+InternedText::InternedText(std::string_view text) : text_(Shared(text)) {}
 
 } // namespace vorhaven

@@ -8,21 +8,21 @@ namespace vorhaven {
 /// A text that its copies share: copying costs one pointer, equal texts are one text. Army records carry
 /// their names this way, since every battle begins with fresh copies of the records. A text once made is kept
 /// for the life of the program; the catalogue's names are few.
-class SharedText {
+class InternedText {
 public:
     /// The empty text.
-    SharedText();
+    InternedText();
     // NOLINTNEXTLINE(google-explicit-constructor): a name is written as the text it is.
-    SharedText(std::string_view text);
+    InternedText(std::string_view text);
     // NOLINTNEXTLINE(google-explicit-constructor)
-    SharedText(const std::string& text) : SharedText(std::string_view(text)) {}
+    InternedText(const std::string& text) : InternedText(std::string_view(text)) {}
     // NOLINTNEXTLINE(google-explicit-constructor)
-    SharedText(const char* text) : SharedText(std::string_view(text)) {}
+    InternedText(const char* text) : InternedText(std::string_view(text)) {}
 
     [[nodiscard]] const std::string& Text() const { return *text_; }
 
     /// Exact comparison, case-sensitive.
-    friend bool operator==(SharedText a, SharedText b) { return a.text_ == b.text_; }
+    friend bool operator==(InternedText a, InternedText b) { return a.text_ == b.text_; }
 
 private:
     const std::string* text_;

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "model/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 #include <compare>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <limits>
 
 namespace vorhaven {
 
@@ -16,11 +19,30 @@ public:
 
     [[nodiscard]] constexpr std::int32_t Value() const { return value_; }
 
+    /// The count as an index from 0; raises error 9 below 0.
+    [[nodiscard]] constexpr std::size_t Index() const {
+        if (value_ < 0)
+            throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+        return static_cast<std::size_t>(value_);
+    }
+
+    // These raise error 6 when the result does not fit.
     constexpr Long& operator+=(Long other);
+    constexpr Long& operator-=(Long other);
+    constexpr Long& operator++() { return *this += 1; }
+    constexpr Long& operator--() { return *this -= 1; }
 
 private:
     std::int32_t value_ = 0;
 };
+
+/// The number of elements of a container; raises error 6 when it does not fit.
+template <class Container>
+[[nodiscard]] constexpr Long SizeOf(const Container& container) {
+    if (std::size(container) > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()))
+        throw RunTimeError{ErrorNumber::Overflow};
+    return static_cast<std::int32_t>(std::size(container));
+}
 
 constexpr bool operator==(Long a, Long b) {
     return a.Value() == b.Value();
@@ -57,8 +79,14 @@ constexpr Long& Long::operator+=(Long other) {
     return *this = *this + other;
 }
 
-/// A count that is held to Lowest..Highest by every assignment. A fresh one is 0 whatever the limits are:
-/// only a write clamps.
+constexpr Long& Long::operator-=(Long other) {
+    return *this = *this - other;
+}
+
+/// A count that every write clamps to Lowest..Highest. A fresh one is 0 whatever the limits are.
+///
+/// Copying a whole record copies its counts as they are, fresh ones too. To write one property from another
+/// is a write like any other: `StartHits = Long{Hits}`.
 template <std::int32_t Lowest, std::int32_t Highest>
 class Bounded {
 public:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Long.h"
+#include "base/Long.h"
 
 #include <algorithm>
 #include <string>
@@ -25,19 +25,19 @@ public:
         return items_.emplace_back(item);
     }
 
-    [[nodiscard]] Long Count() const { return static_cast<std::int32_t>(items_.size()); }
+    [[nodiscard]] Long Count() const { return SizeOf(items_); }
 
     /// The item at a position; raises error 5 when there is none.
-    [[nodiscard]] Item_& Item(Long position) { return items_[Place(position)]; }
-    [[nodiscard]] const Item_& Item(Long position) const { return items_[Place(position)]; }
+    [[nodiscard]] Item_& Item(Long position) { return items_[IndexOf(position)]; }
+    [[nodiscard]] const Item_& Item(Long position) const { return items_[IndexOf(position)]; }
 
     /// The item with a key; raises error 5 when there is none.
-    [[nodiscard]] Item_& Item(std::string_view key) { return items_[Place(key)]; }
-    [[nodiscard]] const Item_& Item(std::string_view key) const { return items_[Place(key)]; }
+    [[nodiscard]] Item_& Item(std::string_view key) { return items_[IndexOf(key)]; }
+    [[nodiscard]] const Item_& Item(std::string_view key) const { return items_[IndexOf(key)]; }
 
     /// Removes the item at a position or with a key; raises error 5 when there is none.
-    void Remove(Long position) { RemoveAt(Place(position)); }
-    void Remove(std::string_view key) { RemoveAt(Place(key)); }
+    void Remove(Long position) { RemoveAt(IndexOf(position)); }
+    void Remove(std::string_view key) { RemoveAt(IndexOf(key)); }
 
     /// Replaces the items by copies of another collection's, without keys; the storage is kept.
     void CopyItems(const KeyedCollection& other) {
@@ -58,13 +58,13 @@ public:
     [[nodiscard]] auto end() const { return items_.end(); }
 
 private:
-    [[nodiscard]] std::size_t Place(Long position) const {
+    [[nodiscard]] std::size_t IndexOf(Long position) const {
         if (position < 1 || position > Count())
             throw RunTimeError{ErrorNumber::InvalidCall};
-        return static_cast<std::size_t>(position.Value()) - 1;
+        return position.Index() - 1;
     }
 
-    [[nodiscard]] std::size_t Place(std::string_view key) const {
+    [[nodiscard]] std::size_t IndexOf(std::string_view key) const {
         const auto found = key.empty() ? keys_.end() : std::ranges::find(keys_, key);
         if (found == keys_.end())
             throw RunTimeError{ErrorNumber::InvalidCall};

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Long.h"
+#include "base/Long.h"
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include "model/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 namespace vorhaven {
 

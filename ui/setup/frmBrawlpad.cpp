@@ -1,0 +1,82 @@
+#include "ui/setup/frmBrawlpad.h"
+
+#include "engine/MBattleCalc.h"
+#include "model/Terrain.h"
+
+namespace vorhaven {
+
+frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
+    : Form("Vorhaven 3 Combat Calculator"), provider_(&provider), toolkit_(&toolkit),
+      moreResults_(toolkit, [this] { return NumBattles(); }) {
+    pbBattleProgress.Visible = false;
+    for (const Side side : {Side::Attack, Side::Defend}) {
+        const std::size_t i = Of(side);
+        for (Control* control : std::initializer_list<Control*>{
+                 &cboArmies[i], &lstArmies[i], &sscClearList[i], &sscDup[i], &txtDup[i], &updDup[i]})
+            control->Index = static_cast<int>(i);
+        cboArmies[i].Click = [this, side] { cboArmies_Click(side); };
+        lstArmies[i].DblClick = [this, side] { lstArmies_DblClick(side); };
+        sscClearList[i].Click = [this, side] { sscClearList_Click(side); };
+        sscDup[i].Click = [this, side] { sscDup_Click(side); };
+    }
+    for (std::size_t index = 0; index < sscListArrow.size(); ++index) {
+        sscListArrow[index].Index = static_cast<int>(index);
+        sscListArrow[index].Click = [this, index] { sscListArrow_Click(index); };
+    }
+    for (std::size_t index = 1; index < mnuPopupItem.size(); ++index)
+        mnuPopupItem[index].Click = [this, index] { mnuPopupItem_Click(index); };
+    for (std::size_t index = 0; index < mnuPopupItemMedals.size(); ++index)
+        mnuPopupItemMedals[index].Click = [this, index] { mnuPopupItemMedals_Click(index); };
+    mnuPopupDelete.Click = [this] { mnuPopupDelete_Click(); };
+
+    txtCombatDice.Change = [this] { txtCombatDice_Change(); };
+    txtNumSimulations.KeyPress = txtNumSimulations_KeyPress;
+    txtNumSimulations.Change = [this] { txtNumSimulations_Change(); };
+    txtNumSimulations.LostFocus = [this] { txtNumSimulations_LostFocus(); };
+    cboTerrain.Click = [this] { cboTerrain_Click(); };
+    cmdAttack.Click = [this] { cmdAttack_Click(); };
+    sscAbort.Click = [this] { sscAbort_Click(); };
+    sscExit.Click = [this] { sscExit_Click(); };
+    sscMoreResults.Click = [this] { sscMoreResults_Click(); };
+}
+
+void frmBrawlpad::Form_Load() {
+    const Trap trap{"frmBrawlpad::Form_Load"};
+    CentreOn(toolkit_->ScreenSize());
+    gobjCAttArmies = CAttackArmies{*this};
+    gobjCDefArmies = CAttackArmies{*this};
+    SetTerrain(Terrains::Field);
+    CombatDice = 20;
+    SetNumBattles("1000");
+    armies_ = &provider_->GetTable(CatalogueProvider::Selector::Armies);
+    heroes_ = &provider_->GetTable(CatalogueProvider::Selector::Heroes);
+    LoadArmyCombos();
+    LoadTerrainCombo();
+    LoadCityLevelCombo();
+    sscMoreResults.Enabled = false;
+    sscAbort.Enabled = false;
+    sschkViewStats.Checked = false;
+    txtNumSimulations.SetText("1000");
+    cboCityLevel.Enabled = false;
+    cboTerrain.SetListIndex(Terrains::IndexOf(Terrains::Field));
+}
+
+void frmBrawlpad::sscMoreResults_Click() {
+    const Trap trap{"frmBrawlpad::sscMoreResults_Click"};
+    toolkit_->ShowBusy(true);
+    toolkit_->Show(moreResults_);
+    toolkit_->ShowBusy(false);
+}
+
+void frmBrawlpad::sscExit_Click() {
+    const Trap trap{"frmBrawlpad::sscExit_Click"};
+    Unload();
+}
+
+void frmBrawlpad::Close() {
+    // Attack is disabled exactly as long as a run takes.
+    if (!cmdAttack.Enabled)
+        MBattleCalc::AbortRequested = true;
+}
+
+} // namespace vorhaven
