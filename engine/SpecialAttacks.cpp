@@ -1,15 +1,26 @@
 #include "engine/Procedures.h"
 
+#include <optional>
+
 namespace vorhaven::MBattleCalc {
 namespace {
 
-/// Whether a striker's ability takes effect on its target: it must stand above the target's warding, and what
-/// is left after the target's own ability and warding is the force, ten chances in 99 each.
-bool Strikes(Long striker, Long target, Long targetWarding) {
+/// The force of a striker's ability on its target: what exceeds the target's own ability and warding; nothing
+/// unless the ability stands above the warding.
+std::optional<Long> ForceOf(Long striker, Long target, Long targetWarding) {
     if (striker <= targetWarding)
-        return false;
-    const Long force = striker - (target + targetWarding);
+        return std::nullopt;
+    return striker - (target + targetWarding);
+}
+
+/// Draws whether a force takes effect: ten chances in 99 for each point of it.
+bool TakesEffect(Long force) {
     return RandomPercentNum() < force * 10;
+}
+
+bool Strikes(Long striker, Long target, Long targetWarding) {
+    const auto force = ForceOf(striker, target, targetWarding);
+    return force && TakesEffect(*force);
 }
 
 Long Half(Long value) {
@@ -21,7 +32,8 @@ Long Half(Long value) {
 bool Assassinates(CArmy& assassin, CArmy& target) {
     if (target.Assass > 0)
         target.UsedSpecial = true;
-    const bool slain = !assassin.UsedSpecial && Strikes(assassin.Assass, target.Assass, target.Warding);
+    const auto force = ForceOf(assassin.Assass, target.Assass, target.Warding);
+    const bool slain = force && !assassin.UsedSpecial && TakesEffect(*force);
     assassin.UsedSpecial = true;
     return slain;
 }
@@ -33,7 +45,7 @@ bool Shoots(CArmy& shooter, Long advantage, const CArmy& attacker, const CArmy& 
         return false;
     if (shooter.MissleShotsLeft == 0)
         shooter.MissleShotsLeft = advantage;
-    for (Long shot = 1; shot <= shooter.MissleShotsLeft; shot += 1) {
+    for (Long shot = 1; shot <= shooter.MissleShotsLeft; ++shot) {
         if (WhoLosesPoint(attacker, defender) != targetLoses)
             continue;
         shooter.MissleShotsLeft = shooter.MissleShotsLeft - shot;
