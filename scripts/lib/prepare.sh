@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Sourced by the scripts: moves to the top of the tree and sees to it that the packages that are needed are there.
 
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "base/Conversion.h"
 #include "ui/setup/frmBrawlpad.h"
 
