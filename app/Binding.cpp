@@ -36,23 +36,20 @@ int ToQt(Long value) {
     return value.Value();
 }
 
+/// Keeps a connection for as long as its parent lives.
+class Keeper final : public QObject {
+public:
+    Keeper(QObject* parent, Connection connection) : QObject(parent), connection_(std::move(connection)) {}
+
+private:
+    Connection connection_;
+};
+
 /// Shows the control with `update`, now and whenever it changes, for as long as the widget lives.
 template <class Widget, class ControlType, class Update>
 void ShowWith(Widget& widget, ControlType& control, Update update) {
-    control.Refreshed = [guard = QPointer<Widget>(&widget), &control, update] {
-        if (guard)
-            update(*guard, control);
-    };
+    KeepWith(widget, control.Changed.Connect([&widget, &control, update] { update(widget, control); }));
     update(widget, control);
-}
-
-void ShowCommon(QWidget& widget, const Control& control) {
-    const QString toolTip = ToQt(control.ToolTip);
-    if (widget.toolTip() != toolTip) {
-        widget.setToolTip(toolTip);
-        widget.setAccessibleDescription(toolTip);
-    }
-    widget.setEnabled(control.Enabled);
 }
 
 /// Drops every character that the control does not admit, typed or pasted.
@@ -93,7 +90,7 @@ private:
 
 void ShowEntries(QComboBox& widget, const ComboBox& control) {
     const QSignalBlocker blocker(widget);
-    ShowCommon(widget, control);
+    widget.setEnabled(control.Enabled);
     const auto& items = control.Items();
     for (int i = widget.count(); i < static_cast<int>(items.size()); ++i)
         widget.addItem(ToQt(items[static_cast<std::size_t>(i)].Text));
@@ -102,7 +99,6 @@ void ShowEntries(QComboBox& widget, const ComboBox& control) {
 
 void ShowLines(ArmyListView& widget, const ListBox& control) {
     const QSignalBlocker blocker(widget);
-    ShowCommon(widget, control);
     const int count = ToQt(control.ListCount());
     while (widget.count() > count)
         delete widget.takeItem(widget.count() - 1);
@@ -136,32 +132,34 @@ void TakeSelection(const ArmyListView& widget, ListBox& control) {
 
 } // namespace
 
-void BindCommon(QWidget& widget, Control& control) {
-    ShowCommon(widget, control);
+void KeepWith(QObject& owner, Connection connection) {
+    new Keeper(&owner, std::move(connection));
+}
+
+void ShowToolTip(QWidget& widget, const Control& control) {
+    widget.setToolTip(ToQt(control.ToolTip));
+    widget.setAccessibleDescription(widget.toolTip());
 }
 
 void Bind(QLabel& widget, Label& control) {
     widget.setTextFormat(Qt::PlainText);
-    ShowWith(widget, control, [](QLabel& label, const Label& model) {
-        ShowCommon(label, model);
-        label.setText(ToQt(model.Caption));
-    });
+    ShowToolTip(widget, control);
+    ShowWith(widget, control, [](QLabel& label, const Label& model) { label.setText(ToQt(model.Caption)); });
 }
 
 void Bind(QGroupBox& widget, Frame& control) {
-    ShowWith(widget, control, [](QGroupBox& box, const Frame& model) {
-        ShowCommon(box, model);
-        box.setTitle(ToQt(model.Caption));
-    });
+    ShowToolTip(widget, control);
+    ShowWith(widget, control, [](QGroupBox& box, const Frame& model) { box.setTitle(ToQt(model.Caption)); });
 }
 
 void Bind(QPushButton& widget, Button& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, [](QPushButton& button, const Button& model) {
         // The window keeps the focus of a disabled button, not the next widget: a key that is held on the
         // button must not go on elsewhere.
         if (!model.Enabled && button.hasFocus())
             button.window()->setFocus();
-        ShowCommon(button, model);
+        button.setEnabled(model.Enabled);
         button.setText(ToQt(model.Caption));
     });
     // Enter presses the focused button, in every kind of window.
@@ -179,9 +177,9 @@ void Bind(QPushButton& widget, Button& control) {
 }
 
 void Bind(QCheckBox& widget, CheckButton& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, [](QCheckBox& box, const CheckButton& model) {
         const QSignalBlocker blocker(box);
-        ShowCommon(box, model);
         box.setText(ToQt(model.Caption));
         box.setChecked(model.Checked);
     });
@@ -192,8 +190,8 @@ void Bind(QCheckBox& widget, CheckButton& control) {
 }
 
 void Bind(QLineEdit& widget, TextBox& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, [](QLineEdit& edit, const TextBox& model) {
-        ShowCommon(edit, model);
         if (edit.text() != ToQt(model.Text()))
             edit.setText(ToQt(model.Text()));
     });
@@ -205,18 +203,21 @@ void Bind(QLineEdit& widget, TextBox& control) {
 }
 
 void Bind(DropDown& widget, ComboBox& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, ShowEntries);
     QObject::connect(&widget, &QComboBox::activated, &widget,
                      [&control](int index) { RunOutermost([&] { control.Choose(index); }); });
 }
 
 void Bind(Picker& widget, ComboBox& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, ShowEntries);
     QObject::connect(&widget, &QComboBox::activated, &widget,
                      [&control](int index) { RunOutermost([&] { control.Pick(index); }); });
 }
 
 void Bind(ArmyListView& widget, ListBox& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, ShowLines);
     const auto take = [&widget, &control] { RunOutermost([&] { TakeSelection(widget, control); }); };
     QObject::connect(&widget, &QListWidget::currentRowChanged, &widget, take);
@@ -235,8 +236,8 @@ void Bind(QProgressBar& widget, ProgressBar& control) {
 
 void Bind(QLabel& widget, StatusPanel& control) {
     widget.setTextFormat(Qt::PlainText);
+    ShowToolTip(widget, control);
     ShowWith(widget, control, [](QLabel& label, const StatusPanel& model) {
-        ShowCommon(label, model);
         if (model.PanelStyle == StatusPanel::Style::Text)
             label.setText(ToQt(model.Text));
     });
@@ -261,10 +262,11 @@ void Bind(QAction& action, MenuItem& control) {
         if (item.isCheckable())
             item.setChecked(model.Checked);
     });
-    QObject::connect(&action, &QAction::triggered, &action, [&control] {
+    QObject::connect(&action, &QAction::triggered, &action, [&action, &control] {
         RunOutermost([&] { control.Choose(); });
         // The toolkit has flipped the mark by itself; the control knows how it stands.
-        control.Refresh();
+        if (action.isCheckable())
+            action.setChecked(control.Checked);
     });
 }
 
@@ -276,8 +278,8 @@ void Bind(QTableWidget& widget, Grid& control) {
     widget.setTabKeyNavigation(false);
     widget.horizontalHeader()->setHighlightSections(false);
     widget.verticalHeader()->hide();
+    ShowToolTip(widget, control);
     ShowWith(widget, control, [columns](QTableWidget& table, const Grid& model) {
-        ShowCommon(table, model);
         const int characterWidth = table.fontMetrics().averageCharWidth();
         for (int column = 0; column < columns; ++column) {
             const Grid::Column& format = model.Columns()[static_cast<std::size_t>(column)];
@@ -292,8 +294,7 @@ void Bind(QTableWidget& widget, Grid& control) {
                 table.setItem(row, column, cell);
             }
             table.resizeColumnToContents(column);
-            table.setColumnWidth(column,
-                                 std::max(table.columnWidth(column), ToQt(format.Width) * characterWidth));
+            table.setColumnWidth(column, std::max(table.columnWidth(column), format.Width * characterWidth));
         }
     });
 }

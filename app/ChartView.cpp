@@ -7,7 +7,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QPointer>
 #include <QTimer>
 #include <QToolTip>
 
@@ -84,17 +83,10 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
     ShowColours();
     ShowData();
     // A chart is filled value by value; it is shown once when that is done.
-    chart.Refreshed = [view = QPointer<ChartView>(this)] {
-        if (view && !std::exchange(view->isStale_, true))
-            QTimer::singleShot(0, view, [view] { view->ShowData(); });
-    };
-    chart.CopyPicture.Click = [view = QPointer<ChartView>(this)] {
-        if (view)
-            QGuiApplication::clipboard()->setPixmap(view->toPixmap(0, 0, view->devicePixelRatioF()));
-    };
-    chart.CopyNumbers.Click = [&chart] {
-        QGuiApplication::clipboard()->setText(QString::fromStdString(chart.Numbers()));
-    };
+    KeepWith(*this, chart.Changed.Connect([this] {
+        if (!std::exchange(isStale_, true))
+            QTimer::singleShot(0, this, [this] { ShowData(); });
+    }));
 }
 
 void ChartView::ShowData() {
@@ -209,8 +201,11 @@ void ChartView::contextMenuEvent(QContextMenuEvent* event) {
     // Not executed but popped up: a run that pumps this event goes on behind the menu.
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    Bind(*menu->addAction(QString()), chart_->CopyPicture);
-    Bind(*menu->addAction(QString()), chart_->CopyNumbers);
+    menu->addAction(QString::fromStdString(chart_->CopyPicture), this,
+                    [this] { QGuiApplication::clipboard()->setPixmap(toPixmap(0, 0, devicePixelRatioF())); });
+    menu->addAction(QString::fromStdString(chart_->CopyNumbers), this, [this] {
+        QGuiApplication::clipboard()->setText(QString::fromStdString(chart_->Numbers()));
+    });
     menu->popup(event->globalPos());
 }
 

@@ -38,7 +38,7 @@ MainView::MainView(frmBrawlpad& pad) : pad_(&pad) {
     MakeStatusBar();
     MakeMenu();
     OrderTabs();
-    pad.Unloaded = [this] { close(); };
+    KeepWith(*this, pad.Unloading.Connect([this] { close(); }));
 }
 
 void MainView::closeEvent(QCloseEvent* event) {
@@ -61,8 +61,8 @@ QWidget* MainView::MakeArmies(Side side) {
 
     auto* const lines = MakeFocusable<ArmyListView>(pad, pad.lstArmies[i]);
     lines->setAccessibleName(frame->title());
-    lines->MenuRequested = [this, side](const QPoint& place) {
-        menuPlace_ = place;
+    lines->MenuRequested = [this, side](const QPoint& position) {
+        menuPosition_ = position;
         RunOutermost([&] { pad_->lstArmies_MouseUp(side, frmBrawlpad::MouseButton::Right); });
     };
     lines->DeletePressed = [this] { RunOutermost([&] { pad_->mnuPopupDelete.Choose(); }); };
@@ -192,7 +192,7 @@ void MainView::MakeMenu() {
     }
     menu_->addSeparator();
     Bind(*menu_->addAction(QString()), pad_->mnuPopupDelete);
-    pad_->PopupMenu = [this](Side /*side*/) { menu_->popup(menuPlace_); };
+    KeepWith(*this, pad_->PopupMenuRequested.Connect([this](Side /*side*/) { menu_->popup(menuPosition_); }));
 }
 
 void MainView::OrderTabs() {

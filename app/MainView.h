@@ -32,7 +32,7 @@ private:
 
     frmBrawlpad* pad_;
     QMenu* menu_ = nullptr;
-    QPoint menuPlace_;
+    QPoint menuPosition_;
     /// The widgets that take the focus, in the order in which the eye meets them.
     std::array<QList<QWidget*>, 2> armyTabs_;
     QList<QWidget*> middleTabs_;

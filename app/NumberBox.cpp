@@ -18,7 +18,7 @@ NumberBox::NumberBox(UpDown& upDown, QWidget* parent) : QAbstractSpinBox(parent)
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     Bind(*lineEdit(), upDown.Buddy());
-    BindCommon(*this, upDown.Buddy());
+    ShowToolTip(*this, upDown.Buddy());
 }
 
 void NumberBox::stepBy(int steps) {

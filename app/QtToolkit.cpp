@@ -2,7 +2,7 @@
 
 #include "app/QtToolkit.h"
 
-#include "app/ErrorReport.h"
+#include "app/Binding.h"
 #include "app/HeroView.h"
 #include "app/MainView.h"
 #include "app/MoreResultsView.h"
@@ -26,8 +26,7 @@ void Load(QWidget& view, Form& window) {
     view.resize(view.sizeHint().boundedTo(QGuiApplication::primaryScreen()->availableSize() - frame));
     window.Extent = {view.width(), view.height()};
     window.Form_Load();
-    view.move(QGuiApplication::primaryScreen()->geometry().topLeft() +
-              QPoint(window.Left.Value(), window.Top.Value()));
+    view.move(QGuiApplication::primaryScreen()->geometry().topLeft() + QPoint(window.Left, window.Top));
 }
 
 /// The hourglass is lifted while a modal window waits for the user.
@@ -87,10 +86,9 @@ void QtToolkit::ShowMessage(const std::string& prompt) {
 
 void QtToolkit::RunModally(QDialog& view, Form& window) {
     const PointerLift lift;
-    window.Unloaded = [&view] { view.accept(); };
+    const Connection unloading = window.Unloading.Connect([&view] { view.accept(); });
     Load(view, window);
     view.exec();
-    window.Unloaded = nullptr;
 }
 
 void QtToolkit::ShowModal(frmHero& window) {
@@ -106,10 +104,8 @@ void QtToolkit::ShowModal(frmStats& window) {
 void QtToolkit::Show(frmMoreResults& window) {
     delete moreResultsView_;
     moreResultsView_ = new MoreResultsView(window, mainView_);
-    window.Unloaded = [view = moreResultsView_] {
-        if (view)
-            view->close();
-    };
+    KeepWith(*moreResultsView_,
+             window.Unloading.Connect([view = moreResultsView_.data()] { view->close(); }));
     Load(*moreResultsView_, window);
     moreResultsView_->show();
 }

@@ -10,35 +10,35 @@ void TextBox::SetText(std::string text) {
     if (text == text_)
         return;
     text_ = std::move(text);
-    Refresh();
+    Changed.Raise();
     Raise(Change);
 }
 
 UpDown::UpDown(TextBox& buddy, Long lowest, Long highest, Long value, std::string toolTip)
-    : Control(std::move(toolTip)), Min(lowest), Max(highest), buddy_(&buddy), lastValue_(value) {
+    : Control(std::move(toolTip)), Min(lowest), Max(highest), buddy_(&buddy), value_(value),
+      buddyChanged_(buddy.Changed.Connect([this] { FollowBuddy(); })) {
     buddy.SetText(ToText(value));
 }
 
-Long UpDown::Value() const {
+void UpDown::FollowBuddy() {
     try {
-        return Clamped(ToLong(buddy_->Text()));
+        value_ = Clamped(ToLong(buddy_->Text()));
     } catch (const RunTimeError&) {
-        return lastValue_;
+        // No number: the last one still stands.
     }
 }
 
 bool UpDown::CanStep(Long steps) const {
-    return ToText(Clamped(Value() + steps)) != buddy_->Text();
+    return ToText(Clamped(value_ + steps)) != buddy_->Text();
 }
 
 void UpDown::Step(Long steps) {
-    lastValue_ = Clamped(Value() + steps);
-    buddy_->SetText(ToText(lastValue_));
+    buddy_->SetText(ToText(Clamped(value_ + steps)));
 }
 
 void ComboBox::AddItem(std::string text, Long datum) {
     items_.push_back({std::move(text), datum});
-    Refresh();
+    Changed.Raise();
 }
 
 void ComboBox::SetListIndex(Long index) {
@@ -47,7 +47,7 @@ void ComboBox::SetListIndex(Long index) {
     if (index == listIndex_)
         return;
     listIndex_ = index;
-    Refresh();
+    Changed.Raise();
     Raise(Click);
 }
 

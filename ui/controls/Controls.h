@@ -43,6 +43,7 @@ public:
         : Control(std::move(toolTip)), Caption(*this, std::move(caption)) {}
 
     Property<std::string> Caption;
+    Property<bool> Enabled{*this, true};
     std::function<void()> Click;
 
     void Press() {
@@ -60,15 +61,13 @@ public:
     Property<std::string> Caption;
     Property<bool> Checked{*this, false};
 
-    void Toggle() {
-        if (Enabled)
-            Checked = !Checked;
-    }
+    void Toggle() { Checked = !Checked; }
 };
 
 /// A bar that fills from 0 to 100.
 class ProgressBar : public Control {
 public:
+    Property<bool> Visible{*this, true};
     Property<Long> Value{*this, 0};
 };
 
@@ -78,6 +77,7 @@ public:
     explicit MenuItem(std::string caption) : Caption(std::move(caption)) {}
 
     const std::string Caption;
+    Property<bool> Enabled{*this, true};
     Property<bool> Checked{*this, false};
     std::function<void()> Click;
 
@@ -110,32 +110,35 @@ private:
     std::string text_;
 };
 
-/// The up and down arrows of a text field. They step the number in the field by 1 within their limits; typing
-/// in the field is not held to them.
+/// The up and down arrows of a text field. They step the number in the field by 1 within their limits, which
+/// do not bind what is typed.
 class UpDown : public Control {
 public:
-    /// `buddy` shows the value and must live as long; it is given the first value.
+    /// `buddy` shows the value and must outlive the up-down; it is given the first value.
     UpDown(TextBox& buddy, Long lowest, Long highest, Long value, std::string toolTip = {});
 
     const Long Min;
     const Long Max;
 
-    /// The number in the field, held to the limits; the last one stepped to where the field holds no number.
-    [[nodiscard]] Long Value() const;
+    /// The number in the field, clamped to the limits; while the field holds no number, the last one that it
+    /// held.
+    [[nodiscard]] Long Value() const { return value_; }
 
     /// Whether some steps would change what the field shows.
     [[nodiscard]] bool CanStep(Long steps) const;
 
-    /// Moves the value by some steps, held to the limits, and writes it into the field.
+    /// Moves the value by some steps, clamped to the limits, and writes it into the field.
     void Step(Long steps);
 
     [[nodiscard]] TextBox& Buddy() const { return *buddy_; }
 
 private:
     [[nodiscard]] Long Clamped(Long value) const { return value < Min ? Min : value > Max ? Max : value; }
+    void FollowBuddy();
 
     TextBox* buddy_;
-    Long lastValue_;
+    Long value_;
+    Connection buddyChanged_;
 };
 
 /// An entry of a drop-down list or a list box, with the whole number that goes with it.
@@ -149,6 +152,8 @@ struct ListEntry {
 class ComboBox : public Control {
 public:
     explicit ComboBox(std::string toolTip = {}) : Control(std::move(toolTip)) {}
+
+    Property<bool> Enabled{*this, true};
 
     /// Raised when the selection changes, by the user or from code, and by every Pick.
     std::function<void()> Click;

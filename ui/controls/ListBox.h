@@ -45,10 +45,7 @@ public:
     /// The user's selection. Lines that the list does not have are left out.
     void Select(const Selection& selection);
 
-    void DoubleClick() {
-        if (Enabled)
-            Raise(DblClick);
-    }
+    void DoubleClick() { Raise(DblClick); }
 
 private:
     struct Line {

@@ -49,8 +49,7 @@ void frmBrawlpad::lstArmies_MouseUp(Side side, MouseButton button) {
     for (std::size_t medals = 0; medals < mnuPopupItemMedals.size(); ++medals)
         mnuPopupItemMedals[medals].Checked = row.Medals == static_cast<int>(medals);
     EvaluateHealthConflicts(side);
-    if (PopupMenu)
-        PopupMenu(side);
+    PopupMenuRequested.Raise(side);
 }
 
 void frmBrawlpad::mnuPopupItem_Click(std::size_t index) {

@@ -173,8 +173,8 @@ public:
                                                MenuItem{"2 Medals"}, MenuItem{"3 Medals"},
                                                MenuItem{"4 Medals"}};
     MenuItem mnuPopupDelete{"Delete"};
-    /// Set by the view: opens the pop-up menu on a list.
-    std::function<void(Side)> PopupMenu;
+    /// Raised when the pop-up menu is loaded for a list and is to be opened.
+    Signal<Side> PopupMenuRequested;
 
 private:
     [[nodiscard]] static constexpr std::size_t Of(Side side) { return static_cast<std::size_t>(side); }
