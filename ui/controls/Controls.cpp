@@ -4,6 +4,8 @@
 
 #include "base/Conversion.h"
 
+#include <optional>
+
 namespace vorhaven {
 
 void TextBox::SetText(std::string text) {
@@ -14,18 +16,34 @@ void TextBox::SetText(std::string text) {
     Raise(Change);
 }
 
-UpDown::UpDown(TextBox& buddy, Long lowest, Long highest, Long value, std::string toolTip)
-    : Control(std::move(toolTip)), Min(lowest), Max(highest), buddy_(&buddy), value_(value),
+namespace {
+
+std::optional<Long> NumberIn(const std::string& text) {
+    try {
+        return ToLong(text);
+    } catch (const RunTimeError&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+UpDown::UpDown(TextBox& buddy, Long lowest, Long highest, Long value, Typing typing, std::string toolTip)
+    : Control(std::move(toolTip)), Min(lowest), Max(highest), buddy_(&buddy), typing_(typing), value_(value),
       buddyChanged_(buddy.Changed.Connect([this] { FollowBuddy(); })) {
     buddy.SetText(ToText(value));
 }
 
 void UpDown::FollowBuddy() {
-    try {
-        value_ = Clamped(ToLong(buddy_->Text()));
-    } catch (const RunTimeError&) {
-        // No number: the last one still stands.
-    }
+    // While the field holds no number, its last one stands.
+    if (const auto number = NumberIn(buddy_->Text()))
+        value_ = Clamped(*number);
+}
+
+void UpDown::Type(const std::string& text) {
+    const auto number = NumberIn(text);
+    if (number && (typing_ == Typing::Free || Clamped(*number) == *number))
+        buddy_->SetText(text);
 }
 
 bool UpDown::CanStep(Long steps) const {

@@ -90,7 +90,11 @@ public:
 /// A one-line text field.
 class TextBox : public Control {
 public:
-    explicit TextBox(std::string toolTip = {}) : Control(std::move(toolTip)) {}
+    /// `maxLength`: how many characters the user can type at most; the program's own texts are not limited.
+    explicit TextBox(int maxLength, std::string toolTip = {})
+        : Control(std::move(toolTip)), MaxLength(maxLength) {}
+
+    const int MaxLength;
 
     static constexpr int Backspace = 8;
     static constexpr int Escape = 27;
@@ -110,12 +114,17 @@ private:
     std::string text_;
 };
 
-/// The up and down arrows of a text field. They step the number in the field by 1 within their limits, which
-/// do not bind what is typed.
+/// The most characters of a number that has arrows.
+inline constexpr int MaxNumberLength = 6;
+
+/// The up and down arrows of a text field. They step the number in the field by 1 within their limits.
 class UpDown : public Control {
 public:
+    /// Which numbers the user can type: any that is a count, or those within the arrows' limits alone.
+    enum class Typing { Free, WithinLimits };
+
     /// `buddy` shows the value and must outlive the up-down; it is given the first value.
-    UpDown(TextBox& buddy, Long lowest, Long highest, Long value, std::string toolTip = {});
+    UpDown(TextBox& buddy, Long lowest, Long highest, Long value, Typing typing, std::string toolTip = {});
 
     const Long Min;
     const Long Max;
@@ -127,6 +136,10 @@ public:
     /// Whether some steps would change what the field shows.
     [[nodiscard]] bool CanStep(Long steps) const;
 
+    /// What the user types: it enters the field if it is a number that can be typed there. Any other text
+    /// stays away from the field, which keeps its last number meanwhile.
+    void Type(const std::string& text);
+
     /// Moves the value by some steps, clamped to the limits, and writes it into the field.
     void Step(Long steps);
 
@@ -137,6 +150,7 @@ private:
     void FollowBuddy();
 
     TextBox* buddy_;
+    Typing typing_;
     Long value_;
     Connection buddyChanged_;
 };

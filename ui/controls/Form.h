@@ -20,7 +20,7 @@ public:
 
     const std::string Caption;
 
-    /// Place and size on the screen, in pixels. The view gives the size before it loads the window.
+    /// Place and size on the screen, in pixels. The view gives the size as soon as it knows it.
     int Left = 0;
     int Top = 0;
     Size Extent;
@@ -42,7 +42,7 @@ public:
             left->LostFocus();
     }
 
-protected:
+    /// Puts the window into the middle of the screen.
     void CentreOn(Size screen) {
         Top = (screen.Height - Extent.Height) / 2;
         Left = (screen.Width - Extent.Width) / 2;

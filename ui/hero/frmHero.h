@@ -20,10 +20,10 @@ public:
     using Writer = void (*)(CArmy&, Long);
 
     HeroField(const char* caption, Long lowest, Long highest, Reader read, Writer write)
-        : lbl(caption), upd(txt, lowest, highest, lowest), read_(read), write_(write) {}
+        : lbl(caption), upd(txt, lowest, highest, lowest, UpDown::Typing::Free), read_(read), write_(write) {}
 
     Label lbl;
-    TextBox txt;
+    TextBox txt{MaxNumberLength};
     UpDown upd;
 
     void Load(const CArmy& hero) { value_ = read_(hero); }

@@ -12,7 +12,7 @@ void frmBrawlpad::cmdAttack_Click() {
     const Trap trap{"frmBrawlpad::cmdAttack_Click"};
     sscExit.Enabled = false;
     sscMoreResults.Enabled = false;
-    if (VerifyForm()) {
+    if (VerifyForm() && VerifyArmies()) {
         if (gobjCAttArmies)
             gobjCAttArmies = CAttackArmies{*this};
         if (gobjCDefArmies)
@@ -33,8 +33,28 @@ bool frmBrawlpad::VerifyForm() {
     const Trap trap{"frmBrawlpad::VerifyForm"};
     if (lstArmies[0].ListCount() > 0 && lstArmies[1].ListCount() > 0)
         return true;
-    toolkit_->ShowMessage("You need to specify attacking and defending armies.");
+    WarnOfMissingArmies();
     return false;
+}
+
+bool frmBrawlpad::VerifyArmies() {
+    const Trap trap{"frmBrawlpad::VerifyArmies"};
+    if (HasArmy(Side::Attack, LinesPerStack) && HasArmy(Side::Defend, MaxLines))
+        return true;
+    WarnOfMissingArmies();
+    return false;
+}
+
+bool frmBrawlpad::HasArmy(Side side, Long lineCount) const {
+    const ListBox& list = lstArmies[Of(side)];
+    for (Long line = 0; line < list.ListCount() && line < lineCount; ++line)
+        if (list.Entry(line).Datum < NumArmies() + NumHeroes())
+            return true;
+    return false;
+}
+
+void frmBrawlpad::WarnOfMissingArmies() {
+    toolkit_->ShowMessage("You need to specify attacking and defending armies.");
 }
 
 void frmBrawlpad::FillArmyCollections() {

@@ -70,6 +70,11 @@ void frmBrawlpad::sscMoreResults_Click() {
     toolkit_->ShowBusy(false);
 }
 
+bool frmBrawlpad::HasResultsToShow() const {
+    // A field that is being edited may be empty; leaving it puts a number into it.
+    return numBattles_.empty() || NumBattles() <= MBattleCalc::BattleResults.RowCount();
+}
+
 void frmBrawlpad::sscExit_Click() {
     const Trap trap{"frmBrawlpad::sscExit_Click"};
     Unload();

@@ -52,6 +52,9 @@ public:
     [[nodiscard]] const Table& Heroes() const override { return *heroes_; }
 
     void txtNumSimulations_LostFocus();
+
+    /// Whether the last run has as many battles as the field asks More Results to show.
+    [[nodiscard]] bool HasResultsToShow() const;
     /// A defending list of more than eight lines stands in a city and nowhere else.
     void AdjustDefTerrain(Side side, Long lineCount);
 
@@ -101,14 +104,15 @@ public:
 
     Frame fraSetup{"Setup Options"};
     Label lblCombatDice{"Combat Dice:"};
-    TextBox txtCombatDice{"Select # of combat dice"};
+    TextBox txtCombatDice{MaxNumberLength, "Select # of combat dice"};
     /// No army is stronger than 14, so from 15 faces on every battle ends.
-    UpDown updCombatDice{txtCombatDice, 15, 100, 20, "Select # of combat dice"};
+    UpDown updCombatDice{txtCombatDice, 15, 100, 20, UpDown::Typing::WithinLimits, "Select # of combat dice"};
     CheckButton sschkViewStats{"View Stack Statistics", "See detailed info on stacks"};
     Label lblTerrain{"Defender's Terrain:"};
     ComboBox cboTerrain{"Select defender's terrain"};
     Label lblNumSimulations{"Number of Battles:"};
-    TextBox txtNumSimulations{"Indicate # of battles to simulate"};
+    /// Eight digits fit into a count whatever they are.
+    TextBox txtNumSimulations{8, "Indicate # of battles to simulate"};
     Label lblCityLevel{"City Level:"};
     ComboBox cboCityLevel{"Select level of city"};
 
@@ -153,10 +157,12 @@ public:
         Button{"Duplicate", "Add to the list the specified number of copies of the selected army"},
         Button{"Duplicate", "Add to the list the specified number of copies of the selected army"}};
     std::array<Label, 2> lblDup{Label{"Number of Duplicates"}, Label{"Number of Duplicates"}};
-    std::array<TextBox, 2> txtDup{TextBox{"Select # of times to duplicate army"},
-                                  TextBox{"Select # of times to duplicate army"}};
-    std::array<UpDown, 2> updDup{UpDown{txtDup[0], 1, MaxLines, 1, "Select # of times to duplicate army"},
-                                 UpDown{txtDup[1], 1, MaxLines, 1, "Select # of times to duplicate army"}};
+    std::array<TextBox, 2> txtDup{TextBox{MaxNumberLength, "Select # of times to duplicate army"},
+                                  TextBox{MaxNumberLength, "Select # of times to duplicate army"}};
+    std::array<UpDown, 2> updDup{UpDown{txtDup[0], 1, MaxLines, 1, UpDown::Typing::WithinLimits,
+                                        "Select # of times to duplicate army"},
+                                 UpDown{txtDup[1], 1, MaxLines, 1, UpDown::Typing::WithinLimits,
+                                        "Select # of times to duplicate army"}};
     /// 0 attacking up, 1 attacking down, 2 defending up, 3 defending down.
     std::array<Button, 4> sscListArrow{Button{"Army Up", "Move the selected army up in the list"},
                                        Button{"Army Dn", "Move the selected army down in the list"},
@@ -214,6 +220,11 @@ private:
     // Assembly.cpp
     void cmdAttack_Click();
     [[nodiscard]] bool VerifyForm();
+    /// Whether both sides have an army to send: one line of the attackers' first stack, and one of the
+    /// defenders, is more than "None". Warns like VerifyForm otherwise.
+    [[nodiscard]] bool VerifyArmies();
+    [[nodiscard]] bool HasArmy(Side side, Long lineCount) const;
+    void WarnOfMissingArmies();
     void FillArmyCollections();
     void AddAttacker(Long row, Long position);
     void AddDefender(Long row, Long position);
