@@ -3,8 +3,8 @@
 #include "app/Binding.h"
 
 #include "app/ArmyListView.h"
-#include "app/DropDown.h"
 #include "app/ErrorReport.h"
+#include "app/Picker.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -100,6 +100,7 @@ void ShowEntries(QComboBox& widget, const ComboBox& control) {
 void ShowLines(ArmyListView& widget, const ListBox& control) {
     const QSignalBlocker blocker(widget);
     const int count = ToQt(control.ListCount());
+    const int shownCount = widget.count();
     while (widget.count() > count)
         delete widget.takeItem(widget.count() - 1);
     for (int line = 0; line < count; ++line) {
@@ -121,6 +122,9 @@ void ShowLines(ArmyListView& widget, const ListBox& control) {
         if (widget.currentItem() != nullptr)
             widget.scrollToItem(widget.currentItem());
     }
+    // What was added stands at the end.
+    if (count > shownCount)
+        widget.ShowLastLine();
 }
 
 void TakeSelection(const ArmyListView& widget, ListBox& control) {
@@ -171,7 +175,7 @@ void Bind(QPushButton& widget, Button& control) {
         const QPointer<QPushButton> button = &widget;
         RunOutermost([&] { control.Press(); });
         // A button that was disabled while it worked gets its focus back, unless the user has moved on.
-        if (button && button->isEnabled() && button->window()->hasFocus())
+        if (button && button->isEnabled() && button->window()->focusWidget() == button->window())
             button->setFocus(Qt::OtherFocusReason);
     });
 }
@@ -195,6 +199,7 @@ void Bind(QLineEdit& widget, TextBox& control) {
         if (edit.text() != ToQt(model.Text()))
             edit.setText(ToQt(model.Text()));
     });
+    widget.setMaxLength(control.MaxLength);
     if (control.KeyPress)
         widget.setValidator(new KeyFilter(&widget, control));
     QObject::connect(&widget, &QLineEdit::textChanged, &widget, [&control](const QString& text) {
@@ -230,7 +235,11 @@ void Bind(QProgressBar& widget, ProgressBar& control) {
     widget.setRange(0, 100);
     ShowWith(widget, control, [](QProgressBar& bar, const ProgressBar& model) {
         bar.setVisible(model.Visible);
+        // The toolkit would paint the bar at once at every step of a run; like all else it is painted when
+        // events are next processed, so that the bar and the text beside it stay in step.
+        bar.setUpdatesEnabled(false);
         bar.setValue(ToQt(model.Value));
+        bar.setUpdatesEnabled(true);
     });
 }
 

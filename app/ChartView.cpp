@@ -4,9 +4,11 @@
 
 #include "app/Binding.h"
 
+#include <QAccessibleWidget>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QPainter>
 #include <QTimer>
 #include <QToolTip>
 
@@ -40,6 +42,12 @@ QSharedPointer<QCPAxisTicker> WholeNumbers() {
     return ticks;
 }
 
+/// Tells screen readers that a chart is one.
+QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* object) {
+    auto* const chart = dynamic_cast<ChartView*>(object);
+    return chart != nullptr ? new QAccessibleWidget(chart, QAccessible::Chart) : nullptr;
+}
+
 } // namespace
 
 ChartView::ChartView(Chart& chart, QWidget* parent)
@@ -47,6 +55,8 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
     setMinimumSize(fontMetrics().averageCharWidth() * 50, fontMetrics().height() * 14);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    // Installing it again changes nothing.
+    QAccessible::installFactory(MakeAccessible);
     setAccessibleName(QString::fromStdString(chart.Title));
 
     plotLayout()->insertRow(0);
@@ -198,6 +208,36 @@ void ChartView::resizeEvent(QResizeEvent* event) {
 }
 
 void ChartView::contextMenuEvent(QContextMenuEvent* event) {
+    OpenMenu(event->globalPos());
+}
+
+void ChartView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        OpenMenu(mapToGlobal(axisRect()->topLeft()));
+    else
+        QCustomPlot::keyPressEvent(event);
+}
+
+void ChartView::focusInEvent(QFocusEvent* event) {
+    QCustomPlot::focusInEvent(event);
+    update();
+}
+
+void ChartView::focusOutEvent(QFocusEvent* event) {
+    QCustomPlot::focusOutEvent(event);
+    update();
+}
+
+void ChartView::paintEvent(QPaintEvent* event) {
+    QCustomPlot::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2.0));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
+void ChartView::OpenMenu(const QPoint& position) {
     // Not executed but popped up: a run that pumps this event goes on behind the menu.
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -206,7 +246,7 @@ void ChartView::contextMenuEvent(QContextMenuEvent* event) {
     menu->addAction(QString::fromStdString(chart_->CopyNumbers), this, [this] {
         QGuiApplication::clipboard()->setText(QString::fromStdString(chart_->Numbers()));
     });
-    menu->popup(event->globalPos());
+    menu->popup(position);
 }
 
 } // namespace vorhaven

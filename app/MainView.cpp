@@ -2,7 +2,7 @@
 
 #include "app/MainView.h"
 
-#include "app/ArmyListView.h"
+#include "app/ArmyPanel.h"
 #include "app/BoundWidgets.h"
 #include "app/DropDown.h"
 #include "app/ErrorReport.h"
@@ -11,29 +11,49 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
 #include <QStatusBar>
 
 namespace vorhaven {
 
-MainView::MainView(frmBrawlpad& pad) : pad_(&pad) {
-    setWindowTitle(QString::fromStdString(pad.Caption));
-    auto* const middle = new QVBoxLayout;
-    middle->addWidget(MakeSettings());
-    middle->addWidget(MakeQuickResults());
-    middle->addStretch();
-    middle->addWidget(MakeRunButtons());
+namespace {
 
+/// What the three columns take side by side in their usual shape.
+constexpr int UsualWidthInEm = 80;
+
+/// Wide enough for any percentage and any average that the quick results show.
+constexpr const char* WidestPercentage = "00.0000000000000%";
+constexpr const char* WidestAverage = "000.000000";
+
+void Enlarge(QWidget& widget, double factor) {
+    QFont font = widget.font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * factor);
+    widget.setFont(font);
+}
+
+} // namespace
+
+MainView::MainView(frmBrawlpad& pad)
+    : pad_(&pad),
+      compact_(screen()->availableSize().width() < UsualWidthInEm * QFontInfo(font()).pixelSize()) {
+    setWindowTitle(QString::fromStdString(pad.Caption));
     auto* const contents = new QWidget;
     auto* const columns = new QHBoxLayout(contents);
-    columns->addWidget(MakeArmies(Side::Attack), 1);
-    columns->addLayout(middle);
-    columns->addWidget(MakeArmies(Side::Defend), 1);
+    for (const Side side : {Side::Attack, Side::Defend}) {
+        ArmyPanel*& panel = armies_[static_cast<std::size_t>(side)];
+        panel = new ArmyPanel(pad, side, compact_);
+        columns->addWidget(panel, 1);
+    }
+    columns->insertLayout(1, MakeMiddle());
     setCentralWidget(new Scroller(contents));
     MakeStatusBar();
     MakeMenu();
@@ -48,57 +68,20 @@ void MainView::closeEvent(QCloseEvent* event) {
     QCoreApplication::exit();
 }
 
-QWidget* MainView::MakeArmies(Side side) {
-    const auto i = static_cast<std::size_t>(side);
-    frmBrawlpad& pad = *pad_;
-    auto* const frame = Make<QGroupBox>(pad.FrameOf(side));
+QLayout* MainView::MakeMiddle() {
+    auto* const layout = new QVBoxLayout;
+    layout->addWidget(MakeSettings());
+    layout->addLayout(MakeRunButtons());
+    layout->addWidget(MakeQuickResults());
+    layout->addStretch();
+    layout->addWidget(MakeButton(pad_->sscExit), 0, Qt::AlignRight);
+    return layout;
+}
 
-    auto* const pickerLabel = Make<QLabel>(pad.lblArmies[i]);
-    auto* const picker = MakeFocusable<Picker>(pad, pad.cboArmies[i]);
-    picker->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    picker->setMinimumContentsLength(18);
-    LabelField(*picker, *pickerLabel);
-
-    auto* const lines = MakeFocusable<ArmyListView>(pad, pad.lstArmies[i]);
-    lines->setAccessibleName(frame->title());
-    lines->MenuRequested = [this, side](const QPoint& position) {
-        menuPosition_ = position;
-        RunOutermost([&] { pad_->lstArmies_MouseUp(side, frmBrawlpad::MouseButton::Right); });
-    };
-    lines->DeletePressed = [this] { RunOutermost([&] { pad_->mnuPopupDelete.Choose(); }); };
-    std::vector<QLabel*> stackLabels;
-    if (side == Side::Attack)
-        for (Label& label : pad.lblStack)
-            stackLabels.push_back(Make<QLabel>(label));
-    else
-        stackLabels.push_back(Make<QLabel>(pad.lblDefStack));
-
-    auto* const up = MakeFocusable<QPushButton>(pad, pad.sscListArrow[2 * i]);
-    auto* const down = MakeFocusable<QPushButton>(pad, pad.sscListArrow[2 * i + 1]);
-    auto* const clear = MakeFocusable<QPushButton>(pad, pad.sscClearList[i]);
-    auto* const copiesLabel = Make<QLabel>(pad.lblDup[i]);
-    auto* const copies = MakeNumberBox(pad, pad.updDup[i]);
-    auto* const duplicate = MakeFocusable<QPushButton>(pad, pad.sscDup[i]);
-    LabelField(*copies, *copiesLabel);
-
-    auto* const list = new QHBoxLayout;
-    list->addWidget(new StackLabels(*lines, stackLabels));
-    list->addWidget(lines);
-    auto* const tools = new QGridLayout;
-    tools->addWidget(up, 0, 0);
-    tools->addWidget(down, 0, 1);
-    tools->addWidget(copiesLabel, 1, 0);
-    tools->addWidget(copies, 1, 1);
-    tools->addWidget(duplicate, 2, 0);
-    tools->addWidget(clear, 2, 1);
-
-    auto* const layout = new QVBoxLayout(frame);
-    layout->addWidget(pickerLabel);
-    layout->addWidget(picker);
-    layout->addLayout(list, 1);
-    layout->addLayout(tools);
-    armyTabs_[i] = {picker, lines, up, down, copies, duplicate, clear};
-    return frame;
+QWidget* MainView::MakeButton(Button& control) {
+    auto* const button = MakeFocusable<QPushButton>(*pad_, control);
+    middleTabs_ += button;
+    return button;
 }
 
 QWidget* MainView::MakeSettings() {
@@ -113,7 +96,9 @@ QWidget* MainView::MakeSettings() {
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setMinimumContentsLength(11);
     }
+    connect(battles, &QLineEdit::returnPressed, this, [this] { attack_->click(); });
     auto* const layout = new QFormLayout(frame);
+    layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     AddRow(*layout, pad.lblCombatDice, dice);
     AddRow(*layout, pad.lblNumSimulations, battles);
     AddRow(*layout, pad.lblTerrain, terrain);
@@ -123,36 +108,55 @@ QWidget* MainView::MakeSettings() {
     return frame;
 }
 
+QLayout* MainView::MakeRunButtons() {
+    attack_ = MakeFocusable<QPushButton>(*pad_, pad_->cmdAttack);
+    auto* const abort = MakeFocusable<QPushButton>(*pad_, pad_->sscAbort);
+    Enlarge(*attack_, 1.0);
+    attack_->setMinimumHeight(QFontInfo(font()).pixelSize() * 27 / 10);
+    abort->setMinimumHeight(attack_->minimumHeight());
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, abort, &QPushButton::click);
+    middleTabs_ += {attack_, abort};
+    auto* const layout = new QHBoxLayout;
+    layout->addWidget(attack_, 3);
+    layout->addWidget(abort, 1);
+    return layout;
+}
+
 QWidget* MainView::MakeQuickResults() {
     frmBrawlpad& pad = *pad_;
     auto* const frame = Make<QGroupBox>(pad.fraQuickResults);
-    auto* const layout = new QFormLayout(frame);
-    const auto addFigure = [&](Label& caption, Label& figure) {
-        auto* const label = Make<QLabel>(figure);
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        // As wide as common figures, so that most results move nothing else in the window.
-        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("00.00000%")));
-        AddRow(*layout, caption, label);
+    const auto makeFigure = [](Label& control, const char* widest) {
+        auto* const figure = Make<QLabel>(control);
+        figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        figure->setMinimumWidth(figure->fontMetrics().horizontalAdvance(QString::fromLatin1(widest)));
+        return figure;
     };
-    addFigure(pad.lblAttWinPercentCaption, pad.lblAttWinPercent);
-    for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column)
-        addFigure(pad.lblAvgCaption[column], pad.lblAvg[column]);
-    return frame;
-}
+    auto* const wins = makeFigure(pad.lblAttWinPercent, "");
+    Enlarge(*wins, compact_ ? 1.4 : 1.8);
+    wins->setMinimumWidth(wins->fontMetrics().horizontalAdvance(QString::fromLatin1(WidestPercentage)));
+    wins->setMinimumHeight(wins->fontMetrics().height());
+    auto* const winsCaption = Make<QLabel>(pad.lblAttWinPercentCaption);
+    LabelField(*wins, *winsCaption);
 
-QWidget* MainView::MakeRunButtons() {
-    frmBrawlpad& pad = *pad_;
-    auto* const buttons = new QWidget;
-    auto* const layout = new QGridLayout(buttons);
-    layout->setContentsMargins(0, 0, 0, 0);
-    int place = 0;
-    for (Button* button : {&pad.cmdAttack, &pad.sscAbort, &pad.sscMoreResults, &pad.sscExit}) {
-        auto* const widget = MakeFocusable<QPushButton>(pad, *button);
-        layout->addWidget(widget, place / 2, place % 2);
-        middleTabs_ += widget;
-        ++place;
-    }
-    return buttons;
+    auto* const averages = new QFormLayout;
+    for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column)
+        AddRow(*averages, pad.lblAvgCaption[column], makeFigure(pad.lblAvg[column], WidestAverage));
+    auto* const moreResults = MakeButton(pad.sscMoreResults);
+    // A number of battles that the last run did not have cannot be shown.
+    const auto showIfPossible = [this, moreResults] {
+        moreResults->setEnabled(pad_->sscMoreResults.Enabled && pad_->HasResultsToShow());
+    };
+    KeepWith(*moreResults, pad.txtNumSimulations.Changed.Connect(showIfPossible));
+    KeepWith(*moreResults, pad.sscMoreResults.Changed.Connect(showIfPossible));
+
+    auto* const details = new QBoxLayout(compact_ ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    details->addLayout(averages, 1);
+    details->addWidget(moreResults, 0, Qt::AlignRight | Qt::AlignBottom);
+    auto* const layout = new QVBoxLayout(frame);
+    layout->addWidget(winsCaption);
+    layout->addWidget(wins);
+    layout->addLayout(details);
+    return frame;
 }
 
 void MainView::MakeStatusBar() {
@@ -192,17 +196,19 @@ void MainView::MakeMenu() {
     }
     menu_->addSeparator();
     Bind(*menu_->addAction(QString()), pad_->mnuPopupDelete);
-    KeepWith(*this, pad_->PopupMenuRequested.Connect([this](Side /*side*/) { menu_->popup(menuPosition_); }));
+    KeepWith(*this, pad_->PopupMenuRequested.Connect([this](Side side) {
+        menu_->popup(armies_[static_cast<std::size_t>(side)]->MenuPosition());
+    }));
 }
 
 void MainView::OrderTabs() {
     QWidget* previous = nullptr;
-    for (QWidget* widget : armyTabs_[0] + middleTabs_ + armyTabs_[1]) {
+    for (QWidget* widget : armies_[0]->Tabs() + middleTabs_ + armies_[1]->Tabs()) {
         if (previous != nullptr)
             setTabOrder(previous, widget);
         previous = widget;
     }
-    armyTabs_[0].front()->setFocus();
+    armies_[0]->Tabs().front()->setFocus();
 }
 
 } // namespace vorhaven

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/Picker.h"
+
+#include "model/CAttackArmies.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace vorhaven {
+namespace {
+
+constexpr int LetterInterval = 1000; // ms
+
+bool HasLaterWord(const QString& name, const QString& beginning) {
+    for (qsizetype space = name.indexOf(' '); space >= 0; space = name.indexOf(' ', space + 1))
+        if (name.mid(space + 1).startsWith(beginning, Qt::CaseInsensitive))
+            return true;
+    return false;
+}
+
+bool IsOneLetterRepeated(const QString& letters) {
+    return letters.count(letters.front(), Qt::CaseInsensitive) == letters.size();
+}
+
+} // namespace
+
+QList<int> PickerList::RowsFoundBy(const QString& letters) const {
+    QList<int> rows;
+    QList<int> rowsByLaterWord;
+    for (int row = 0; row < model()->rowCount(); ++row) {
+        const QString name = model()->index(row, 0).data().toString();
+        if (name.startsWith(letters, Qt::CaseInsensitive))
+            rows += row;
+        else if (HasLaterWord(name, letters))
+            rowsByLaterWord += row;
+    }
+    return rows + rowsByLaterWord;
+}
+
+void PickerList::keyboardSearch(const QString& text) {
+    if (text.isEmpty())
+        return;
+    if (!sinceLetter_.isValid() || sinceLetter_.hasExpired(LetterInterval))
+        typed_.clear();
+    sinceLetter_.start();
+
+    const int current = currentIndex().row();
+    const QString letters = typed_ + text;
+    QList<int> rows = RowsFoundBy(letters);
+    bool isNextWanted = typed_.isEmpty();
+    if (rows.isEmpty() && IsOneLetterRepeated(letters)) {
+        rows = RowsFoundBy(text);
+        isNextWanted = true;
+    }
+    if (rows.isEmpty())
+        return;
+    typed_ = letters;
+    // The list of what is found is gone through from the current entry on, round and round.
+    const auto place = rows.indexOf(current);
+    if (place < 0)
+        setCurrentIndex(model()->index(rows.front(), 0));
+    else if (isNextWanted)
+        setCurrentIndex(model()->index(rows[(place + 1) % rows.size()], 0));
+}
+
+Picker::Picker(QWidget* parent) : DropDown(parent), list_(new PickerList) {
+    setView(list_);
+    setMaxVisibleItems(MaxLines);
+    // A list that scrolls below the field, not a menu as high as the screen.
+    setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }"));
+}
+
+void Picker::keyPressEvent(QKeyEvent* event) {
+    // A key held down since before the list was left, or before the focus came here, opens nothing.
+    if (event->isAutoRepeat()) {
+        event->ignore();
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F4:
+        showPopup();
+        return;
+    default:
+        break;
+    }
+    const QString text = event->text();
+    const bool isLetter = !text.isEmpty() && text.front().isLetterOrNumber() &&
+                          !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (!isLetter) {
+        event->ignore();
+        return;
+    }
+    showPopup();
+    list_->EndSearch();
+    list_->keyboardSearch(text);
+}
+
+} // namespace vorhaven
