@@ -80,13 +80,13 @@ TEST(Catalogue, PutsEveryCellInItsColumnHoweverTheFileIsWritten) {
         {"no end of the last line", Changed(A, "-1,0\n", "-1,0")},
         {"other columns, another order", Changed(P, "", "more,name,code\r\n,Sparks,22\r\nx,\"Frost, \"\"deep\"\"\",-32768\r\n\r\n")},
     };
-    for (const auto& [reason, texts] : cases)
-        EXPECT_EQ(ContentsOrError([&] { return Read(texts); }),
+    for (const auto& test : cases)
+        EXPECT_EQ(ContentsOrError([&] { return Read(test.texts); }),
                   "Sparks|Frost, \"deep\"|"
                   "#0|Reeds|c2|c3|#4|#5|#6|#7|#8|#9|#10|c11|c12|c13|c14|c15|c16|ice|#18|c19|c20|c21|#22|#23|"
                   "#1|Kites|12|||#-5||#-2147483648|#2147483647|||||Fly|||||#0||||#-1|#0|"
                   "#0|Thane|c2|c3|#4|#5|#6|#7|#8|c9|#10|c11|c12|c13|c14|c15|woods|#17|")
-            << reason;
+            << test.reason;
 }
 
 TEST(Catalogue, RefusesABrokenFileAndTellsWhereAndWhy) {
@@ -111,7 +111,7 @@ TEST(Catalogue, RefusesABrokenFileAndTellsWhereAndWhy) {
         {H, "", "\n \r\n", "", "an empty file", header},
         {P, "", "code,name\n\n", ", line 2", "no row below the header", "at least one"},
         {P, "\n-", std::string(rest + 2, '\n') + '-', "", "a file that is too large", "at most 4 MiB"},
-        {P, "\n-", std::string(rest, '\n') + "--", ", line " + std::to_string(rest + 2) + ", column \"code\"", "\"--32768\"", code},  // just not
+        {P, "\n-", std::string(rest, '\n') + "--", ", line " + std::to_string(rest + 2) + ", column \"code\"", "\"--32768\"", code},  // 4 MiB exactly
         {P, "", "code;name\n1;Hero\n", R"(, line 1, column "code")", "no such column", header},
         {A, ",hits,", ",Hits,", R"(, line 1, column "hits")", "no such column", header},
         {H, ",view,", ",hits,", R"(, line 1, column "hits")", "it twice", header},
@@ -128,7 +128,7 @@ TEST(Catalogue, RefusesABrokenFileAndTellsWhereAndWhy) {
         {P, "Sparks", "", R"(, line 2, column "name")", "an empty cell", "the power's name"},
         {A, "\n1,", "\n2,", R"(, line 3, column "id")", R"("2")", "1: identifiers count the rows from 0"},
         {A, "Kites", "\"  \"", R"(, line 3, column "name")", "an empty cell", name},
-        {H, "Thane", "\" None\"", R"(, line 2, column "name")", "\"None\"", name},
+        {H, "Thane", "\" None\"", R"(, line 2, column "name")", R"("None")", name},
         {A, "Kites", "\"Kites * \"", R"(, line 3, column "name")", R"("Kites *")", mark},
         {A, "Kites", "Reeds", R"(, line 3, column "name")", reedsAgain, unique},
         {H, "Thane", "Reeds", R"(, line 2, column "name")", reedsAgain, unique},
