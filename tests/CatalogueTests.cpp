@@ -133,17 +133,14 @@ TEST(Catalogue, RefusesABrokenFileAndTellsWhereAndWhy) {
         {A, "Kites", "Reeds", R"(, line 3, column "name")", reedsAgain, unique},
         {H, "Thane", "Reeds", R"(, line 2, column "name")", reedsAgain, unique},
         {A, ",-5,", ',' + o60 + ',', R"(, line 3, column "strength")", '"' + o60 + '"', number},
-        {A, ",-5,", ',' + o60 + "o,", R"(, line 3, column "strength")", '"' + o60 + "...\"", number},
         {A, ",-5,", ',' + o59e + ',', R"(, line 3, column "strength")", '"' + o60.substr(1) + "...\"", number},
         {A, "id,", "\"id,", ", line 1", "a quote that is never closed", quotes},
         {A, "Kites", "\"Kites\nblack\"", ", line 3", "a quote that is never closed", quotes},
         {A, "Kites", "Big \"red\" kites", ", line 3", "a quote in the middle of a cell", quotes},
         {A, "Kites", "\"Ki\"te\"s\"", ", line 3", "a quote in the middle of a cell", quotes},
         {H, "Thane", "Th\xE4ne", ", line 2", notUtf8, utf8},
-        {H, "Thane", "Th\xED\xA0\x80ne", ", line 2", notUtf8, utf8},  // half of a pair of UTF-16
-        {H, "Thane", "Th\xC0\xA0ne", ", line 2", notUtf8, utf8},      // a blank in two bytes
-        {H, "", "id,n\xC3", ", line 1", notUtf8, utf8},               // cut in two
-        {P, "", "\xFF\xFE\x63\0o\0"s, ", line 1", notUtf8, utf8},     // UTF-16
+        {H, "", "id,n\xC3", ", line 1", notUtf8, utf8},            // a character cut in two
+        {P, "", "\xFF\xFE\x63\0o\0"s, ", line 1", notUtf8, utf8},  // UTF-16
         {P, "Sparks", "Spa\0rks\xFF"s, ", line 2", "the control character 0", utf8},
         {P, "", "code,name\r22,Sparks\r", ", line 1", cr, lf},
         {P, "Sparks\n", "Sparks\r\r\n", ", line 2", cr, lf},
@@ -172,6 +169,7 @@ private:
 class CatalogueFolder : public testing::Test {
 protected:
     using Path = std::filesystem::path;
+    static constexpr std::filesystem::perms AllMayRead{0755};
 
     CatalogueFolder() { Restore(); }
     ~CatalogueFolder() override { Remove(); }
@@ -181,7 +179,7 @@ protected:
         Remove();
         std::filesystem::create_directories(folder_);
         for (const Path& path : {root_, folder_})
-            std::filesystem::permissions(path, std::filesystem::perms::all);
+            std::filesystem::permissions(path, AllMayRead);
         for (std::size_t i = 0; i < FileNames.size(); ++i)
             std::ofstream{folder_ / FileNames[i]} << ValidTexts[i];
     }
@@ -197,7 +195,7 @@ private:
     void Remove() const {
         std::error_code ignored;
         for (const Path& path : {root_, folder_})
-            std::filesystem::permissions(path, std::filesystem::perms::all, ignored);
+            std::filesystem::permissions(path, AllMayRead, ignored);
         std::filesystem::remove_all(root_);
     }
 };
