@@ -9,6 +9,7 @@
 #include "app/StatsView.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QEvent>
 #include <QMessageBox>
 #include <QScreen>
@@ -133,6 +134,14 @@ void QtToolkit::ShowMessage(const std::string& prompt) {
     QMessageBox box(QMessageBox::NoIcon, mainView_->windowTitle(), QString::fromStdString(prompt),
                     QMessageBox::Ok, mainView_);
     box.exec();
+}
+
+std::string QtToolkit::ClipboardText() const {
+    return QGuiApplication::clipboard()->text().toStdString();
+}
+
+void QtToolkit::SetClipboardText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
 }
 
 void QtToolkit::RunModally(QDialog& view, Form& window) {

@@ -37,6 +37,8 @@ public:
     /// run shows last stands there as soon as it returns to the event loop.
     void ProcessEvents() override;
     void ShowMessage(const std::string& prompt) override;
+    [[nodiscard]] std::string ClipboardText() const override;
+    void SetClipboardText(const std::string& text) override;
     void ShowModal(frmHero& window) override;
     void ShowModal(frmStats& window) override;
     void Show(frmMoreResults& window) override;

@@ -54,8 +54,9 @@ void UpDown::Step(Long steps) {
     buddy_->SetText(ToText(Clamped(value_ + steps)));
 }
 
-void ComboBox::AddItem(std::string text, Long datum) {
+void ComboBox::AddItem(std::string text, Long datum, std::vector<std::string> details) {
     items_.push_back({std::move(text), datum});
+    details_.push_back(std::move(details));
     Changed.Raise();
 }
 

@@ -159,7 +159,11 @@ private:
 struct ListEntry {
     std::string Text;
     Long Datum;
-    bool operator==(const ListEntry&) const = default;
+    /// Tells lines apart that hold the same entry; 0 where nobody needs to.
+    std::int32_t Id = 0;
+
+    /// The same entry, on whatever line.
+    bool operator==(const ListEntry& other) const { return Text == other.Text && Datum == other.Datum; }
 };
 
 /// A drop-down list.
@@ -172,8 +176,12 @@ public:
     /// Raised when the selection changes, by the user or from code, and by every Pick.
     std::function<void()> Click;
 
-    void AddItem(std::string text, Long datum = 0);
+    /// `details`: what is told about the entry beside its text, for the view to show quietly in columns.
+    void AddItem(std::string text, Long datum = 0, std::vector<std::string> details = {});
     [[nodiscard]] const std::vector<ListEntry>& Items() const { return items_; }
+    [[nodiscard]] const std::vector<std::string>& Details(std::size_t item) const {
+        return details_.at(item);
+    }
 
     /// The selected entry, -1 for none. Selecting what is selected already raises no event.
     [[nodiscard]] Long ListIndex() const { return listIndex_; }
@@ -195,6 +203,7 @@ public:
 
 private:
     std::vector<ListEntry> items_;
+    std::vector<std::vector<std::string>> details_;
     Long listIndex_ = -1;
 };
 

@@ -3,11 +3,12 @@
 #include "ui/controls/ListBox.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vorhaven {
 
 void ListBox::AddItem(const ListEntry& entry) {
-    lines_.push_back({entry});
+    lines_.push_back({entry, false, {}});
     Changed.Raise();
 }
 
@@ -29,6 +30,19 @@ void ListBox::Clear() {
     lines_.clear();
     listIndex_ = -1;
     Changed.Raise();
+}
+
+void ListBox::SetEntries(const std::vector<ListEntry>& entries) {
+    lines_.clear();
+    for (const ListEntry& entry : entries)
+        lines_.push_back({entry, false, {}});
+    listIndex_ = -1;
+    Changed.Raise();
+}
+
+void ListBox::SetNote(Long line, const std::string& note) {
+    if (std::exchange(lines_[IndexOf(line)].note, note) != note)
+        Changed.Raise();
 }
 
 void ListBox::SetEntry(Long line, const ListEntry& entry) {

@@ -18,12 +18,15 @@ void frmBrawlpad::cmdAttack_Click() {
         if (gobjCDefArmies)
             gobjCDefArmies = CAttackArmies{*this};
         cmdAttack.Enabled = false;
+        sscSwapSides.Enabled = false;
+        assembled_ = CurrentSetup();
         FillArmyCollections();
         sscAbort.Enabled = true;
         MBattleCalc::Add(*this, NumBattles(), CombatDice, sschkViewStats.Checked,
                          cboCityLevel.ListIndex() + 1);
         sscAbort.Enabled = false;
         cmdAttack.Enabled = true;
+        sscSwapSides.Enabled = true;
         sscMoreResults.Enabled = true;
     }
     sscExit.Enabled = true;
@@ -132,7 +135,11 @@ void frmBrawlpad::EditHero(CArmy& hero) {
     frmHero editor{*toolkit_};
     editor.Hero = &hero;
     editor.Whereabouts = FrameOf(assembledSide_).Caption.Get() + ", line " + ToText(assembledLine_ + 1);
+    const std::int32_t id = list.Entry(assembledLine_).Id;
+    if (const auto values = heroValues_.find(id); values != heroValues_.end())
+        editor.LastValues = values->second;
     toolkit_->ShowModal(editor);
+    heroValues_[id] = HeroValues::From(hero);
     list.Select(selection);
 }
 

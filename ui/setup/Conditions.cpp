@@ -31,6 +31,7 @@ bool RemoveAsteriskEligible(const std::string& text, const HealthRow& row) {
 void frmBrawlpad::RefreshHealthArray() {
     const Trap trap{"frmBrawlpad::RefreshHealthArray"};
     health_ = {};
+    SetupTouched.Raise();
 }
 
 Side frmBrawlpad::FocusedSide() const {
@@ -66,6 +67,7 @@ void frmBrawlpad::mnuPopupItem_Click(std::size_t index) {
         else
             UnmarkLine(side, line);
     }
+    SetupTouched.Raise();
 }
 
 void frmBrawlpad::mnuPopupItemMedals_Click(std::size_t index) {
@@ -78,6 +80,7 @@ void frmBrawlpad::mnuPopupItemMedals_Click(std::size_t index) {
         else
             UnmarkLine(side, line);
     }
+    SetupTouched.Raise();
 }
 
 void frmBrawlpad::mnuPopupDelete_Click() {
