@@ -32,15 +32,37 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         QStyledItemDelegate::paint(painter, option, index);
-        if (index != list_->currentIndex() || option.state.testFlag(QStyle::State_Selected))
-            return;
         painter->save();
-        painter->setPen(option.palette.color(QPalette::Highlight));
-        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        if (index == list_->currentIndex() && !isSelected) {
+            painter->setPen(option.palette.color(QPalette::Highlight));
+            painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+        }
+        PaintNote(*painter, option, index, isSelected);
         painter->restore();
     }
 
 private:
+    /// Paints a line's note in what the name leaves of the line.
+    static void PaintNote(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                          bool isSelected) {
+        const QString note = index.data(ArmyListView::NoteRole).toString();
+        if (note.isEmpty())
+            return;
+        QFont font = option.font;
+        font.setPointSizeF(font.pointSizeF() * 0.92);
+        painter.setFont(font);
+        const QColor text = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+        painter.setPen(isSelected ? text : Mixed(text, option.palette.color(QPalette::Base), Shade::Quiet));
+        const int gap = option.fontMetrics.averageCharWidth();
+        const int nameWidth = option.fontMetrics.horizontalAdvance(index.data().toString()) + 3 * gap;
+        const bool isLeftToRight = option.direction == Qt::LeftToRight;
+        const QRect room = isLeftToRight ? option.rect.adjusted(nameWidth, 0, -gap, 0)
+                                         : option.rect.adjusted(gap, 0, -nameWidth, 0);
+        painter.drawText(room, Qt::AlignVCenter | (isLeftToRight ? Qt::AlignRight : Qt::AlignLeft),
+                         painter.fontMetrics().elidedText(note, Qt::ElideRight, room.width()));
+    }
+
     ArmyListView* list_;
 };
 
@@ -127,6 +149,12 @@ void ArmyListView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier) {
         if (SelectCurrentLine() && DeletePressed)
             DeletePressed();
+    } else if (event->matches(QKeySequence::Copy)) {
+        if (CopyPressed)
+            CopyPressed();
+    } else if (event->matches(QKeySequence::Paste)) {
+        if (PastePressed)
+            PastePressed();
     } else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
         RequestMenuAtCurrentLine();
     } else {

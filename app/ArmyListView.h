@@ -22,12 +22,18 @@ public:
     /// Height of a line, in pixels.
     [[nodiscard]] int LineHeight() const;
 
+    /// The role of what is told quietly at the right end of a line.
+    static constexpr int NoteRole = Qt::UserRole;
+
     /// Called for a right click, or for the menu key or Shift+F10, with the position for a menu. As with
     /// DeletePressed, the current line is selected by then, alone if it was not among the selected ones;
     /// without a current line nothing is called.
     std::function<void(const QPoint&)> MenuRequested;
     /// Called for the Delete key.
     std::function<void()> DeletePressed;
+    /// Called for the keys that copy the selected lines, and that paste.
+    std::function<void()> CopyPressed;
+    std::function<void()> PastePressed;
 
     /// Shows where the list's stacks begin and end, also while it is empty.
     void ShowStacks();

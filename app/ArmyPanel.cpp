@@ -41,6 +41,9 @@ QLayout* ArmyPanel::MakePicker() {
     tabs_ += picker;
     auto* const layout = new QGridLayout;
     layout->addWidget(label, 0, 0);
+    auto* const count = Make<QLabel>(pad_->lblCount[index_]);
+    SetShade(*count, Shade::Quiet);
+    layout->addWidget(count, 0, 1, Qt::AlignRight);
     layout->addWidget(picker, 1, 0, 1, 2);
     return layout;
 }
@@ -53,6 +56,8 @@ QLayout* ArmyPanel::MakeList() {
         RunOutermost([this] { pad_->lstArmies_MouseUp(side_, frmBrawlpad::MouseButton::Right); });
     };
     list_->DeletePressed = [this] { RunOutermost([this] { pad_->mnuPopupDelete.Choose(); }); };
+    list_->CopyPressed = [this] { RunOutermost([this] { pad_->mnuCopy.Choose(); }); };
+    list_->PastePressed = [this] { RunOutermost([this] { pad_->mnuPaste.Choose(); }); };
     tabs_ += list_;
 
     std::vector<QLabel*> stackLabels;

@@ -107,8 +107,19 @@ void ShowLines(ArmyListView& widget, const ListBox& control) {
         if (line == widget.count())
             widget.addItem(QString());
         const QString text = ToQt(control.Entry(line).Text);
-        if (widget.item(line)->text() != text)
-            widget.item(line)->setText(text);
+        QListWidgetItem& item = *widget.item(line);
+        if (item.text() != text)
+            item.setText(text);
+        const QString note = ToQt(control.Note(line));
+        if (item.data(ArmyListView::NoteRole).toString() == note)
+            continue;
+        item.setData(ArmyListView::NoteRole, note);
+        item.setToolTip(note.isEmpty() ? QString() : ToQt(control.ToolTip) + '\n' + note);
+    }
+    for (int line = 0; line < count; ++line) {
+        const QString note = ToQt(control.Note(line));
+        widget.item(line)->setData(Qt::AccessibleTextRole,
+                                   ToQt(control.Entry(line).Text) + (note.isEmpty() ? "" : ", ") + note);
     }
     QItemSelectionModel& selection = *widget.selectionModel();
     for (int line = 0; line < count; ++line) {
@@ -216,7 +227,16 @@ void Bind(DropDown& widget, ComboBox& control) {
 
 void Bind(Picker& widget, ComboBox& control) {
     ShowToolTip(widget, control);
-    ShowWith(widget, control, ShowEntries);
+    ShowWith(widget, control, [](Picker& picker, const ComboBox& model) {
+        const int shownCount = picker.count();
+        ShowEntries(picker, model);
+        for (int row = shownCount; row < picker.count(); ++row) {
+            QStringList details;
+            for (const std::string& detail : model.Details(static_cast<std::size_t>(row)))
+                details += ToQt(detail);
+            picker.setItemData(row, details, Picker::DetailsRole);
+        }
+    });
     QObject::connect(&widget, &QComboBox::activated, &widget,
                      [&control](int index) { RunOutermost([&] { control.Pick(index); }); });
 }

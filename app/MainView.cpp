@@ -7,6 +7,7 @@
 #include "app/DropDown.h"
 #include "app/ErrorReport.h"
 #include "app/Scroller.h"
+#include "app/Shade.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -14,6 +15,7 @@
 #include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QProgressBar>
@@ -21,6 +23,9 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTimer>
+
+#include <algorithm>
 
 namespace vorhaven {
 
@@ -40,6 +45,18 @@ void Enlarge(QWidget& widget, double factor) {
     widget.setFont(font);
 }
 
+/// Indents numbers so that their decimal points stand below each other.
+void AlignPoints(const QList<QLabel*>& numbers) {
+    const auto widthBeforePoint = [](const QLabel& number) {
+        return number.fontMetrics().horizontalAdvance(number.text().section('.', 0, 0));
+    };
+    int widest = 0;
+    for (const QLabel* number : numbers)
+        widest = std::max(widest, widthBeforePoint(*number));
+    for (QLabel* number : numbers)
+        number->setIndent(widest - widthBeforePoint(*number));
+}
+
 } // namespace
 
 MainView::MainView(frmBrawlpad& pad)
@@ -57,6 +74,8 @@ MainView::MainView(frmBrawlpad& pad)
     setCentralWidget(new Scroller(contents));
     MakeStatusBar();
     MakeMenu();
+    MakeShortcuts();
+    MakeSettling();
     OrderTabs();
     KeepWith(*this, pad.Unloading.Connect([this] { close(); }));
 }
@@ -103,8 +122,14 @@ QWidget* MainView::MakeSettings() {
     AddRow(*layout, pad.lblNumSimulations, battles);
     AddRow(*layout, pad.lblTerrain, terrain);
     AddRow(*layout, pad.lblCityLevel, cityLevel);
-    layout->addRow(viewStats);
+    auto* const terrainLocked = Make<QLabel>(pad.lblTerrainLocked);
+    SetShade(*terrainLocked, Shade::Quiet);
     middleTabs_ += {dice, battles, terrain, cityLevel, viewStats};
+    auto* const lastRow = new QHBoxLayout;
+    lastRow->addWidget(viewStats, 1);
+    lastRow->addWidget(MakeButton(pad.sscSwapSides));
+    layout->addRow(lastRow);
+    layout->addRow(terrainLocked);
     return frame;
 }
 
@@ -133,10 +158,16 @@ QWidget* MainView::MakeQuickResults() {
     };
     auto* const wins = makeFigure(pad.lblAttWinPercent, "");
     Enlarge(*wins, compact_ ? 1.4 : 1.8);
-    wins->setMinimumWidth(wins->fontMetrics().horizontalAdvance(QString::fromLatin1(WidestPercentage)));
     wins->setMinimumHeight(wins->fontMetrics().height());
     auto* const winsCaption = Make<QLabel>(pad.lblAttWinPercentCaption);
     LabelField(*wins, *winsCaption);
+    auto* const margin = Make<QLabel>(pad.lblWinMargin);
+    SetShade(*margin, Shade::Quiet);
+    KeepWith(*margin, pad.lblWinMargin.Changed.Connect([this, margin] {
+        margin->setToolTip(QString::fromStdString(pad_->WinMarginInWords));
+        margin->setAccessibleDescription(margin->toolTip());
+    }));
+    auto* const outOfDate = Make<QLabel>(pad.lblOutOfDate);
 
     auto* const averages = new QFormLayout;
     for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column)
@@ -152,9 +183,31 @@ QWidget* MainView::MakeQuickResults() {
     auto* const details = new QBoxLayout(compact_ ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     details->addLayout(averages, 1);
     details->addWidget(moreResults, 0, Qt::AlignRight | Qt::AlignBottom);
+    QList<QLabel*> figures{wins};
+    for (int row = 0; row < averages->rowCount(); ++row)
+        figures += qobject_cast<QLabel*>(averages->itemAt(row, QFormLayout::FieldRole)->widget());
+    for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column)
+        KeepWith(*frame, pad.lblAvg[column].Changed.Connect([figures] { AlignPoints(figures.mid(1)); }));
+    KeepWith(*frame, pad.lblOutOfDate.Changed.Connect([this, figures] {
+        const bool isOutOfDate = !pad_->lblOutOfDate.Caption.Get().empty();
+        for (QLabel* figure : figures)
+            SetShade(*figure, isOutOfDate ? Shade::Dimmed : Shade::Full);
+    }));
+
+    auto* const caption = new QHBoxLayout;
+    caption->addWidget(winsCaption, 1);
+    caption->addWidget(outOfDate);
+    auto* const percentage = new QHBoxLayout;
+    percentage->addWidget(wins);
+    percentage->addWidget(margin, 1, Qt::AlignVCenter);
     auto* const layout = new QVBoxLayout(frame);
-    layout->addWidget(winsCaption);
-    layout->addWidget(wins);
+    layout->addLayout(caption);
+    layout->addLayout(percentage);
+    // Room for the widest percentage with its margin behind it.
+    layout->addItem(
+        new QSpacerItem(wins->fontMetrics().horizontalAdvance(QString::fromLatin1(WidestPercentage)) +
+                            margin->fontMetrics().horizontalAdvance(QStringLiteral("  ± 00.0")),
+                        0));
     layout->addLayout(details);
     return frame;
 }
@@ -170,7 +223,8 @@ void MainView::MakeStatusBar() {
     Bind(*progress, pad_->pbBattleProgress);
     layout->addWidget(progress);
     picProgBar->setToolTip(progress->accessibleName());
-    picProgBar->setMinimumHeight(progress->sizeHint().height());
+    progress->setMaximumHeight(fontMetrics().height() * 2 / 3);
+    picProgBar->setMinimumHeight(fontMetrics().height());
     statusBar()->addWidget(picProgBar, 2);
     statusBar()->addWidget(Make<QLabel>(pad_->sbrBrawlpad[1]), 1);
     statusBar()->addPermanentWidget(Make<QLabel>(pad_->sbrBrawlpad[2]));
@@ -196,8 +250,50 @@ void MainView::MakeMenu() {
     }
     menu_->addSeparator();
     Bind(*menu_->addAction(QString()), pad_->mnuPopupDelete);
+    menu_->addSeparator();
+    for (MenuItem* item : {&pad_->mnuCopy, &pad_->mnuPaste, &pad_->mnuCopyBattle})
+        Bind(*menu_->addAction(QString()), *item);
+    menu_->addSeparator();
+    for (MenuItem* item : {&pad_->mnuUndo, &pad_->mnuRedo})
+        Bind(*menu_->addAction(QString()), *item);
     KeepWith(*this, pad_->PopupMenuRequested.Connect([this](Side side) {
         menu_->popup(armies_[static_cast<std::size_t>(side)]->MenuPosition());
+    }));
+}
+
+void MainView::MakeShortcuts() {
+    const auto add = [this](QKeySequence::StandardKey key, MenuItem& item) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this,
+                [&item] { RunOutermost([&item] { item.Choose(); }); });
+    };
+    add(QKeySequence::Undo, pad_->mnuUndo);
+    add(QKeySequence::Redo, pad_->mnuRedo);
+    // A field's own undo would go behind the window's, which has the field's changes too.
+    for (QLineEdit* edit : findChildren<QLineEdit*>())
+        edit->installEventFilter(this);
+}
+
+bool MainView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        auto* const key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+            key->ignore();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainView::MakeSettling() {
+    // Whatever an action changes is taken in at once, when the action is over.
+    auto* const settling = new QTimer(this);
+    settling->setSingleShot(true);
+    settling->setInterval(0);
+    connect(settling, &QTimer::timeout, this, [this] { RunOutermost([this] { pad_->Settle(); }); });
+    KeepWith(*this, pad_->SetupTouched.Connect([settling] { settling->start(); }));
+    KeepWith(*this, pad_->Noticed.Connect([this](const std::string& notice) {
+        constexpr int shownFor = 6000; // ms
+        statusBar()->showMessage(QString::fromStdString(notice), shownFor);
     }));
 }
 

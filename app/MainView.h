@@ -24,6 +24,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     [[nodiscard]] QLayout* MakeMiddle();
@@ -31,6 +32,8 @@ private:
     [[nodiscard]] QLayout* MakeRunButtons();
     [[nodiscard]] QWidget* MakeQuickResults();
     [[nodiscard]] QWidget* MakeButton(Button& control);
+    void MakeSettling();
+    void MakeShortcuts();
     void MakeStatusBar();
     void MakeMenu();
     void OrderTabs();

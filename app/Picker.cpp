@@ -2,9 +2,13 @@
 
 #include "app/Picker.h"
 
+#include "app/Shade.h"
 #include "model/CAttackArmies.h"
 
 #include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
@@ -23,6 +27,41 @@ bool HasLaterWord(const QString& name, const QString& beginning) {
 bool IsOneLetterRepeated(const QString& letters) {
     return letters.count(letters.front(), Qt::CaseInsensitive) == letters.size();
 }
+
+int GapOf(const QFontMetrics& metrics) {
+    return 2 * metrics.averageCharWidth();
+}
+
+/// Paints an entry's details in columns behind its name.
+class DetailsDelegate final : public QStyledItemDelegate {
+public:
+    explicit DetailsDelegate(PickerList& list) : QStyledItemDelegate(&list), list_(&list) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        const QStringList details = index.data(Picker::DetailsRole).toStringList();
+        const QList<int>& widths = list_->ColumnWidths();
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        const QColor text = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+        painter->save();
+        painter->setPen(isSelected ? text : Mixed(text, option.palette.color(QPalette::Base), Shade::Quiet));
+        const int gap = GapOf(option.fontMetrics);
+        int left = gap + widths.value(0);
+        for (qsizetype column = 0; column + 1 < widths.size() && column < details.size(); ++column) {
+            left += gap;
+            const QRect room(option.rect.left() + left, option.rect.top(), widths[column + 1],
+                             option.rect.height());
+            painter->drawText(QStyle::visualRect(option.direction, option.rect, room),
+                              Qt::AlignVCenter | Qt::AlignLeft, details[column]);
+            left += widths[column + 1];
+        }
+        painter->restore();
+    }
+
+private:
+    PickerList* list_;
+};
 
 } // namespace
 
@@ -65,11 +104,35 @@ void PickerList::keyboardSearch(const QString& text) {
         setCurrentIndex(model()->index(rows[(place + 1) % rows.size()], 0));
 }
 
+int PickerList::MeasureColumns() {
+    columnWidths_.clear();
+    for (int row = 0; row < model()->rowCount(); ++row) {
+        const QModelIndex index = model()->index(row, 0);
+        const QStringList texts =
+            QStringList{index.data().toString()} + index.data(Picker::DetailsRole).toStringList();
+        columnWidths_.resize(std::max(columnWidths_.size(), texts.size()));
+        for (qsizetype column = 0; column < texts.size(); ++column)
+            columnWidths_[column] =
+                std::max(columnWidths_[column], fontMetrics().horizontalAdvance(texts[column]));
+    }
+    int width = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    for (const int column : columnWidths_)
+        width += column + GapOf(fontMetrics());
+    return width;
+}
+
 Picker::Picker(QWidget* parent) : DropDown(parent), list_(new PickerList) {
     setView(list_);
+    list_->setItemDelegate(new DetailsDelegate(*list_));
     setMaxVisibleItems(MaxLines);
     // A list that scrolls below the field, not a menu as high as the screen.
     setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }"));
+}
+
+void Picker::showPopup() {
+    list_->setMinimumWidth(std::max(width(), list_->MeasureColumns()));
+    list_->EndSearch();
+    DropDown::showPopup();
 }
 
 void Picker::keyPressEvent(QKeyEvent* event) {
@@ -102,7 +165,6 @@ void Picker::keyPressEvent(QKeyEvent* event) {
         return;
     }
     showPopup();
-    list_->EndSearch();
     list_->keyboardSearch(text);
 }
 

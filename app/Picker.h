@@ -18,6 +18,11 @@ public:
 
     void keyboardSearch(const QString& text) override;
 
+    /// Measures the names (column 0) and the columns of their details; returns what all take side by side, in
+    /// pixels.
+    int MeasureColumns();
+    [[nodiscard]] const QList<int>& ColumnWidths() const { return columnWidths_; }
+
     /// Begins a new look-up with the next letter.
     void EndSearch() { typed_.clear(); }
 
@@ -25,6 +30,7 @@ private:
     /// The rows that some letters find, in the order in which they are offered.
     [[nodiscard]] QList<int> RowsFoundBy(const QString& letters) const;
 
+    QList<int> columnWidths_;
     QString typed_;
     QElapsedTimer sinceLetter_;
 };
@@ -33,7 +39,12 @@ private:
 /// anything: a key that would move the selection opens the list instead, and letters look up an entry in it.
 class Picker final : public DropDown {
 public:
+    /// The role of what is told quietly beside an entry in the open list: a list of texts, one a column.
+    static constexpr int DetailsRole = Qt::UserRole;
+
     explicit Picker(QWidget* parent = nullptr);
+
+    void showPopup() override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
