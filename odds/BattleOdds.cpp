@@ -70,10 +70,12 @@ void Battles::Meet(std::size_t i, std::size_t j) {
     DuelOdds duel{attacker.Army, defender.Army, dice_, *flyers_, survivors_, *budget_};
     for (const State& survivor : attackers_)
         for (const State& fresh : attacker.StackBehind ? defender.States : defender.StatesUnhealed)
-            duel.Fight({survivor, fresh});
+            if (!budget_->Exhausted())
+                duel.Fight({survivor, fresh});
     for (const State& survivor : defenders_[j])
         for (const State& fresh : attacker.StatesUnhealed)
-            duel.Fight({fresh, survivor});
+            if (!budget_->Exhausted())
+                duel.Fight({fresh, survivor});
     endless_ += duel.Endless();
 
     std::swap(attackers_, survivors_.Attacker);

@@ -54,8 +54,8 @@ public:
     /// Takes one step, a microsecond at most; returns false when no more may be taken.
     [[nodiscard]] bool Step() {
         constexpr unsigned stepsPerQuestion = 64;
-        if (++steps_ % stepsPerQuestion == 0 && !(*goOn_)())
-            exhausted_ = true;
+        if (!exhausted_ && ++steps_ % stepsPerQuestion == 0)
+            exhausted_ = !(*goOn_)();
         return !exhausted_;
     }
     void Exhaust() { exhausted_ = true; }
