@@ -6,6 +6,7 @@
 #include "app/BoundWidgets.h"
 #include "app/DropDown.h"
 #include "app/ErrorReport.h"
+#include "app/OddsView.h"
 #include "app/Scroller.h"
 #include "app/Shade.h"
 
@@ -37,13 +38,6 @@ constexpr int UsualWidthInEm = 80;
 /// Wide enough for any percentage and any average that the quick results show.
 constexpr const char* WidestPercentage = "00.0000000000000%";
 constexpr const char* WidestAverage = "000.000000";
-
-void Enlarge(QWidget& widget, double factor) {
-    QFont font = widget.font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * factor);
-    widget.setFont(font);
-}
 
 /// Indents numbers so that their decimal points stand below each other.
 void AlignPoints(const QList<QLabel*>& numbers) {
@@ -90,6 +84,7 @@ void MainView::closeEvent(QCloseEvent* event) {
 QLayout* MainView::MakeMiddle() {
     auto* const layout = new QVBoxLayout;
     layout->addWidget(MakeSettings());
+    layout->addWidget(new OddsView(pad_->OddsFrame));
     layout->addLayout(MakeRunButtons());
     layout->addWidget(MakeQuickResults());
     layout->addStretch();

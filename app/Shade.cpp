@@ -50,6 +50,13 @@ QColor Mixed(const QColor& first, const QColor& second, double share) {
                             mix(first.blueF(), second.blueF()));
 }
 
+void Enlarge(QWidget& widget, double factor) {
+    QFont font = widget.font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * factor);
+    widget.setFont(font);
+}
+
 void SetShade(QWidget& widget, double share) {
     auto* shader = dynamic_cast<Shader*>(widget.findChild<QObject*>("shader", Qt::FindDirectChildrenOnly));
     if (shader == nullptr) {

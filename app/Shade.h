@@ -24,6 +24,9 @@ inline constexpr double Area = 0.05;
 /// The mix of two colours, with `share` (0 to 1) of the first.
 [[nodiscard]] QColor Mixed(const QColor& first, const QColor& second, double share);
 
+/// Makes a widget's text bold, and larger by a factor.
+void Enlarge(QWidget& widget, double factor);
+
 /// Shows a widget's text in a shade, also after the application's colours have changed.
 void SetShade(QWidget& widget, double share);
 

@@ -87,6 +87,14 @@ std::string ToSignificantText(double value, int digits) {
     return figures;
 }
 
+std::string ToFixedText(double value, int decimals) {
+    // Room for any finite number in full.
+    std::array<char, 512> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                      std::chars_format::fixed, decimals);
+    return {buffer.data(), result.ptr};
+}
+
 std::string ToLower(std::string_view text) {
     std::string lower(text);
     std::ranges::transform(lower, lower.begin(), [](char c) {

@@ -36,6 +36,9 @@ namespace vorhaven {
 /// A text without the characters of `blanks` around it.
 [[nodiscard]] std::string_view Trimmed(std::string_view text, std::string_view blanks = " ");
 
+/// A finite number as text with so many decimals (57.30 with 2), independent of the user's locale.
+[[nodiscard]] std::string ToFixedText(double value, int decimals);
+
 /// A text without the blanks around it, its ASCII letters turned to lower case.
 [[nodiscard]] std::string ToTrimmedLower(std::string_view text);
 

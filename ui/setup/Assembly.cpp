@@ -78,7 +78,7 @@ void frmBrawlpad::AddDefender(Long row, Long position) {
     AddEntry(Side::Defend, row, position);
 }
 
-void frmBrawlpad::AddEntry(Side side, Long row, Long position) {
+ArmyEntry frmBrawlpad::EntryOf(Long row, const HealthRow& health) const {
     ArmyEntry entry;
     if (row < NumArmies()) {
         entry.Name = CellText(Armies()(row, ArmyColumn::Name));
@@ -105,7 +105,6 @@ void frmBrawlpad::AddEntry(Side side, Long row, Long position) {
     } else {
         entry.Name = NoArmy;
     }
-    const HealthRow& health = health_[Of(side)](position + 1);
     entry.IsBlessed = health.Blessed;
     entry.IsDiseased = health.Diseased;
     entry.IsPoisoned = health.Poisoned;
@@ -113,7 +112,11 @@ void frmBrawlpad::AddEntry(Side side, Long row, Long position) {
     entry.IsBlacksmith = health.Blacksmith;
     entry.IsWeaponsmaster = health.Weaponsmaster;
     entry.IsFlying = health.Flying;
+    return entry;
+}
 
+void frmBrawlpad::AddEntry(Side side, Long row, Long position) {
+    const ArmyEntry entry = EntryOf(row, health_[Of(side)](position + 1));
     assembledSide_ = side;
     assembledLine_ = position;
     (side == Side::Attack ? gobjCAttArmies : gobjCDefArmies)->Add(entry, LineKey(position));

@@ -50,6 +50,7 @@ void frmBrawlpad::Settle() {
         history_.Note(std::exchange(settled_, now), field);
     }
     ShowState();
+    ShowOdds();
 }
 
 void frmBrawlpad::Undo() {
@@ -80,6 +81,7 @@ void frmBrawlpad::Restore(const Setup& setup) {
     txtNumSimulations.SetText(setup.NumBattles);
     settled_ = CurrentSetup();
     ShowState();
+    ShowOdds();
 }
 
 void frmBrawlpad::ShowState() {

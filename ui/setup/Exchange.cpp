@@ -45,7 +45,7 @@ std::string frmBrawlpad::SelectedLinesAsText(Side side) const {
     return TextFormat().Write(selected);
 }
 
-std::string frmBrawlpad::BattleAsText() const {
+BattleDescription frmBrawlpad::DescribeBattle() const {
     BattleDescription battle;
     for (const Side side : {Side::Attack, Side::Defend})
         for (Long line = 0; line < lstArmies[Of(side)].ListCount(); ++line)
@@ -53,6 +53,11 @@ std::string frmBrawlpad::BattleAsText() const {
     battle.Terrain = PlaceIn(cboTerrain);
     battle.CityLevel = PlaceIn(cboCityLevel);
     battle.CombatDice = CombatDice;
+    return battle;
+}
+
+std::string frmBrawlpad::BattleAsText() const {
+    BattleDescription battle = DescribeBattle();
     if (!numBattles_.empty())
         battle.NumBattles = NumBattles();
     return TextFormat().Write(battle) + ResultsAsText();

@@ -13,12 +13,6 @@ namespace {
 constexpr double TwoSided = 1.959964;
 constexpr double OneSided = 1.644854;
 
-/// A number of points with one decimal, "57.3".
-std::string WithOneDecimal(double points) {
-    const Long tenths = RoundToLong(points * 10.0);
-    return ToText(tenths.Value() / 10) + '.' + ToText(tenths.Value() % 10);
-}
-
 /// The bound of the score interval around 0 in n, in points; it lies as far below 100 for n in n.
 double BoundOfNone(double n) {
     constexpr double square = OneSided * OneSided;
@@ -33,16 +27,16 @@ WinMargin MarginOf(Long wins, Long battles) {
     if (wins == 0 || wins == battles) {
         const double bound = BoundOfNone(n);
         const bool isSmall = bound < leastShown;
-        const std::string limit = wins == 0 ? (isSmall ? "below 0.1%" : "at most " + WithOneDecimal(bound) + '%')
-                                            : (isSmall ? "above 99.9%"
-                                                       : "at least " + WithOneDecimal(100.0 - bound) + '%');
+        const std::string limit =
+            wins == 0 ? (isSmall ? "below 0.1%" : "at most " + ToFixedText(bound, 1) + '%')
+                      : (isSmall ? "above 99.9%" : "at least " + ToFixedText(100.0 - bound, 1) + '%');
         return {limit, "With a confidence of 95%, the attacker's chance of winning is " + limit};
     }
     const double p = wins.Value() / n;
     constexpr double square = TwoSided * TwoSided;
     const double halfWidth =
         100.0 * TwoSided / (1.0 + square / n) * std::sqrt(p * (1.0 - p) / n + square / (4.0 * n * n));
-    const std::string figure = halfWidth < leastShown ? "< 0.1" : WithOneDecimal(halfWidth);
+    const std::string figure = halfWidth < leastShown ? "< 0.1" : ToFixedText(halfWidth, 1);
     return {"\u00B1 " + figure, "With a confidence of 95%, the attacker's chance of winning is within " +
                                     (halfWidth < leastShown ? "0.1" : figure) + " points of this percentage"};
 }

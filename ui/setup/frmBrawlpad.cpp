@@ -72,6 +72,7 @@ void frmBrawlpad::Form_Load() {
     cboTerrain.SetListIndex(Terrains::IndexOf(Terrains::Field));
     settled_ = CurrentSetup();
     ShowState();
+    OddsFrame.Show(std::nullopt, "Pick armies for both sides");
 }
 
 void frmBrawlpad::sscMoreResults_Click() {

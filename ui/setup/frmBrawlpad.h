@@ -10,10 +10,12 @@
 #include "ui/setup/BattleText.h"
 #include "ui/setup/HealthArray.h"
 #include "ui/setup/History.h"
+#include "ui/setup/OddsPanel.h"
 #include "ui/setup/Setup.h"
 #include "ui/setup/Toolkit.h"
 
 #include <array>
+#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
@@ -102,6 +104,8 @@ public:
     [[nodiscard]] Setup CurrentSetup() const;
     /// Raised when something may have changed that Settle is to take in.
     Signal<> SetupTouched;
+    /// The most time that computing the exact odds may take.
+    std::chrono::milliseconds OddsBudget{12};
     /// Takes in what has changed since the last call: one step of undo, the notes and counts of the lists,
     /// and whether the quick results are out of date. A view calls it once the user's action is over.
     void Settle();
@@ -154,6 +158,8 @@ public:
     TextBox txtNumSimulations{8, "Indicate # of battles to simulate"};
     Label lblCityLevel{"City Level:"};
     ComboBox cboCityLevel{"Select level of city"};
+
+    OddsPanel OddsFrame;
 
     Frame fraQuickResults{"Quick Results"};
     Label lblAttWinPercentCaption{"Attacker Wins:"};
@@ -278,6 +284,8 @@ private:
     void AddAttacker(Long row, Long position);
     void AddDefender(Long row, Long position);
     void AddEntry(Side side, Long row, Long position);
+    /// What a catalogue row and a line's conditions give to an army list.
+    [[nodiscard]] ArmyEntry EntryOf(Long row, const HealthRow& health) const;
     void sscAbort_Click();
 
     // Changes.cpp
@@ -289,9 +297,19 @@ private:
         return {std::move(text), datum, ++lastLineId_};
     }
 
+    // LiveOdds.cpp
+    /// Shows the odds of what is set up, if they are not shown already.
+    void ShowOdds();
+    /// The odds of a battle, or nothing where they take too long.
+    [[nodiscard]] std::optional<Odds::BattleOdds> ComputeOdds(const BattleDescription& battle) const;
+    /// How the heroes count in the odds.
+    [[nodiscard]] std::string HeroesInWords(const BattleDescription& battle) const;
+
     // Exchange.cpp
     [[nodiscard]] BattleText TextFormat() const;
     [[nodiscard]] BattleDescription::Line DescriptionOf(Side side, Long line) const;
+    /// All that is set up but for the number of battles.
+    [[nodiscard]] BattleDescription DescribeBattle() const;
     [[nodiscard]] std::string ResultsAsText() const;
     void AddLines(Side side, const std::vector<BattleDescription::Line>& lines);
     /// The values that a hero type's editor leaves when it is confirmed untouched; nothing for other units.
@@ -330,6 +348,9 @@ private:
     /// The set-up of the run under way, and of the run whose quick results are shown.
     Setup assembled_;
     std::optional<Setup> fought_;
+    /// The battle whose odds are shown, and those odds.
+    BattleDescription oddsOf_;
+    std::optional<Odds::BattleOdds> odds_;
     std::vector<Connection> touching_;
     /// The line that is being put into its army list.
     Side assembledSide_ = Side::Attack;

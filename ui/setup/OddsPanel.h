@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "odds/BattleOdds.h"
+#include "ui/controls/Controls.h"
+
+#include <array>
+#include <optional>
+#include <string>
+
+namespace vorhaven {
+
+/// The main window's frame of exact odds: who wins, and what the battle costs both sides.
+class OddsPanel {
+public:
+    Frame fraOdds{"Exact Odds"};
+    /// Paired: 0 the attacker's, 1 the defender's.
+    std::array<Label, 2> lblSide{Label{"Attacker"}, Label{"Defender"}};
+    std::array<Label, 2> lblChance{
+        Label{Unknown, "The attacker wins exactly this percentage of battles on average"},
+        Label{Unknown, "The defender wins exactly this percentage of battles on average"}};
+    /// The same in one sentence; empty without odds.
+    Label lblSentence;
+
+    /// A row of the table of expected losses: armies and production turns of the attacker, then of the
+    /// defender.
+    struct Row {
+        Label Caption;
+        std::array<Label, 4> Losses;
+    };
+    Label lblLosses{"Expected losses"};
+    std::array<Label, 4> lblColumn{Label{"armies"}, Label{"turns"}, Label{"armies"}, Label{"turns"}};
+    std::array<Row, 3> Rows{MakeRow("Overall"), MakeRow("When the attacker wins"),
+                            MakeRow("When the defender wins")};
+    /// What the figures are of, or why there are none.
+    Label lblState;
+
+    /// The attacker's part of the bar, 0 to 1; nothing without odds.
+    [[nodiscard]] std::optional<double> AttackerShare() const { return attackerShare_; }
+
+    /// Shows odds, or that there are none, and a sentence on them.
+    void Show(const std::optional<Odds::BattleOdds>& odds, const std::string& state);
+
+private:
+    /// Stands where there is no figure.
+    static constexpr const char* Unknown = "–";
+
+    static Row MakeRow(const char* caption) {
+        return {Label{caption}, {Label{Unknown}, Label{Unknown}, Label{Unknown}, Label{Unknown}}};
+    }
+    static void ShowLosses(Label& armies, Label& turns, const std::optional<Odds::Losses>& losses);
+
+    std::optional<double> attackerShare_;
+};
+
+} // namespace vorhaven
