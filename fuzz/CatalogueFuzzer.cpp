@@ -3,6 +3,7 @@
 #include "base/Conversion.h"
 #include "catalogue/BuiltIn.h"
 #include "catalogue/CsvCatalogue.h"
+#include "model/CAttackArmies.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -30,7 +31,7 @@ void CheckTable(const Table& table, std::initializer_list<std::int32_t> numbers,
         for (const std::int32_t column : numbers)
             Require(std::holds_alternative<Long>(table(row, column)));
         const std::string& text = std::get<std::string>(table(row, name));
-        Require(!text.empty() && text != "None" && !text.ends_with(" *"));
+        Require(!text.empty() && text != NoArmy && !text.ends_with(" *"));
         Require(Trimmed(text, " \t") == text);
     }
 }
