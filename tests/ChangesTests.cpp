@@ -1,0 +1,368 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "catalogue/CsvCatalogue.h"
+#include "tests/FakeToolkit.h"
+#include "ui/setup/WinMargin.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace vorhaven::test {
+namespace {
+
+/// The main window whose user's every action is taken in, as the view does it.
+struct Player final : Game {
+    void Do(const std::function<void()>& action) {
+        action();
+        Pad.Settle();
+    }
+    void Mark(std::size_t side, Long line, std::size_t item) {
+        Pad.lstArmies[side].Select({line, {line}});
+        Pad.MoveFocus(&Pad.lstArmies[side]);
+        Pad.lstArmies_MouseUp(Side{side}, frmBrawlpad::MouseButton::Right);
+        Pad.mnuPopupItem[item].Choose();
+        Pad.Settle();
+    }
+    void Pick(std::size_t side, const std::vector<Long>& entries) {
+        Add(side, entries);
+        Pad.Settle();
+    }
+    std::string Chances() {
+        return Pad.OddsFrame.lblChance[0].Caption.Get() + " " + Pad.OddsFrame.lblChance[1].Caption.Get();
+    }
+};
+
+TEST(Undo, PutsBackEveryKindOfChangeAndRedoGoesForwardAgain) {
+    Player player;
+    frmBrawlpad& pad = player.Pad;
+    const std::vector<std::function<void()>> actions{
+        [&] { player.Add(0, {Midges}); },
+        [&] { player.Add(0, {Captain}); },
+        [&] { player.Mark(0, 1, 1); },
+        [&] { pad.mnuPopupItemMedals[3].Choose(); },
+        [&] { pad.sscListArrow[0].Press(); },
+        [&] { pad.sscDup[0].Press(); },
+        [&] { pad.mnuPopupDelete.Choose(); },
+        [&] {
+            player.Add(1, {Ghouls, Ghouls, Ghouls, Ghouls, Ghouls, Ghouls, Ghouls, Ghouls, Ghouls});
+        },
+        [&] { pad.cboCityLevel.Choose(2); },
+        [&] { pad.sscSwapSides.Press(); },
+        [&] { pad.sscClearList[1].Press(); },
+        [&] { pad.cboTerrain.Choose(3); },
+        [&] { pad.updCombatDice.Step(1); },
+        [&] { pad.txtNumSimulations.SetText("500"); },
+    };
+    std::vector<vorhaven::Setup> states{pad.CurrentSetup()};
+    for (const auto& action : actions) {
+        player.Do(action);
+        states.push_back(pad.CurrentSetup());
+        ASSERT_NE(states[states.size() - 2], states.back()) << "action " << states.size() - 2;
+    }
+    for (std::size_t state = states.size() - 1; state-- > 0;) {
+        pad.mnuUndo.Choose();
+        EXPECT_EQ(pad.CurrentSetup(), states[state]) << state;
+    }
+    EXPECT_FALSE(pad.mnuUndo.Enabled);
+    for (std::size_t state = 1; state < states.size(); ++state) {
+        pad.mnuRedo.Choose();
+        EXPECT_EQ(pad.CurrentSetup(), states[state]) << state;
+    }
+    EXPECT_FALSE(pad.mnuRedo.Enabled);
+}
+
+TEST(Undo, TakesTheKeysOfOneNumberTogetherAndForgetsWhatWasUndoneOnceSomethingElseIsDone) {
+    Player player;
+    for (const char* typed : {"25", "24", "23"})
+        player.Do([&] { player.Pad.txtCombatDice.SetText(typed); });
+    player.Do([&] { player.Pad.cboTerrain.Choose(1); });
+    player.Pad.Undo();
+    EXPECT_EQ(player.Pad.CombatDice, 23);
+    player.Pad.Undo();
+    EXPECT_EQ(player.Pad.CombatDice, 20);
+    player.Pick(0, {Midges});
+    EXPECT_FALSE(player.Pad.mnuRedo.Enabled);
+}
+
+TEST(SwapSides, TakesMarksAndConditionsAlongAndLocksTheTerrainByTheNewDefenders) {
+    Player player;
+    player.Pick(0, {Midges, Midges, Midges, Midges, Midges, Midges, Midges, Midges, Midges});
+    player.Mark(0, 8, 1);
+    player.Pick(1, {Giants});
+    player.Do([&] { player.Pad.sscSwapSides.Press(); });
+    EXPECT_EQ(player.Pad.lstArmies[1].Entry(8).Text, "Midges *");
+    EXPECT_TRUE(player.Pad.Health(Side::Defend)(9).Blessed);
+    EXPECT_EQ(player.Pad.lstArmies[0].Entry(0).Text, "Giants");
+    EXPECT_EQ(player.Pad.Terrain(), "city");
+    EXPECT_FALSE(player.Pad.cboTerrain.Enabled);
+    EXPECT_EQ(player.Pad.lblTerrainLocked.Caption.Get(), "More than 8 defenders stand in a city");
+    player.Do([&] { player.Pad.sscSwapSides.Press(); });
+    EXPECT_TRUE(player.Pad.cboTerrain.Enabled);
+    EXPECT_EQ(player.Pad.lblTerrainLocked.Caption.Get(), "");
+}
+
+TEST(Lists, TellWhatALineReallyHasAndHowFullTheyAre) {
+    Player player;
+    std::string notice;
+    const Connection noticed = player.Pad.Noticed.Connect([&](const std::string& text) { notice = text; });
+    player.Pick(0, {Midges});
+    player.Mark(0, 0, 1);
+    player.Do([&] { player.Pad.mnuPopupItemMedals[2].Choose(); });
+    player.Do([&] { player.Pad.sscDup[0].Press(); });
+    const ListBox& list = player.Pad.lstArmies[0];
+    EXPECT_EQ(list.Note(0), "blessed, 2 medals");
+    EXPECT_EQ(list.Entry(1).Text + list.Note(1), "Midges *") << "a copy has the mark alone";
+    EXPECT_EQ(player.Pad.lblCount[0].Caption.Get(), "2 of 32");
+    player.Pad.txtDup[0].SetText("30");
+    player.Do([&] { player.Pad.sscDup[0].Press(); });
+    EXPECT_EQ(notice, "") << "all of them found room";
+    player.Pick(0, {Midges});
+    EXPECT_EQ(player.Pad.lblCount[0].Caption.Get(), "32 of 32");
+    EXPECT_EQ(notice, "The list is full: delete an army to make room for another");
+}
+
+TEST(QuickResults, SayWhenTheyBelongToAnEarlierSetUp) {
+    Player player;
+    frmBrawlpad& pad = player.Pad;
+    player.Pick(0, {Midges, Midges});
+    player.Pick(1, {Midges});
+    pad.txtNumSimulations.SetText("10");
+    player.Do([&] { pad.cmdAttack.Press(); });
+    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "");
+    const std::vector<std::pair<const char*, std::function<void()>>> changes{
+        {"armies", [&] { player.Add(0, {Midges}); }},
+        {"conditions", [&] { player.Mark(0, 0, 2); }},
+        {"order", [&] { player.Add(0, {Giants}), pad.Settle(), pad.Undo(), player.Mark(0, 0, 7); }},
+        {"terrain", [&] { pad.cboTerrain.Choose(0); }},
+        {"dice", [&] { pad.txtCombatDice.SetText("30"); }},
+    };
+    for (const auto& [name, change] : changes) {
+        player.Do(change);
+        EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "before the latest changes") << name;
+        pad.Undo();
+        EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "") << name;
+    }
+    player.Do([&] { pad.txtNumSimulations.SetText("20"); });
+    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "") << "the number of battles is no part of the battle";
+    player.Do([&] { pad.cboTerrain.Choose(0); });
+    player.Do([&] { pad.cmdAttack.Press(); });
+    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "");
+}
+
+TEST(WinMargin, IsHalfTheScoreIntervalAndNeverNothing) {
+    // clang-format off
+    const struct { std::int32_t Wins, Battles; const char* Figure; } cases[]{
+        {520, 1000, "\u00B1 3.1"},
+        {5, 10, "\u00B1 26.3"},              // 1.96 / 1.384 * sqrt(0.025 + 0.0096)
+        {1, 1000, "\u00B1 0.3"},
+        {4'500'000, 9'000'000, "\u00B1 < 0.1"},
+        {0, 1000, "at most 0.3%"},           // 1.645^2 / 1002.7
+        {1000, 1000, "at least 99.7%"},
+        {0, 10, "at most 21.3%"},
+        {0, 9'000'000, "below 0.1%"},
+        {9'000'000, 9'000'000, "above 99.9%"},
+    };
+    // clang-format on
+    for (const auto& [wins, battles, figure] : cases)
+        EXPECT_EQ(MarginOf(wins, battles).Figure, figure) << wins << " of " << battles;
+}
+
+TEST(BattleText, ReadsBackAsTheSameBattleWhateverIsSetUp) {
+    const CsvCatalogue catalogue = CsvCatalogue::BuiltIn();
+    FakeToolkit toolkit;
+    frmBrawlpad pad{catalogue, toolkit};
+    pad.Form_Load();
+    const auto none = SizeOf(pad.cboArmies[0].Items()) - 1;
+    std::mt19937 random{20260101};
+    const auto any = [&random](int count) {
+        return static_cast<int>(random() % static_cast<unsigned>(count));
+    };
+    toolkit.OnHero = [&](frmHero& editor) {
+        for (HeroField* field : editor.UnitFields)
+            field->upd.Step(any(5));
+        editor.cmdProceed.Press();
+    };
+    for (int round = 0; round < 60; ++round) {
+        for (ListBox& list : pad.lstArmies)
+            list.Clear();
+        pad.RefreshHealthArray();
+        for (const std::size_t side : {0U, 1U})
+            for (int line = any(33); line >= 0; --line) {
+                pad.cboArmies[side].Pick(any(none.Value()));
+                pad.lstArmies[side].Select({0, {any(line + 1)}});
+                pad.MoveFocus(&pad.lstArmies[side]);
+                pad.mnuPopupItem[static_cast<std::size_t>(any(7) + 1)].Choose();
+                pad.mnuPopupItemMedals[static_cast<std::size_t>(any(5))].Choose();
+            }
+        pad.cboTerrain.Choose(any(6));
+        pad.cboCityLevel.Choose(any(3));
+        pad.updCombatDice.Step(any(30) - 15);
+        pad.txtNumSimulations.SetText("10");
+        if (round % 4 == 0)
+            pad.cmdAttack.Press();
+        pad.Settle();
+        const vorhaven::Setup copied = pad.CurrentSetup();
+        const std::string text = pad.BattleAsText();
+        pad.sscClearList[0].Press();
+        pad.sscClearList[1].Press();
+        pad.cboTerrain.Choose(2);
+        pad.updCombatDice.Step(100);
+        pad.Paste(Side::Attack, text);
+        pad.Settle();
+        EXPECT_EQ(toolkit.Message, "");
+        EXPECT_TRUE(pad.CurrentSetup().IsSameBattle(copied)) << text;
+        EXPECT_EQ(pad.BattleAsText(), text);
+    }
+}
+
+TEST(BattleText, IsPlainAndTakesWhatAPersonTypes) {
+    Player player;
+    player.Pick(0, {Midges});
+    player.Do([&] {
+        player.Pad.Paste(Side::Attack,
+                         "defending armies\r\n  giants , BLESSED,2 medals\n\nCaptain, strength 9\r\n"
+                         "Terrain: City\nCity Level: castle\nCombat Dice: 25\n");
+    });
+    EXPECT_EQ(player.Pad.BattleAsText(), "Defending Armies\nGiants, blessed, 2 medals\n"
+                                         "Captain, strength 9, hits 3, leadership 1\n\n"
+                                         "Terrain: city\nCity Level: Castle (+2)\nCombat Dice: 25\n"
+                                         "Number of Battles: 1000\n");
+    player.Pad.Undo();
+    EXPECT_EQ(player.Pad.lstArmies[0].ListCount() + player.Pad.lstArmies[1].ListCount(), 1);
+    player.Pad.lstArmies[0].Select({0, {0}});
+    EXPECT_EQ(player.Pad.SelectedLinesAsText(Side::Attack), "Midges\n");
+    player.Pad.Paste(Side::Defend, "Midges\nNone\n");
+    EXPECT_EQ(player.Pad.lstArmies[1].Entry(1).Text, "None");
+}
+
+TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
+    Player player;
+    player.Pick(0, {Midges});
+    std::string tooMany = "Attacking Armies\n";
+    for (int line = 0; line < 33; ++line)
+        tooMany += "Midges\n";
+    // clang-format off
+    const struct { std::string Text, Fault; } cases[]{
+        {"Midges\nMidge\n", "Line 2: \"Midge\" is no unit of the catalogue"},
+        {"Midges, angry", "Line 1: \"angry\" is no condition"},
+        {"Midges, strength 4", "Line 1: \"strength 4\" is no condition"},          // no hero
+        {"Captain, strength x", "Line 1: \"strength x\" is neither a condition nor a hero's value"},
+        {"Captain, 9 medals", "Line 1: \"9 medals\" is neither a condition nor a hero's value"},
+        {"\n\nTerrain: moon", "Line 3: \"moon\" is no terrain"},
+        {"City Level: hut", "Line 1: \"hut\" is no city level"},
+        {"Combat Dice: 14", "Line 1: \"14\" is no number from 15 to 100"},
+        {"Number of Battles: ", "Line 1: \"\" is no number from 10 to 99999999"},
+        {tooMany, "Line 34: a list holds 32 armies at most"},
+    };
+    // clang-format on
+    const vorhaven::Setup before = player.Pad.CurrentSetup();
+    for (const auto& [text, fault] : cases) {
+        player.Pad.Paste(Side::Defend, text);
+        EXPECT_EQ(player.Toolkit.Message, fault + ".\nNothing was pasted.");
+        EXPECT_EQ(player.Pad.CurrentSetup(), before) << fault;
+    }
+}
+
+/// The attacker's chance in percent where one army with one hit meets one like it: who alone misses loses.
+std::string DuelChances(double attackStrength, double defendStrength, double faces = 20.0) {
+    const double won = attackStrength * (faces - defendStrength);
+    const double lost = defendStrength * (faces - attackStrength);
+    const double percent = 100.0 * won / (won + lost);
+    return ToFixedText(percent, 1) + "% " + ToFixedText(100.0 - percent, 1) + "%";
+}
+
+TEST(LiveOdds, FollowEveryChangeOfTheBattle) {
+    Player player;
+    frmBrawlpad& pad = player.Pad;
+    pad.OddsBudget = std::chrono::hours{1};
+    EXPECT_EQ(player.Chances(), "– –");
+    player.Pick(0, {Midges});
+    EXPECT_EQ(pad.OddsFrame.lblState.Caption.Get(), "Pick armies for both sides");
+    player.Pick(1, {Midges});
+    EXPECT_EQ(player.Chances(), DuelChances(1, 1));
+    player.Mark(0, 0, 1);
+    EXPECT_EQ(player.Chances(), DuelChances(2, 1));
+    player.Do([&] { pad.txtCombatDice.SetText("30"); });
+    EXPECT_EQ(player.Chances(), DuelChances(2, 1, 30));
+    player.Do([&] { pad.cboTerrain.Choose(0); });
+    EXPECT_EQ(player.Chances(), DuelChances(2, 2, 30)) << "the village fortifies the defender";
+    player.Do([&] { pad.cboCityLevel.Choose(2); });
+    EXPECT_EQ(player.Chances(), DuelChances(2, 4, 30));
+    EXPECT_EQ(pad.OddsFrame.lblSentence.Caption.Get(),
+              "The attacker wins 31.7% of battles, the defender 68.3%");
+    EXPECT_EQ(pad.OddsFrame.Rows[1].Losses[2].Caption.Get(), "1.0") << "who wins slays the defender";
+    EXPECT_EQ(pad.OddsFrame.Rows[2].Losses[1].Caption.Get(), "3.0") << "the turns of the attacking midges";
+    pad.Undo();
+    EXPECT_EQ(player.Chances(), DuelChances(2, 2, 30));
+    player.Do([&] { pad.sscClearList[0].Press(); });
+    EXPECT_EQ(player.Chances(), "– –");
+    EXPECT_EQ(pad.OddsFrame.AttackerShare(), std::nullopt);
+}
+
+TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
+    Player player;
+    frmBrawlpad& pad = player.Pad;
+    pad.OddsBudget = std::chrono::hours{1};
+    player.Pick(0, {Midges, Captain});
+    player.Pick(1, {Midges});
+    const std::string asTheyBegin = player.Chances();
+    EXPECT_EQ(pad.OddsFrame.lblState.Caption.Get(), "With the heroes as their editors begin");
+    std::string during;
+    player.Toolkit.OnHero = [](frmHero& editor) {
+        for (const auto& [field, text] : {std::pair{&editor.Strength, "1"}, {&editor.Hits, "1"}})
+            field->txt.SetText(text);
+        editor.cmdProceed.Press();
+    };
+    player.Toolkit.OnEvents = [&] {
+        pad.Settle();
+        during = player.Chances();
+    };
+    pad.txtNumSimulations.SetText("10");
+    player.Do([&] { pad.cmdAttack.Press(); });
+    EXPECT_NE(player.Chances(), asTheyBegin);
+    EXPECT_EQ(player.Chances(), during) << "the odds of the lists that fight, already while they do";
+    EXPECT_EQ(pad.OddsFrame.lblState.Caption.Get(), "With the heroes as entered last");
+    player.Pick(0, {Captain});
+    EXPECT_EQ(pad.OddsFrame.lblState.Caption.Get(),
+              "With the heroes as entered last, the others as their editors begin");
+    // Both heroes go, and with them what was entered; a new one begins anew.
+    for (const Long line : {2, 1})
+        player.Do([&] { pad.DeleteArmyFromList(Side::Attack, line); });
+    player.Pick(0, {Captain});
+    EXPECT_EQ(player.Chances(), asTheyBegin);
+
+    // The next editor offers what was entered for its own line, wherever that line is by now.
+    player.Do([&] { pad.cmdAttack.Press(); });
+    pad.lstArmies[0].Select({1, {1}});
+    player.Do([&] { pad.sscListArrow[0].Press(); });
+    std::string offered;
+    player.Toolkit.OnHero = [&](frmHero& editor) {
+        editor.cmdLastValues.Press();
+        offered = editor.Strength.txt.Text() + "/" + editor.Hits.txt.Text();
+        editor.cmdProceed.Press();
+    };
+    player.Do([&] { pad.cmdAttack.Press(); });
+    EXPECT_EQ(offered, "1/1");
+}
+
+TEST(LiveOdds, ThatCannotBeToldSayWhyAndRaiseNothing) {
+    Player player;
+    player.Pick(0, {Colossi, Midges});
+    player.Pick(1, {Giants, Midges});
+    player.Do([&] { player.Pad.cboTerrain.Choose(3); });
+    EXPECT_EQ(player.Chances(), "– –");
+    EXPECT_EQ(player.Pad.OddsFrame.lblState.Caption.Get(), "There are no odds of this battle: Overflow");
+    player.Pad.OddsBudget = std::chrono::milliseconds{0};
+    player.Do([&] { player.Pad.sscClearList[0].Press(); });
+    for (int line = 0; line < 32; ++line) {
+        player.Add(0, {Stalkers});
+        player.Add(1, {Ghouls});
+    }
+    player.Pad.Settle();
+    EXPECT_EQ(player.Pad.OddsFrame.lblState.Caption.Get(),
+              "Too many outcomes to sum up at once: Attack will tell");
+}
+
+} // namespace
+} // namespace vorhaven::test
