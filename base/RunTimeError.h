@@ -27,7 +27,7 @@ enum class ErrorNumber {
 ///     const Trap trap{"MBattleCalc::Fight"};
 ///
 /// The traps of the procedures now running form a chain, and an error takes their locations with it when it
-/// is raised. Entering and leaving costs two stores, so that a trap may stand on the path of every battle.
+/// is raised. Entering and leaving costs a few stores, so that a trap may stand on the path of every battle.
 class [[nodiscard]] Trap {
 public:
     /// `location`: the procedure's location text; it must outlive the program's errors (a literal).

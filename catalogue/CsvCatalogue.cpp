@@ -103,9 +103,6 @@ static_assert(HeroColumns[HeroColumn::Movement].Header == "movement");
 static_assert(HeroColumns[HeroColumn::BonusTerrain].Header == "terrain");
 static_assert(HeroColumns[HeroColumn::BonusSize].Header == "bonus");
 
-/// The lists put this behind the name of a unit with conditions.
-constexpr std::string_view ConditionMark = " *";
-
 /// Where the first unit of each name stands.
 using UnitNames = std::map<std::string, Location>;
 

@@ -61,6 +61,9 @@ inline constexpr std::int32_t MaxLines = MaxStacks * LinesPerStack;
 /// The name of the entry that stands for no army.
 inline constexpr const char* NoArmy = "None";
 
+/// What the lists put behind the name of an army that has a condition.
+inline constexpr std::string_view ConditionMark = " *";
+
 /// The ordered list of armies that one side brings to a battle. It turns catalogue values and conditions into
 /// fighting values.
 class CAttackArmies {
