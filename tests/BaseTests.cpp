@@ -18,25 +18,22 @@ constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
 
 TEST(Count, ThatDoesNotFitIsAnOverflowAndLeavesTheOldOne) {
     Long high = highest, low = lowest;
-    const std::function<void()> overflows[] = {[&] { high += 1; },       [&] { low -= 1; },
-                                               [&] { ++high; },          [&] { --low; },
-                                               [&] { high = high + 1; }, [&] { low = low - 1; },
-                                               [&] { high = high * 2; }, [&] { high = high - low; }};
+    const std::function<void()> overflows[] = {[&] { high += 1; }, [&] { low -= 1; },
+                                               [&] { ++high; },    [&] { --low; },
+                                               [&] { high * 2; },  [&] { Long{65536} * 32768; }};
     for (const auto& overflow : overflows)
         EXPECT_EQ(ErrorOf(overflow), 6);
     EXPECT_EQ(Joined({high, low}), "2147483647 -2147483648");
-    EXPECT_EQ(ErrorOf([] { return Long{65536} * 32768; }), 6);
+    Long count = 7;
+    EXPECT_EQ(++count, 8);
+    EXPECT_EQ(--count, 7);
+    EXPECT_EQ(count += 5, 12);
+    EXPECT_EQ(count -= 9, 3);
 }
 
-TEST(Count, CalculatesInPlaceAndIndexesFromZero) {
-    Long count = 7;
-    count += 5;
-    count -= 3;
-    EXPECT_EQ(++count, 10);
-    EXPECT_EQ(--count, 9);
-    EXPECT_EQ(count * -2 + 1 - 4, -21);
-    EXPECT_EQ(Long{0}.Index(), 0U);
+TEST(Count, IsAnIndexFromZeroAndTheSizeOfAContainer) {
     EXPECT_EQ(Long{highest}.Index(), 2147483647U);
+    EXPECT_EQ(Long{0}.Index(), 0U);
     EXPECT_EQ(ErrorOf([] { return Long{-1}.Index(); }), 9);
     struct Sized {
         std::size_t count;
@@ -47,40 +44,31 @@ TEST(Count, CalculatesInPlaceAndIndexesFromZero) {
 }
 
 TEST(Count, WithLimitsIsClampedByEveryWrite) {
-    Bounded<2, 5> bounded, other;
-    EXPECT_EQ(bounded, 0) << "a fresh one is not written yet";
+    Bounded<2, 5> bounded, fresh;
+    EXPECT_EQ(fresh, 0) << "a fresh one is not written yet";
     for (const auto& [written, read] : {std::pair{lowest, 2}, {1, 2}, {2, 2}, {5, 5}, {6, 5}, {highest, 5}})
         EXPECT_EQ(bounded = written, read);
-    EXPECT_EQ(bounded = Long{other}, 2) << "a fresh one is written like any other";
+    EXPECT_EQ(bounded = Long{fresh}, 2);
 }
 
-TEST(Conversion, NumberRoundsToTheNearestCountAndHalvesToTheEvenOne) {
-    const struct {
-        const char* text;
-        std::int32_t count;
-        const char* reason;
-    } cases[] = {
-        // clang-format off
-        {"0", 0, "nothing"},
-        {" 7 ", 7, "blanks around it"},
-        {"+4", 4, "a sign"},
-        {"-1", -1, "a sign"},
-        {".5", 0, "no whole part; the half goes to the even number"},
-        {"2.5", 2, "to the even number"},
-        {"3.5", 4, "to the even number"},
-        {"2.51", 3, "more than a half"},
-        {"-2.5", -2, "to the even number"},
-        {"-3.5", -4, "to the even number"},
-        {"1e3", 1000, "an exponent"},
-        {"25E-1", 2, "a negative exponent"},
-        {"1e-999", 0, "too near to 0 to be told from it"},
-        {"-1e-999", 0, "from below, too"},
-        {"2147483647.4", highest, "rounds to the highest"},
-        {"-2147483648.5", lowest, "rounds to the lowest"},
-        // clang-format on
-    };
-    for (const auto& test : cases)
-        EXPECT_EQ(ToLong(test.text), test.count) << test.text << ": " << test.reason;
+TEST(Conversion, TextBecomesTheNearestCountAndAHalfTheEvenOne) {
+    for (const auto& [text, count] : {std::pair{"0", 0},
+                                      {" 7 ", 7},
+                                      {"-1", -1},
+                                      {"+4", 4},
+                                      {".5", 0},
+                                      {"2.5", 2},
+                                      {"3.5", 4},
+                                      {"2.51", 3},
+                                      {"-2.5", -2},
+                                      {"-3.5", -4},
+                                      {"1e3", 1000},
+                                      {"25E-1", 2},
+                                      {"1e-999", 0},
+                                      {"-1e-999", 0},
+                                      {"2147483647.4", highest},
+                                      {"-2147483648.5", lowest}})
+        EXPECT_EQ(ToLong(text), count) << text;
 }
 
 TEST(Conversion, TextThatIsNoNumberIsAMismatchAndANumberThatDoesNotFitAnOverflow) {
@@ -89,7 +77,6 @@ TEST(Conversion, TextThatIsNoNumberIsAMismatchAndANumberThatDoesNotFitAnOverflow
         EXPECT_EQ(ErrorOf([text] { return ToLong(text); }), 13) << text;
     for (const char* text : {"2147483647.5", "-2147483649", "99999999999", "1e999", "-1e999"})
         EXPECT_EQ(ErrorOf([text] { return ToLong(text); }), 6) << text;
-    EXPECT_EQ(ErrorOf([] { return RoundToLong(std::numeric_limits<double>::quiet_NaN()); }), 6);
     EXPECT_EQ(ToShort(-32768), -32768);
     EXPECT_EQ(ToShort(32767), 32767);
     for (const Long value : {-32769, 32768})
@@ -107,32 +94,28 @@ TEST(Conversion, NumberBecomesItsSignificantDigitsAndNoMore) {
         EXPECT_EQ(ToSignificantText(value, 7), text);
 }
 
-TEST(Text, LosesTheBlanksAroundItAndItsAsciiCapitals) {
+TEST(Conversion, TextsAreComparedWithoutOuterBlanksAndAsciiCapitals) {
     EXPECT_EQ(ToTrimmedLower("  Undead \xC3\x84Z "), "undead \xC3\x84z");
-    EXPECT_EQ(ToTrimmedLower("  "), "");
-    EXPECT_EQ(InternedText{}.Text(), "");
     EXPECT_EQ(InternedText{"a"}, InternedText{std::string{"a"}});
     EXPECT_FALSE(InternedText{"a"} == InternedText{"A"});
 }
 
 TEST(KeyedCollection, PlacesAndKeysThatAreNotThereOrTakenAreErrors) {
     KeyedCollection<char> letters;
-    letters.Add('a', "first");
-    letters.Add('b', "");
-    letters.Add('c', "third");
-    letters.Add('d', "");
+    for (const auto& [letter, key] : {std::pair{'a', "first"}, {'b', ""}, {'c', "third"}, {'d', ""}})
+        letters.Add(letter, key);
     EXPECT_EQ(ErrorOf([&] { letters.Add('e', "third"); }), 457);
     letters.Remove(1);
     EXPECT_EQ(std::string(letters.begin(), letters.end()), "bcd");
     EXPECT_EQ(letters.Item("third"), 'c') << "keys keep to their items";
-    for (const std::int32_t place : {-1, 0, 4}) {
+    const auto expectNone = [&](auto place) {
         EXPECT_EQ(ErrorOf([&] { return letters.Item(place); }), 5) << place;
         EXPECT_EQ(ErrorOf([&] { letters.Remove(place); }), 5) << place;
-    }
-    for (const char* key : {"first", "th", ""}) {
-        EXPECT_EQ(ErrorOf([&] { return letters.Item(key); }), 5) << key;
-        EXPECT_EQ(ErrorOf([&] { letters.Remove(key); }), 5) << key;
-    }
+    };
+    for (const std::int32_t position : {-1, 0, 4})
+        expectNone(position);
+    for (const char* key : {"first", "th", ""})
+        expectNone(key);
     letters.Remove("third");
     letters.Add('e', "third");
     EXPECT_EQ(letters.Item("third"), 'e') << "a key that is free again";
@@ -141,9 +124,6 @@ TEST(KeyedCollection, PlacesAndKeysThatAreNotThereOrTakenAreErrors) {
     copies.CopyItems(letters);
     EXPECT_EQ(std::string(copies.begin(), copies.end()), "bde");
     EXPECT_EQ(ErrorOf([&] { return copies.Item("third"); }), 5) << "copies have no keys";
-    letters.Clear();
-    letters.Add('f', "third");
-    EXPECT_EQ(letters.Count(), 1);
 }
 
 TEST(RunTimeError, TellsTheProceduresThatItPassedWithinItsEvent) {
@@ -156,7 +136,6 @@ TEST(RunTimeError, TellsTheProceduresThatItPassedWithinItsEvent) {
         const EventScope event;
         EXPECT_EQ(details(), "Original error: 6, Overflow") << "an event knows none of those who wait";
     }
-    EXPECT_EQ(details(), "Original error: 6, Overflow\nRaised in: A::Outer");
     EXPECT_THAT([] { throw RunTimeError{ErrorNumber::OutOfMemory}; }, Raises(7, {"A::Outer"}));
 }
 
