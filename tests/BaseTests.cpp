@@ -52,22 +52,13 @@ TEST(Count, WithLimitsIsClampedByEveryWrite) {
 }
 
 TEST(Conversion, TextBecomesTheNearestCountAndAHalfTheEvenOne) {
-    for (const auto& [text, count] : {std::pair{"0", 0},
-                                      {" 7 ", 7},
-                                      {"-1", -1},
-                                      {"+4", 4},
-                                      {".5", 0},
-                                      {"2.5", 2},
-                                      {"3.5", 4},
-                                      {"2.51", 3},
-                                      {"-2.5", -2},
-                                      {"-3.5", -4},
-                                      {"1e3", 1000},
-                                      {"25E-1", 2},
-                                      {"1e-999", 0},
-                                      {"-1e-999", 0},
-                                      {"2147483647.4", highest},
-                                      {"-2147483648.5", lowest}})
+    // clang-format off
+    for (const auto& [text, count] :
+         {std::pair{"0", 0}, {"-1", -1}, {"+4", 4}, {" 7 ", 7},
+          {".5", 0}, {"2.5", 2}, {"3.5", 4}, {"2.51", 3}, {"-2.5", -2}, {"-3.5", -4},
+          {"1e3", 1000}, {"25E-1", 2}, {"1e-999", 0}, {"-1e-999", 0},
+          {"2147483647.4", highest}, {"-2147483648.5", lowest}})
+        // clang-format on
         EXPECT_EQ(ToLong(text), count) << text;
 }
 

@@ -34,16 +34,34 @@ TEST_F(Engine, StacksGoByLineAndAnEmptyOneHidesThoseBehindIt) {
 }
 
 TEST_F(Engine, SideWithoutAnArmyForTheFrontIsAnErrorOfTheDuel) {
-    const auto trail = {"MBattleCalc::ResolveAcid", "MBattleCalc::UnitvsUnit", "MBattleCalc::Fight",
-                        "MBattleCalc::Add"};
-    const auto run = [this] { Add(host, 1, 20, false, 0); };
-    host.Clear();
-    host.BringAttacker(0);
-    EXPECT_THAT(run, Raises(5, {trail.begin(), trail.end()}));
-    host.Clear();
-    host.BringDefender();
-    host.BringAttacker(8);
-    EXPECT_THAT(run, Raises(5, {trail.begin(), trail.end()})) << "an empty first stack";
+    const struct {
+        std::vector<std::int32_t> attackers;
+        int defenders;
+        const char* reason;
+    } cases[] = {{{}, 1, "nobody attacks, and nobody is left from the run before"},
+                 {{8}, 1, "the first stack is empty"},
+                 {{0}, 0, "nobody defends"}};
+    for (const auto& test : cases) {
+        host.Clear();
+        for (const std::int32_t line : test.attackers)
+            host.BringAttacker(line);
+        for (int defender = 0; defender < test.defenders; ++defender)
+            host.BringDefender();
+        EXPECT_THAT([this] { Add(host, 1, 20, false, 0); },
+                    Raises(5, {"MBattleCalc::ResolveAcid", "MBattleCalc::UnitvsUnit", "MBattleCalc::Fight",
+                               "MBattleCalc::Add"}))
+            << test.reason;
+    }
+}
+
+TEST_F(Engine, ErrorOtherThanAMissingLineEndsTheBuildingOfStacksSilently) {
+    int reads = 0;
+    host.OnRead = [&] {
+        if (++reads == LinesPerStack + 2)
+            throw RunTimeError{ErrorNumber::Overflow};
+    };
+    Fight("/;", "", "D");
+    EXPECT_EQ(RowOf(1), (Row{0, 1, 1, 0, 0})) << "the second stack is not complete, so it does not take part";
 }
 
 TEST_F(Engine, NewcomerHealsTheHitsOfTheFrontDefenderAlone) {
@@ -137,6 +155,10 @@ TEST_F(Engine, StackBonusIsLimitedBeforeAndAfterTheEnemysPowersAndAsASum) {
             attacks ? ApplyMutualPowers(own, enemy) : ApplyMutualPowers(enemy, own);
             EXPECT_EQ(Describe(own), test.seen);
         }
+    for (const auto& [value, power, bonus] : {std::array{-9, -1, -3}, {-1, -1, -1}, {5, 5, 5}, {6, 5, 5}}) {
+        EXPECT_EQ(PowerFilter(value), power);
+        EXPECT_EQ(TotalStackFilter(value), bonus);
+    }
 }
 
 TEST_F(Engine, CityFortifiesTheDefendersWhereItIsStrongerThanTheirOwn) {

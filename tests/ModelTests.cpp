@@ -131,31 +131,21 @@ TEST(ArmyList, HeroIsEditedBeforeItIsStoredAndKeepsItsOwnPowers) {
 TEST(ArmyList, ErrorsTellTheirProcedure) {
     ListHost host;
     CAttackArmies armies{host};
-    ArmyEntry entry = Plain(5);
-    armies.Add(entry, "SN5");
-    EXPECT_THAT([&] { armies.Add(entry, "SN5"); }, Raises(457, {"CAttackArmies::Add"}));
+    armies.Add(Plain(5), "SN5");
+    EXPECT_THAT([&] { armies.Add(Plain(5), "SN5"); }, Raises(457, {"CAttackArmies::Add"}));
     EXPECT_THAT([&] { return armies.Item(2); }, Raises(5, {"CAttackArmies::Item"}));
     EXPECT_THAT([&] { return armies.Item("SN0"); }, Raises(5, {"CAttackArmies::Item"}));
     EXPECT_THAT([&] { armies.Remove("SN0"); }, Raises(5, {"CAttackArmies::Remove"}));
     armies.Remove("SN5");
-    EXPECT_EQ(armies.Count(), 0);
     EXPECT_THAT([&] { armies.Remove(1); }, Raises(5, {"CAttackArmies::Remove"}));
-    entry.CBName = host.Terrain();
-    entry.CBValue = 2147483647;
-    EXPECT_THAT([&] { armies.Add(entry, ""); },
-                Raises(6, {"CAttackArmies::InterpretCB", "CAttackArmies::Add"}));
 }
 
 TEST(Stack, CopyComesWithoutTheMarksOfItsMakingAndOfAnEarlierBattle) {
     CArmy army;
+    Give(army, "Name Giants Hits 3 Strength 9 Blessed Poisoned Diseased IsFlying");
     Long value = 20;
     for (const auto& [name, number] : Numbers)
         army.*number = ++value;
-    for (const auto& [name, mark] : Marks)
-        army.*mark = true;
-    army.Name = "Giants";
-    army.Hits = 3;
-    army.TotalStrength = 9;
     army.StartStrength = 8;
     army.StartHits = 4;
     army.MissleShotsLeft = 2;
@@ -193,12 +183,10 @@ std::array<Long, 9> Count(CStackAtt& stack, CStackAtt::Mode mode, Long city) {
 TEST(Stack, TakesTheBestOfSixPowersTheSumOfThreeAndTheCityForTheDefender) {
     using enum CStackAtt::Mode;
     using Powers = std::array<Long, 9>;
-    CStackAtt stack;
-    for (const char* powers :
-         {"Chaos -1 Morale -2 Fear -3 Siege -4 Fortify -5 Leader -16 Poison -6 Disease -7 Curse -11",
-          "Chaos 2 Morale 4 Fear 6 Siege 8 Fortify 10 Leader 32 Poison 12 Disease 14 Curse 22",
-          "Chaos 1 Morale 2 Fear 3 Siege 4 Fortify 5 Leader 16 Poison 6 Disease 7 Curse 11"})
-        Give(stack.Add(CArmy{}, ""), powers);
+    CStackAtt stack =
+        StackOf("Chaos -1 Morale -2 Fear -3 Siege -4 Fortify -5 Leader -16 Poison -6 Disease -7 Curse -11;"
+                "Chaos 2 Morale 4 Fear 6 Siege 8 Fortify 10 Leader 32 Poison 12 Disease 14 Curse 22;"
+                "Chaos 1 Morale 2 Fear 3 Siege 4 Fortify 5 Leader 16 Poison 6 Disease 7 Curse 11");
     EXPECT_EQ(Count(stack, Attack, 13), (Powers{2, 4, 6, 8, 10, 32, 12, 14, 22}));
     EXPECT_EQ(Count(stack, Defend, 13), (Powers{2, 4, 6, 8, 13, 32, 24, 28, 44})) << "the sums count again";
     EXPECT_EQ(Count(stack, Defend, 9), (Powers{2, 4, 6, 8, 10, 32, 36, 42, 66}));
@@ -209,49 +197,32 @@ TEST(Stack, TakesTheBestOfSixPowersTheSumOfThreeAndTheCityForTheDefender) {
     stack.Clear();
     EXPECT_EQ(Count(stack, Attack, 3), Powers{}) << "a new stack has nothing";
     EXPECT_EQ(stack.TotalStackBonus, 0);
-    Give(stack.Add(CArmy{}, ""), "Poison 2147483647");
-    Give(stack.Add(CArmy{}, ""), "Poison 1");
+    stack = StackOf("Poison 2147483647;Poison 1");
     EXPECT_THAT([&] { Count(stack, Attack, 0); },
                 Raises(6, {"CStackAtt::AddRegularPowers", "CStackAtt::CountSelfPowers"}));
 }
 
 TEST(Stack, BandingArmiesOfOneNameStrengthenEachOther) {
-    struct Banding {
-        const char* name;
-        std::int32_t banding, size, strength;
-    };
     const struct {
-        std::vector<Banding> armies;
-        std::vector<std::int32_t> strengths;
-        const char* reason;
+        const char *armies, *described, *reason;
     } cases[] = {
         // clang-format off
-        {{{"a", 1, 1, 5}}, {6}, "even alone"},
-        {{{"a", 1, 1, 5}, {"a", 1, 1, 5}}, {6, 6}, "the size"},
-        {{{"a", 1, 1, 5}, {"a", 1, 1, 5}, {"a", 1, 1, 5}}, {7, 7, 7}, "the number of the others, which is more"},
-        {{{"a", 2, 2, 5}, {"a", 2, 2, 5}, {"a", 2, 2, 5}}, {7, 7, 7}, "the size again"},
-        {{{"a", 1, 1, 5}, {"a", 3, 3, 5}, {"a", 3, 3, 5}}, {7, 7, 7}, "the first size holds for all of a name"},
-        {{{"a", 3, 3, 5}, {"a", 1, 1, 5}}, {8, 8}, "the first size, not the last"},
-        {{{"a", 5, 1, 5}, {"a", 0, 1, 5}, {"a", 5, 1, 5}}, {6, 5, 6}, "whoever does not band is not counted"},
-        {{{"a", 3, 3, 13}, {"a", -1, 3, 2}}, {14, 5}, "any banding but 0; strength ends at 14"},
-        {{{"a", 1, 1, 5}, {"b", 3, 3, 5}, {"a", 1, 1, 5}, {"A", 1, 1, 5}}, {6, 8, 6, 6}, "names are exact"},
-        {{{"a", -1, -1, 5}}, {5}, "a size below 0 against the others, of whom there are none"},
+        {"Banding 1 Size 1", "6/3", "even alone"},
+        {"Banding 1 Size 1;Banding 1 Size 1", "6/3 6/3", "the size"},
+        {"Banding 1 Size 1;Banding 1 Size 1;Banding 1 Size 1", "7/3 7/3 7/3", "the number of the others, if more"},
+        {"Banding 2 Size 2;Banding 2 Size 2;Banding 2 Size 2", "7/3 7/3 7/3", "the size, if as much"},
+        {"Banding 1 Size 1;Banding 3 Size 3;Banding 3 Size 3", "7/3 7/3 7/3", "the first size holds for all of a name"},
+        {"Banding 3 Size 3;Banding 1 Size 1", "8/3 8/3", "and not the last"},
+        {"Banding 5 Size 1;Size 1;Banding 5 Size 1", "6/3 5/3 6/3", "who does not band is not counted"},
+        {"Banding 3 Size 3 Strength 13;Banding -1 Size 3 Strength 2", "14/3 5/3", "any banding but 0; 14 at most"},
+        {"Name a Banding 1 Size 1;Name b Banding 3 Size 3;Name a Banding 1 Size 1;Name A Banding 1 Size 1", "6/3 8/3 6/3 6/3", "names are exact"},
+        {"Banding -1 Size -1", "5/3", "the number of the others, of whom there are none"},
         // clang-format on
     };
     for (const auto& test : cases) {
-        CStackAtt stack;
-        for (const Banding& army : test.armies) {
-            CArmy& copy = stack.Add(CArmy{}, "");
-            copy.Name = army.name;
-            copy.Banding = army.banding;
-            copy.PowerValue = army.size;
-            copy.TotalStrength = army.strength;
-        }
+        CStackAtt stack = StackOf(test.armies);
         stack.CountSelfPowers(CStackAtt::Mode::Attack, 0);
-        std::vector<std::int32_t> strengths;
-        for (const CArmy& army : stack)
-            strengths.push_back(army.TotalStrength.Value());
-        EXPECT_EQ(strengths, test.strengths) << test.reason;
+        EXPECT_EQ(Describe(stack), test.described) << test.reason;
     }
 }
 

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "model/CAttackArmies.h"
+#include "model/CStackAtt.h"
+#include "tests/support/Text.h"
 
 #include <functional>
 #include <map>
@@ -26,13 +28,18 @@ inline const std::map<std::string, bool CArmy::*> Marks{{"Blessed", &CArmy::Bles
                                                         {"Diseased", &CArmy::Diseased},
                                                         {"IsFlying", &CArmy::IsFlying}};
 
-/// Gives an army what a text says: "Strength 5 Hits 2 Acid 3 Blessed". Throws when a word is unknown or a
-/// number is missing.
+/// Gives an army what a text says: "Name a Strength 5 Hits 2 Acid 3 Blessed". Throws when a word is unknown
+/// or a number is missing.
 inline CArmy& Give(CArmy& army, const std::string& text) {
     std::istringstream words(text);
     for (std::string name; words >> name;) {
         if (const auto mark = Marks.find(name); mark != Marks.end()) {
             army.*mark->second = true;
+            continue;
+        }
+        if (name == "Name") {
+            words >> name;
+            army.Name = name;
             continue;
         }
         std::int32_t value = 0;
@@ -48,6 +55,25 @@ inline CArmy& Give(CArmy& army, const std::string& text) {
             throw std::invalid_argument("no army has " + name + ", as in \"" + text + '"');
     }
     return army;
+}
+
+/// A stack of armies, which stand between semicolons, of strength 5 and 3 hits where a text says nothing.
+inline CStackAtt StackOf(const std::string& armies) {
+    CStackAtt stack;
+    for (const std::string& army : Split(armies, ';'))
+        Give(stack.Add(CArmy{}, ""), "Strength 5 Hits 3 " + army);
+    return stack;
+}
+
+/// Every army of a stack as strength/hits, its ailments and blessing by letter, a star for each medal, and a
+/// mark of exclamation when its special attack is used up.
+inline std::string Describe(const CStackAtt& stack) {
+    std::string text;
+    for (const CArmy& army : stack)
+        text += (text.empty() ? "" : " ") + ToText(army.TotalStrength) + '/' + ToText(army.Hits) +
+                (army.Poisoned ? "P" : "") + (army.Diseased ? "D" : "") + (army.Blessed ? "B" : "") +
+                std::string(army.HasMedal.Index(), '*') + (army.UsedSpecial ? "!" : "");
+    return text;
 }
 
 /// A plain army of a strength and a number of hits.

@@ -57,25 +57,6 @@ private:
     std::size_t next_ = 0;
 };
 
-/// Every army of a stack as strength/hits, its ailments and blessing by letter, a star for each medal, and a
-/// mark of exclamation when its special attack is used up.
-inline std::string Describe(const CStackAtt& stack) {
-    std::string text;
-    for (const CArmy& army : stack)
-        text += (text.empty() ? "" : " ") + ToText(army.TotalStrength) + '/' + ToText(army.Hits) +
-                (army.Poisoned ? "P" : "") + (army.Diseased ? "D" : "") + (army.Blessed ? "B" : "") +
-                std::string(army.HasMedal.Index(), '*') + (army.UsedSpecial ? "!" : "");
-    return text;
-}
-
-/// A stack of armies described as Give reads them, of strength 5 and 3 hits where a text says nothing.
-inline CStackAtt StackOf(const std::string& armies) {
-    CStackAtt stack;
-    for (const std::string& army : Split(armies, ';'))
-        Give(stack.Add(CArmy{}, ""), "Strength 5 Hits 3 " + army);
-    return stack;
-}
-
 /// Begins with one trivial battle, which leaves the engine with a 20-faced die and the test's window.
 class Engine : public testing::Test {
 protected:

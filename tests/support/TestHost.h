@@ -50,7 +50,7 @@ public:
     CArmy& BringDefender() { return *defend_.Add(Plain(10), LineKey(defend_.Count())); }
     void Clear() { attack_ = defend_ = CAttackArmies{owner_}; }
 
-    [[nodiscard]] const CAttackArmies& AttackArmies() const override { return attack_; }
+    [[nodiscard]] const CAttackArmies& AttackArmies() const override { return OnRead(), attack_; }
     [[nodiscard]] const CAttackArmies& DefendArmies() const override { return defend_; }
     [[nodiscard]] const Table& Armies() const override { return armies_; }
     [[nodiscard]] const Table& Heroes() const override { return heroes_; }
@@ -66,6 +66,8 @@ public:
     /// What the engine showed and asked for, in order, with commas between.
     std::string Shown;
     std::function<void()> OnEvents = [] {};
+    /// Whenever the attackers' list is asked for.
+    std::function<void()> OnRead = [] {};
     std::function<void(CStackAtt&, CStackAtt&)> OnStats = [](CStackAtt&, CStackAtt&) {};
 
 private:
