@@ -19,6 +19,7 @@ std::uint64_t CountingTimer() {
 }
 
 TEST(Generator, ReadsItsTimerOnceADrawAndMixesItIntoASequenceThatNeverRestarts) {
+    readings = 0;
     TimedGenerator counting{1, CountingTimer}, frozen{1, [] { return std::uint64_t{7}; }},
         other{1, [] { return std::uint64_t{8}; }};
     std::set<float> values, others;

@@ -230,7 +230,9 @@ TEST(Table, EmptyCellIsNothingAndACellOutsideAnError) {
     const Table table{{{Cell{}, 7, "2.5"}, {"x", "", -1}}};
     EXPECT_EQ(table.RowCount(), 2);
     EXPECT_EQ(Joined({CellNumber(table(0, 0)), CellNumber(table(0, 1)), CellNumber(table(0, 2))}), "0 7 2");
-    EXPECT_EQ(CellText(table(0, 0)) + CellText(table(0, 1)) + CellText(table(0, 2)), "72.5");
+    EXPECT_EQ(CellText(table(0, 0)), "");
+    EXPECT_EQ(CellText(table(0, 1)), "7");
+    EXPECT_EQ(CellText(table(0, 2)), "2.5");
     EXPECT_EQ(ErrorOf([&] { return CellNumber(table(1, 0)); }), 13);
     for (const auto& [row, column] : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 3}})
         EXPECT_EQ(ErrorOf([&, r = row, c = column] { return table(r, c); }), 9) << row << ' ' << column;

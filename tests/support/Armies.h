@@ -38,7 +38,8 @@ inline CArmy& Give(CArmy& army, const std::string& text) {
             continue;
         }
         if (name == "Name") {
-            words >> name;
+            if (!(words >> name))
+                throw std::invalid_argument("an army has no name in \"" + text + '"');
             army.Name = name;
             continue;
         }
