@@ -64,6 +64,8 @@ TEST_F(Engine, DiceHaveAllTheirFacesAndPercentagesEndAt98) {
         EXPECT_EQ(CombatDiceRoll(7), test.seven);
         EXPECT_EQ(RandomPercentNum(), test.percentage);
     }
+    const Script script{"0.5"};
+    EXPECT_EQ(CombatDiceRoll(-7), -3) << "down from -2.5, even where no die has so few faces";
 }
 
 TEST_F(Engine, AMedalGivesTheLowerOfTwoRollsAndMoreMedalsASmallerSecondDie) {

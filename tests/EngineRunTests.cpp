@@ -105,6 +105,12 @@ TEST_F(Engine, ProgressIsShownEveryHundredthPartAndPumpsAfterBarAndText) {
     }
 }
 
+TEST_F(Engine, ResultsOutsideTheTableAreErrors) {
+    for (const auto& [battle, column] : {std::pair{0, 1}, {2, 1}, {1, 0}, {1, 6}})
+        EXPECT_EQ(ErrorOf([&, b = battle, c = column] { return BattleResults(b, c); }), 9)
+            << battle << ' ' << column;
+}
+
 TEST_F(Engine, NumbersOfBattlesThatNoRunCanHaveAreErrors) {
     EXPECT_THAT(
         [this] { Add(host, 0, 20, false, 0); },

@@ -87,6 +87,26 @@ TEST(ArmyList, StrengthAndHitsComeFromCatalogueAndConditions) {
     EXPECT_EQ(armies.Count(), 0);
 }
 
+TEST(ArmyList, RecordHasWhatItsEntryTells) {
+    ListHost host;
+    CAttackArmies armies{host};
+    ArmyEntry entry = Plain(5, 3, 7);
+    entry.UnitID = 4;
+    entry.CBName = "ice";
+    entry.CBValue = 6;
+    entry.PowerType = 8;
+    entry.PowerValue = 9;
+    entry.HasMedal = 2;
+    entry.IsFlying = entry.IsUndead = true;
+    const CArmy& army = *armies.Add(entry, "");
+    EXPECT_EQ(army.Name, "Plain");
+    EXPECT_EQ(army.CBName, "ice");
+    EXPECT_EQ(Joined({army.UnitID, army.Turns, army.CBValue, army.PowerType, army.PowerValue, army.HasMedal}),
+              "4 7 6 8 9 2");
+    EXPECT_TRUE(army.IsFlying && army.IsUndead);
+    EXPECT_FALSE(armies.Add(Plain(5), "")->IsFlying || armies.Add(Plain(5), "")->IsUndead);
+}
+
 TEST(ArmyList, PowerCodeGivesItsPowerAndNoOther) {
     ListHost host;
     CAttackArmies armies{host};
