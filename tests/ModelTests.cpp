@@ -151,7 +151,7 @@ TEST(ArmyList, HeroIsEditedBeforeItIsStoredAndKeepsItsOwnPowers) {
 TEST(ArmyList, ErrorsTellTheirProcedure) {
     ListHost host;
     CAttackArmies armies{host};
-    armies.Add(Plain(5), "SN5");
+    armies.Add(Plain(5), LineKey(5));
     EXPECT_THAT([&] { armies.Add(Plain(5), "SN5"); }, Raises(457, {"CAttackArmies::Add"}));
     EXPECT_THAT([&] { return armies.Item(2); }, Raises(5, {"CAttackArmies::Item"}));
     EXPECT_THAT([&] { return armies.Item("SN0"); }, Raises(5, {"CAttackArmies::Item"}));
