@@ -3,8 +3,8 @@
 #include "app/Binding.h"
 
 #include "app/ArmyListView.h"
-#include "app/DropDown.h"
 #include "app/ErrorReport.h"
+#include "app/Picker.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -36,23 +36,20 @@ int ToQt(Long value) {
     return value.Value();
 }
 
+/// Keeps a connection for as long as its parent lives.
+class Keeper final : public QObject {
+public:
+    Keeper(QObject* parent, Connection connection) : QObject(parent), connection_(std::move(connection)) {}
+
+private:
+    Connection connection_;
+};
+
 /// Shows the control with `update`, now and whenever it changes, for as long as the widget lives.
 template <class Widget, class ControlType, class Update>
 void ShowWith(Widget& widget, ControlType& control, Update update) {
-    control.Refreshed = [guard = QPointer<Widget>(&widget), &control, update] {
-        if (guard)
-            update(*guard, control);
-    };
+    KeepWith(widget, control.Changed.Connect([&widget, &control, update] { update(widget, control); }));
     update(widget, control);
-}
-
-void ShowCommon(QWidget& widget, const Control& control) {
-    const QString toolTip = ToQt(control.ToolTip);
-    if (widget.toolTip() != toolTip) {
-        widget.setToolTip(toolTip);
-        widget.setAccessibleDescription(toolTip);
-    }
-    widget.setEnabled(control.Enabled);
 }
 
 /// Drops every character that the control does not admit, typed or pasted.
@@ -93,7 +90,7 @@ private:
 
 void ShowEntries(QComboBox& widget, const ComboBox& control) {
     const QSignalBlocker blocker(widget);
-    ShowCommon(widget, control);
+    widget.setEnabled(control.Enabled);
     const auto& items = control.Items();
     for (int i = widget.count(); i < static_cast<int>(items.size()); ++i)
         widget.addItem(ToQt(items[static_cast<std::size_t>(i)].Text));
@@ -102,16 +99,27 @@ void ShowEntries(QComboBox& widget, const ComboBox& control) {
 
 void ShowLines(ArmyListView& widget, const ListBox& control) {
     const QSignalBlocker blocker(widget);
-    ShowCommon(widget, control);
     const int count = ToQt(control.ListCount());
+    const int shownCount = widget.count();
     while (widget.count() > count)
         delete widget.takeItem(widget.count() - 1);
     for (int line = 0; line < count; ++line) {
         if (line == widget.count())
             widget.addItem(QString());
         const QString text = ToQt(control.Entry(line).Text);
-        if (widget.item(line)->text() != text)
-            widget.item(line)->setText(text);
+        QListWidgetItem& item = *widget.item(line);
+        if (item.text() != text)
+            item.setText(text);
+        const QString note = ToQt(control.Note(line));
+        if (item.data(ArmyListView::NoteRole).toString() == note)
+            continue;
+        item.setData(ArmyListView::NoteRole, note);
+        item.setToolTip(note.isEmpty() ? QString() : ToQt(control.ToolTip) + '\n' + note);
+    }
+    for (int line = 0; line < count; ++line) {
+        const QString note = ToQt(control.Note(line));
+        widget.item(line)->setData(Qt::AccessibleTextRole,
+                                   ToQt(control.Entry(line).Text) + (note.isEmpty() ? "" : ", ") + note);
     }
     QItemSelectionModel& selection = *widget.selectionModel();
     for (int line = 0; line < count; ++line) {
@@ -125,6 +133,9 @@ void ShowLines(ArmyListView& widget, const ListBox& control) {
         if (widget.currentItem() != nullptr)
             widget.scrollToItem(widget.currentItem());
     }
+    // What was added stands at the end.
+    if (count > shownCount)
+        widget.ShowLastLine();
 }
 
 void TakeSelection(const ArmyListView& widget, ListBox& control) {
@@ -136,32 +147,34 @@ void TakeSelection(const ArmyListView& widget, ListBox& control) {
 
 } // namespace
 
-void BindCommon(QWidget& widget, Control& control) {
-    ShowCommon(widget, control);
+void KeepWith(QObject& owner, Connection connection) {
+    new Keeper(&owner, std::move(connection));
+}
+
+void ShowToolTip(QWidget& widget, const Control& control) {
+    widget.setToolTip(ToQt(control.ToolTip));
+    widget.setAccessibleDescription(widget.toolTip());
 }
 
 void Bind(QLabel& widget, Label& control) {
     widget.setTextFormat(Qt::PlainText);
-    ShowWith(widget, control, [](QLabel& label, const Label& model) {
-        ShowCommon(label, model);
-        label.setText(ToQt(model.Caption));
-    });
+    ShowToolTip(widget, control);
+    ShowWith(widget, control, [](QLabel& label, const Label& model) { label.setText(ToQt(model.Caption)); });
 }
 
 void Bind(QGroupBox& widget, Frame& control) {
-    ShowWith(widget, control, [](QGroupBox& box, const Frame& model) {
-        ShowCommon(box, model);
-        box.setTitle(ToQt(model.Caption));
-    });
+    ShowToolTip(widget, control);
+    ShowWith(widget, control, [](QGroupBox& box, const Frame& model) { box.setTitle(ToQt(model.Caption)); });
 }
 
 void Bind(QPushButton& widget, Button& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, [](QPushButton& button, const Button& model) {
         // The window keeps the focus of a disabled button, not the next widget: a key that is held on the
         // button must not go on elsewhere.
         if (!model.Enabled && button.hasFocus())
             button.window()->setFocus();
-        ShowCommon(button, model);
+        button.setEnabled(model.Enabled);
         button.setText(ToQt(model.Caption));
     });
     // Enter presses the focused button, in every kind of window.
@@ -173,15 +186,15 @@ void Bind(QPushButton& widget, Button& control) {
         const QPointer<QPushButton> button = &widget;
         RunOutermost([&] { control.Press(); });
         // A button that was disabled while it worked gets its focus back, unless the user has moved on.
-        if (button && button->isEnabled() && button->window()->hasFocus())
+        if (button && button->isEnabled() && button->window()->focusWidget() == button->window())
             button->setFocus(Qt::OtherFocusReason);
     });
 }
 
 void Bind(QCheckBox& widget, CheckButton& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, [](QCheckBox& box, const CheckButton& model) {
         const QSignalBlocker blocker(box);
-        ShowCommon(box, model);
         box.setText(ToQt(model.Caption));
         box.setChecked(model.Checked);
     });
@@ -192,11 +205,12 @@ void Bind(QCheckBox& widget, CheckButton& control) {
 }
 
 void Bind(QLineEdit& widget, TextBox& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, [](QLineEdit& edit, const TextBox& model) {
-        ShowCommon(edit, model);
         if (edit.text() != ToQt(model.Text()))
             edit.setText(ToQt(model.Text()));
     });
+    widget.setMaxLength(control.MaxLength);
     if (control.KeyPress)
         widget.setValidator(new KeyFilter(&widget, control));
     QObject::connect(&widget, &QLineEdit::textChanged, &widget, [&control](const QString& text) {
@@ -205,18 +219,30 @@ void Bind(QLineEdit& widget, TextBox& control) {
 }
 
 void Bind(DropDown& widget, ComboBox& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, ShowEntries);
     QObject::connect(&widget, &QComboBox::activated, &widget,
                      [&control](int index) { RunOutermost([&] { control.Choose(index); }); });
 }
 
 void Bind(Picker& widget, ComboBox& control) {
-    ShowWith(widget, control, ShowEntries);
+    ShowToolTip(widget, control);
+    ShowWith(widget, control, [](Picker& picker, const ComboBox& model) {
+        const int shownCount = picker.count();
+        ShowEntries(picker, model);
+        for (int row = shownCount; row < picker.count(); ++row) {
+            QStringList details;
+            for (const std::string& detail : model.Details(static_cast<std::size_t>(row)))
+                details += ToQt(detail);
+            picker.setItemData(row, details, Picker::DetailsRole);
+        }
+    });
     QObject::connect(&widget, &QComboBox::activated, &widget,
                      [&control](int index) { RunOutermost([&] { control.Pick(index); }); });
 }
 
 void Bind(ArmyListView& widget, ListBox& control) {
+    ShowToolTip(widget, control);
     ShowWith(widget, control, ShowLines);
     const auto take = [&widget, &control] { RunOutermost([&] { TakeSelection(widget, control); }); };
     QObject::connect(&widget, &QListWidget::currentRowChanged, &widget, take);
@@ -229,14 +255,18 @@ void Bind(QProgressBar& widget, ProgressBar& control) {
     widget.setRange(0, 100);
     ShowWith(widget, control, [](QProgressBar& bar, const ProgressBar& model) {
         bar.setVisible(model.Visible);
+        // The toolkit would paint the bar at once at every step of a run; like all else it is painted when
+        // events are next processed, so that the bar and the text beside it stay in step.
+        bar.setUpdatesEnabled(false);
         bar.setValue(ToQt(model.Value));
+        bar.setUpdatesEnabled(true);
     });
 }
 
 void Bind(QLabel& widget, StatusPanel& control) {
     widget.setTextFormat(Qt::PlainText);
+    ShowToolTip(widget, control);
     ShowWith(widget, control, [](QLabel& label, const StatusPanel& model) {
-        ShowCommon(label, model);
         if (model.PanelStyle == StatusPanel::Style::Text)
             label.setText(ToQt(model.Text));
     });
@@ -261,10 +291,11 @@ void Bind(QAction& action, MenuItem& control) {
         if (item.isCheckable())
             item.setChecked(model.Checked);
     });
-    QObject::connect(&action, &QAction::triggered, &action, [&control] {
+    QObject::connect(&action, &QAction::triggered, &action, [&action, &control] {
         RunOutermost([&] { control.Choose(); });
         // The toolkit has flipped the mark by itself; the control knows how it stands.
-        control.Refresh();
+        if (action.isCheckable())
+            action.setChecked(control.Checked);
     });
 }
 
@@ -276,8 +307,8 @@ void Bind(QTableWidget& widget, Grid& control) {
     widget.setTabKeyNavigation(false);
     widget.horizontalHeader()->setHighlightSections(false);
     widget.verticalHeader()->hide();
+    ShowToolTip(widget, control);
     ShowWith(widget, control, [columns](QTableWidget& table, const Grid& model) {
-        ShowCommon(table, model);
         const int characterWidth = table.fontMetrics().averageCharWidth();
         for (int column = 0; column < columns; ++column) {
             const Grid::Column& format = model.Columns()[static_cast<std::size_t>(column)];
@@ -292,8 +323,7 @@ void Bind(QTableWidget& widget, Grid& control) {
                 table.setItem(row, column, cell);
             }
             table.resizeColumnToContents(column);
-            table.setColumnWidth(column,
-                                 std::max(table.columnWidth(column), ToQt(format.Width) * characterWidth));
+            table.setColumnWidth(column, std::max(table.columnWidth(column), format.Width * characterWidth));
         }
     });
 }

@@ -14,9 +14,9 @@ class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
-class QMenu;
 class QProgressBar;
 class QPushButton;
+class QObject;
 class QTableWidget;
 class QWidget;
 
@@ -26,12 +26,15 @@ class ArmyListView;
 class DropDown;
 class Picker;
 
-// One function for each kind of control: it shows the control in its widget from now on, and passes what the
-// user does in the widget on to the control. The control must outlive the widget's user input; the widget may
-// go first.
+/// Keeps a connection for as long as its owner lives.
+void KeepWith(QObject& owner, Connection connection);
 
-/// What every kind shares: enabled or not, tooltip, and the tooltip as description for screen readers.
-void BindCommon(QWidget& widget, Control& control);
+/// Gives a widget its control's tooltip, which is its description for screen readers too.
+void ShowToolTip(QWidget& widget, const Control& control);
+
+// One function for each kind of control: it shows the control in its widget for as long as the widget lives,
+// and passes what the user does in the widget on to the control. The control must outlive the widget's user
+// input.
 
 void Bind(QLabel& widget, Label& control);
 void Bind(QGroupBox& widget, Frame& control);

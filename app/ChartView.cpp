@@ -4,10 +4,11 @@
 
 #include "app/Binding.h"
 
+#include <QAccessibleWidget>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QPointer>
+#include <QPainter>
 #include <QTimer>
 #include <QToolTip>
 
@@ -41,6 +42,12 @@ QSharedPointer<QCPAxisTicker> WholeNumbers() {
     return ticks;
 }
 
+/// Tells screen readers that a chart is one.
+QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* object) {
+    auto* const chart = dynamic_cast<ChartView*>(object);
+    return chart != nullptr ? new QAccessibleWidget(chart, QAccessible::Chart) : nullptr;
+}
+
 } // namespace
 
 ChartView::ChartView(Chart& chart, QWidget* parent)
@@ -48,6 +55,8 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
     setMinimumSize(fontMetrics().averageCharWidth() * 50, fontMetrics().height() * 14);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    // Installing it again changes nothing.
+    QAccessible::installFactory(MakeAccessible);
     setAccessibleName(QString::fromStdString(chart.Title));
 
     plotLayout()->insertRow(0);
@@ -84,17 +93,10 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
     ShowColours();
     ShowData();
     // A chart is filled value by value; it is shown once when that is done.
-    chart.Refreshed = [view = QPointer<ChartView>(this)] {
-        if (view && !std::exchange(view->isStale_, true))
-            QTimer::singleShot(0, view, [view] { view->ShowData(); });
-    };
-    chart.CopyPicture.Click = [view = QPointer<ChartView>(this)] {
-        if (view)
-            QGuiApplication::clipboard()->setPixmap(view->toPixmap(0, 0, view->devicePixelRatioF()));
-    };
-    chart.CopyNumbers.Click = [&chart] {
-        QGuiApplication::clipboard()->setText(QString::fromStdString(chart.Numbers()));
-    };
+    KeepWith(*this, chart.Changed.Connect([this] {
+        if (!std::exchange(isStale_, true))
+            QTimer::singleShot(0, this, [this] { ShowData(); });
+    }));
 }
 
 void ChartView::ShowData() {
@@ -206,12 +208,45 @@ void ChartView::resizeEvent(QResizeEvent* event) {
 }
 
 void ChartView::contextMenuEvent(QContextMenuEvent* event) {
+    OpenMenu(event->globalPos());
+}
+
+void ChartView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        OpenMenu(mapToGlobal(axisRect()->topLeft()));
+    else
+        QCustomPlot::keyPressEvent(event);
+}
+
+void ChartView::focusInEvent(QFocusEvent* event) {
+    QCustomPlot::focusInEvent(event);
+    update();
+}
+
+void ChartView::focusOutEvent(QFocusEvent* event) {
+    QCustomPlot::focusOutEvent(event);
+    update();
+}
+
+void ChartView::paintEvent(QPaintEvent* event) {
+    QCustomPlot::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2.0));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
+void ChartView::OpenMenu(const QPoint& position) {
     // Not executed but popped up: a run that pumps this event goes on behind the menu.
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    Bind(*menu->addAction(QString()), chart_->CopyPicture);
-    Bind(*menu->addAction(QString()), chart_->CopyNumbers);
-    menu->popup(event->globalPos());
+    menu->addAction(QString::fromStdString(chart_->CopyPicture), this,
+                    [this] { QGuiApplication::clipboard()->setPixmap(toPixmap(0, 0, devicePixelRatioF())); });
+    menu->addAction(QString::fromStdString(chart_->CopyNumbers), this, [this] {
+        QGuiApplication::clipboard()->setText(QString::fromStdString(chart_->Numbers()));
+    });
+    menu->popup(position);
 }
 
 } // namespace vorhaven

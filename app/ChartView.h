@@ -21,8 +21,14 @@ protected:
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// Opens the chart's own menu.
+    void OpenMenu(const QPoint& position);
     void ShowData();
     /// What the labels of all categories take side by side, in pixels.
     [[nodiscard]] int WidthOfLabels() const;

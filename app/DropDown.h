@@ -15,14 +15,4 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 };
 
-/// A drop-down list from which each choice in the open list counts as a pick. While it is closed no key picks
-/// anything: a key that would move the selection opens the list instead, and letters look up an entry in it.
-class Picker final : public DropDown {
-public:
-    explicit Picker(QWidget* parent = nullptr);
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-};
-
 } // namespace vorhaven

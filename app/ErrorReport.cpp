@@ -2,33 +2,40 @@
 
 #include "app/ErrorReport.h"
 
+#include "base/RunTimeError.h"
+
 #include <QApplication>
 #include <QMessageBox>
 
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 #include <new>
 
 namespace vorhaven {
 namespace {
 
-void ShowReport(const std::string& headline, const std::string& details) {
-    std::cerr << headline << '\n' << details << (details.empty() ? "" : "\n") << std::flush;
-    QMessageBox box(QMessageBox::Critical, QApplication::applicationName(), QString::fromStdString(headline));
+void Show(const ErrorReport& report, const std::string& advice) {
+    const std::string text = advice + (report.Details.empty() ? "" : "\n\n") + report.Details;
+    std::cerr << report.Headline << '\n' << text << std::endl;
+    QMessageBox box(QMessageBox::Critical, QApplication::applicationName(),
+                    QString::fromStdString(report.Headline));
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    box.setInformativeText(QString::fromStdString(details));
+    box.setInformativeText(QString::fromStdString(text));
     box.exec();
 }
 
 } // namespace
 
-std::function<void(const RunTimeError&)> OnFatalError = ReportAndEnd;
+std::function<void(const ErrorReport&)> OnFatalError = ReportAndEnd;
 
-void ReportAndEnd(const RunTimeError& error) {
+void ReportAndEnd(const ErrorReport& report) {
     while (QApplication::overrideCursor() != nullptr)
         QApplication::restoreOverrideCursor();
-    ShowReport(error.Headline(), error.Details());
+    Show(report,
+         "The program has to end. Start it again and enter the battle anew; if this happens again, please "
+         "report the details below.");
     // A run may be waiting further out for this event to end; it must not go on, so nothing is unwound.
     std::_Exit(EXIT_FAILURE);
 }
@@ -38,14 +45,19 @@ void RunOutermost(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const RunTimeError& error) {
-        OnFatalError(error);
+        OnFatalError({error.Headline(), error.Details()});
     } catch (const std::bad_alloc&) {
-        OnFatalError(RunTimeError{ErrorNumber::OutOfMemory});
+        const RunTimeError error{ErrorNumber::OutOfMemory};
+        OnFatalError({error.Headline(), error.Details()});
+    } catch (const std::exception& error) {
+        OnFatalError({"Unexpected error", error.what()});
     }
 }
 
 void ReportStartUpFailure(const std::string& message) {
-    ShowReport(message, {});
+    Show({message, {}},
+         "The program cannot start. Correct this, or take the catalogue's folder away, and start it "
+         "again.");
 }
 
 } // namespace vorhaven

@@ -2,19 +2,23 @@
 
 #pragma once
 
-#include "base/RunTimeError.h"
-
 #include <functional>
 #include <string>
 
 namespace vorhaven {
 
-/// Reports a run-time error that has reached the outermost handler, in a window and on standard error, and
-/// ends the program with a failure status. Nothing of the program runs on.
-[[noreturn]] void ReportAndEnd(const RunTimeError& error);
+/// What the person is told about an error that ends the program.
+struct ErrorReport {
+    std::string Headline;
+    std::string Details;
+};
+
+/// Reports an error that has reached the outermost handler, in a window and on standard error, and ends the
+/// program with a failure status. Nothing of the program runs on.
+[[noreturn]] void ReportAndEnd(const ErrorReport& report);
 
 /// What is done with such an error: ReportAndEnd, unless a test puts something in its place.
-extern std::function<void(const RunTimeError&)> OnFatalError;
+extern std::function<void(const ErrorReport&)> OnFatalError;
 
 /// Runs a handler for an event of the toolkit, as its outermost handler: no error leaves it.
 void RunOutermost(const std::function<void()>& handler);

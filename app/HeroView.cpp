@@ -23,8 +23,7 @@ QList<NumberBox*> AddFields(frmHero& hero, QFormLayout& layout, std::span<HeroFi
 
 } // namespace
 
-HeroView::HeroView(frmHero& hero, QWidget* parent) : QDialog(parent) {
-    setWindowTitle(QString::fromStdString(hero.Caption));
+HeroView::HeroView(frmHero& hero, QWidget* parent) : SecondaryWindow(hero, parent) {
     setAccessibleDescription(QString::fromStdString(hero.Whereabouts));
 
     auto* const unitInfo = Make<QGroupBox>(hero.fraUnitInfo);
@@ -37,19 +36,17 @@ HeroView::HeroView(frmHero& hero, QWidget* parent) : QDialog(parent) {
     stackBonus->setLayout(stackLayout);
     AddFields(hero, *stackLayout, hero.StackFields);
 
-    auto* const done = MakeFocusable<QPushButton>(hero, hero.cmdProceed);
-    done->setDefault(true);
-
     auto* const layout = new QGridLayout(this);
     layout->addWidget(unitInfo, 0, 0);
     layout->addWidget(stackBonus, 0, 1);
-    layout->addWidget(done, 1, 1, Qt::AlignRight);
+    layout->addWidget(MakeDone(hero, hero.cmdProceed), 1, 1, Qt::AlignRight);
     // Wide enough for the caption, with the frame's buttons beside it.
-    setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) * 5 / 4 + 100);
+    layout->addItem(new QSpacerItem(fontMetrics().horizontalAdvance(windowTitle()) * 5 / 4 + 100, 0), 2, 0, 1,
+                    2);
 }
 
 void HeroView::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
+    SecondaryWindow::showEvent(event);
     firstField_->setFocus(Qt::TabFocusReason);
     firstField_->selectAll();
 }

@@ -2,16 +2,15 @@
 
 #pragma once
 
+#include "app/SecondaryWindow.h"
 #include "ui/hero/frmHero.h"
-
-#include <QDialog>
 
 namespace vorhaven {
 
 class NumberBox;
 
 /// The hero editor on the screen.
-class HeroView final : public QDialog {
+class HeroView final : public SecondaryWindow {
 public:
     /// `hero` must outlive the view.
     HeroView(frmHero& hero, QWidget* parent);

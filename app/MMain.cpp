@@ -11,6 +11,7 @@
 #include <QApplication>
 
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 
 namespace vorhaven::MMain {
@@ -39,7 +40,8 @@ int Main(int argc, char** argv) {
     try {
         const CsvCatalogue provider = CsvCatalogue::FromFirstFolder(CatalogueFolders());
         return Run(provider);
-    } catch (const CatalogueError& error) {
+    } catch (const std::exception& error) {
+        // A catalogue that cannot be used, or no memory to start with.
         ReportStartUpFailure(error.what());
         return EXIT_FAILURE;
     }

@@ -2,43 +2,82 @@
 
 #include "app/MainView.h"
 
-#include "app/ArmyListView.h"
+#include "app/ArmyPanel.h"
 #include "app/BoundWidgets.h"
 #include "app/DropDown.h"
 #include "app/ErrorReport.h"
 #include "app/Scroller.h"
+#include "app/Shade.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
 #include <QStatusBar>
+#include <QTimer>
+
+#include <algorithm>
 
 namespace vorhaven {
 
-MainView::MainView(frmBrawlpad& pad) : pad_(&pad) {
-    setWindowTitle(QString::fromStdString(pad.Caption));
-    auto* const middle = new QVBoxLayout;
-    middle->addWidget(MakeSettings());
-    middle->addWidget(MakeQuickResults());
-    middle->addStretch();
-    middle->addWidget(MakeRunButtons());
+namespace {
 
+/// What the three columns take side by side in their usual shape.
+constexpr int UsualWidthInEm = 80;
+
+/// Wide enough for any percentage and any average that the quick results show.
+constexpr const char* WidestPercentage = "00.0000000000000%";
+constexpr const char* WidestAverage = "000.000000";
+
+void Enlarge(QWidget& widget, double factor) {
+    QFont font = widget.font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * factor);
+    widget.setFont(font);
+}
+
+/// Indents numbers so that their decimal points stand below each other.
+void AlignPoints(const QList<QLabel*>& numbers) {
+    const auto widthBeforePoint = [](const QLabel& number) {
+        return number.fontMetrics().horizontalAdvance(number.text().section('.', 0, 0));
+    };
+    int widest = 0;
+    for (const QLabel* number : numbers)
+        widest = std::max(widest, widthBeforePoint(*number));
+    for (QLabel* number : numbers)
+        number->setIndent(widest - widthBeforePoint(*number));
+}
+
+} // namespace
+
+MainView::MainView(frmBrawlpad& pad)
+    : pad_(&pad),
+      compact_(screen()->availableSize().width() < UsualWidthInEm * QFontInfo(font()).pixelSize()) {
+    setWindowTitle(QString::fromStdString(pad.Caption));
     auto* const contents = new QWidget;
     auto* const columns = new QHBoxLayout(contents);
-    columns->addWidget(MakeArmies(Side::Attack), 1);
-    columns->addLayout(middle);
-    columns->addWidget(MakeArmies(Side::Defend), 1);
+    for (const Side side : {Side::Attack, Side::Defend}) {
+        ArmyPanel*& panel = armies_[static_cast<std::size_t>(side)];
+        panel = new ArmyPanel(pad, side, compact_);
+        columns->addWidget(panel, 1);
+    }
+    columns->insertLayout(1, MakeMiddle());
     setCentralWidget(new Scroller(contents));
     MakeStatusBar();
     MakeMenu();
+    MakeShortcuts();
+    MakeSettling();
     OrderTabs();
-    pad.Unloaded = [this] { close(); };
+    KeepWith(*this, pad.Unloading.Connect([this] { close(); }));
 }
 
 void MainView::closeEvent(QCloseEvent* event) {
@@ -48,57 +87,20 @@ void MainView::closeEvent(QCloseEvent* event) {
     QCoreApplication::exit();
 }
 
-QWidget* MainView::MakeArmies(Side side) {
-    const auto i = static_cast<std::size_t>(side);
-    frmBrawlpad& pad = *pad_;
-    auto* const frame = Make<QGroupBox>(pad.FrameOf(side));
+QLayout* MainView::MakeMiddle() {
+    auto* const layout = new QVBoxLayout;
+    layout->addWidget(MakeSettings());
+    layout->addLayout(MakeRunButtons());
+    layout->addWidget(MakeQuickResults());
+    layout->addStretch();
+    layout->addWidget(MakeButton(pad_->sscExit), 0, Qt::AlignRight);
+    return layout;
+}
 
-    auto* const pickerLabel = Make<QLabel>(pad.lblArmies[i]);
-    auto* const picker = MakeFocusable<Picker>(pad, pad.cboArmies[i]);
-    picker->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    picker->setMinimumContentsLength(18);
-    LabelField(*picker, *pickerLabel);
-
-    auto* const lines = MakeFocusable<ArmyListView>(pad, pad.lstArmies[i]);
-    lines->setAccessibleName(frame->title());
-    lines->MenuRequested = [this, side](const QPoint& place) {
-        menuPlace_ = place;
-        RunOutermost([&] { pad_->lstArmies_MouseUp(side, frmBrawlpad::MouseButton::Right); });
-    };
-    lines->DeletePressed = [this] { RunOutermost([&] { pad_->mnuPopupDelete.Choose(); }); };
-    std::vector<QLabel*> stackLabels;
-    if (side == Side::Attack)
-        for (Label& label : pad.lblStack)
-            stackLabels.push_back(Make<QLabel>(label));
-    else
-        stackLabels.push_back(Make<QLabel>(pad.lblDefStack));
-
-    auto* const up = MakeFocusable<QPushButton>(pad, pad.sscListArrow[2 * i]);
-    auto* const down = MakeFocusable<QPushButton>(pad, pad.sscListArrow[2 * i + 1]);
-    auto* const clear = MakeFocusable<QPushButton>(pad, pad.sscClearList[i]);
-    auto* const copiesLabel = Make<QLabel>(pad.lblDup[i]);
-    auto* const copies = MakeNumberBox(pad, pad.updDup[i]);
-    auto* const duplicate = MakeFocusable<QPushButton>(pad, pad.sscDup[i]);
-    LabelField(*copies, *copiesLabel);
-
-    auto* const list = new QHBoxLayout;
-    list->addWidget(new StackLabels(*lines, stackLabels));
-    list->addWidget(lines);
-    auto* const tools = new QGridLayout;
-    tools->addWidget(up, 0, 0);
-    tools->addWidget(down, 0, 1);
-    tools->addWidget(copiesLabel, 1, 0);
-    tools->addWidget(copies, 1, 1);
-    tools->addWidget(duplicate, 2, 0);
-    tools->addWidget(clear, 2, 1);
-
-    auto* const layout = new QVBoxLayout(frame);
-    layout->addWidget(pickerLabel);
-    layout->addWidget(picker);
-    layout->addLayout(list, 1);
-    layout->addLayout(tools);
-    armyTabs_[i] = {picker, lines, up, down, copies, duplicate, clear};
-    return frame;
+QWidget* MainView::MakeButton(Button& control) {
+    auto* const button = MakeFocusable<QPushButton>(*pad_, control);
+    middleTabs_ += button;
+    return button;
 }
 
 QWidget* MainView::MakeSettings() {
@@ -113,46 +115,101 @@ QWidget* MainView::MakeSettings() {
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setMinimumContentsLength(11);
     }
+    connect(battles, &QLineEdit::returnPressed, this, [this] { attack_->click(); });
     auto* const layout = new QFormLayout(frame);
+    layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     AddRow(*layout, pad.lblCombatDice, dice);
     AddRow(*layout, pad.lblNumSimulations, battles);
     AddRow(*layout, pad.lblTerrain, terrain);
     AddRow(*layout, pad.lblCityLevel, cityLevel);
-    layout->addRow(viewStats);
+    auto* const terrainLocked = Make<QLabel>(pad.lblTerrainLocked);
+    SetShade(*terrainLocked, Shade::Quiet);
     middleTabs_ += {dice, battles, terrain, cityLevel, viewStats};
+    auto* const lastRow = new QHBoxLayout;
+    lastRow->addWidget(viewStats, 1);
+    lastRow->addWidget(MakeButton(pad.sscSwapSides));
+    layout->addRow(lastRow);
+    layout->addRow(terrainLocked);
     return frame;
+}
+
+QLayout* MainView::MakeRunButtons() {
+    attack_ = MakeFocusable<QPushButton>(*pad_, pad_->cmdAttack);
+    auto* const abort = MakeFocusable<QPushButton>(*pad_, pad_->sscAbort);
+    Enlarge(*attack_, 1.0);
+    attack_->setMinimumHeight(QFontInfo(font()).pixelSize() * 27 / 10);
+    abort->setMinimumHeight(attack_->minimumHeight());
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, abort, &QPushButton::click);
+    middleTabs_ += {attack_, abort};
+    auto* const layout = new QHBoxLayout;
+    layout->addWidget(attack_, 3);
+    layout->addWidget(abort, 1);
+    return layout;
 }
 
 QWidget* MainView::MakeQuickResults() {
     frmBrawlpad& pad = *pad_;
     auto* const frame = Make<QGroupBox>(pad.fraQuickResults);
-    auto* const layout = new QFormLayout(frame);
-    const auto addFigure = [&](Label& caption, Label& figure) {
-        auto* const label = Make<QLabel>(figure);
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        // As wide as common figures, so that most results move nothing else in the window.
-        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("00.00000%")));
-        AddRow(*layout, caption, label);
+    const auto makeFigure = [](Label& control, const char* widest) {
+        auto* const figure = Make<QLabel>(control);
+        figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        figure->setMinimumWidth(figure->fontMetrics().horizontalAdvance(QString::fromLatin1(widest)));
+        return figure;
     };
-    addFigure(pad.lblAttWinPercentCaption, pad.lblAttWinPercent);
-    for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column)
-        addFigure(pad.lblAvgCaption[column], pad.lblAvg[column]);
-    return frame;
-}
+    auto* const wins = makeFigure(pad.lblAttWinPercent, "");
+    Enlarge(*wins, compact_ ? 1.4 : 1.8);
+    wins->setMinimumHeight(wins->fontMetrics().height());
+    auto* const winsCaption = Make<QLabel>(pad.lblAttWinPercentCaption);
+    LabelField(*wins, *winsCaption);
+    auto* const margin = Make<QLabel>(pad.lblWinMargin);
+    SetShade(*margin, Shade::Quiet);
+    KeepWith(*margin, pad.lblWinMargin.Changed.Connect([this, margin] {
+        margin->setToolTip(QString::fromStdString(pad_->WinMarginInWords));
+        margin->setAccessibleDescription(margin->toolTip());
+    }));
+    auto* const outOfDate = Make<QLabel>(pad.lblOutOfDate);
 
-QWidget* MainView::MakeRunButtons() {
-    frmBrawlpad& pad = *pad_;
-    auto* const buttons = new QWidget;
-    auto* const layout = new QGridLayout(buttons);
-    layout->setContentsMargins(0, 0, 0, 0);
-    int place = 0;
-    for (Button* button : {&pad.cmdAttack, &pad.sscAbort, &pad.sscMoreResults, &pad.sscExit}) {
-        auto* const widget = MakeFocusable<QPushButton>(pad, *button);
-        layout->addWidget(widget, place / 2, place % 2);
-        middleTabs_ += widget;
-        ++place;
-    }
-    return buttons;
+    auto* const averages = new QFormLayout;
+    for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column)
+        AddRow(*averages, pad.lblAvgCaption[column], makeFigure(pad.lblAvg[column], WidestAverage));
+    auto* const moreResults = MakeButton(pad.sscMoreResults);
+    // A number of battles that the last run did not have cannot be shown.
+    const auto showIfPossible = [this, moreResults] {
+        moreResults->setEnabled(pad_->sscMoreResults.Enabled && pad_->HasResultsToShow());
+    };
+    KeepWith(*moreResults, pad.txtNumSimulations.Changed.Connect(showIfPossible));
+    KeepWith(*moreResults, pad.sscMoreResults.Changed.Connect(showIfPossible));
+
+    auto* const details = new QBoxLayout(compact_ ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    details->addLayout(averages, 1);
+    details->addWidget(moreResults, 0, Qt::AlignRight | Qt::AlignBottom);
+    QList<QLabel*> figures{wins};
+    for (int row = 0; row < averages->rowCount(); ++row)
+        figures += qobject_cast<QLabel*>(averages->itemAt(row, QFormLayout::FieldRole)->widget());
+    for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column)
+        KeepWith(*frame, pad.lblAvg[column].Changed.Connect([figures] { AlignPoints(figures.mid(1)); }));
+    KeepWith(*frame, pad.lblOutOfDate.Changed.Connect([this, figures] {
+        const bool isOutOfDate = !pad_->lblOutOfDate.Caption.Get().empty();
+        for (QLabel* figure : figures)
+            SetShade(*figure, isOutOfDate ? Shade::Dimmed : Shade::Full);
+    }));
+
+    auto* const caption = new QHBoxLayout;
+    caption->addWidget(winsCaption, 1);
+    caption->addWidget(outOfDate);
+    auto* const percentage = new QHBoxLayout;
+    percentage->addWidget(wins);
+    percentage->addWidget(margin, 1, Qt::AlignVCenter);
+    auto* const layout = new QVBoxLayout(frame);
+    layout->addLayout(caption);
+    layout->addLayout(percentage);
+    // Room for the widest percentage with its margin behind it.
+    layout->addItem(
+        new QSpacerItem(wins->fontMetrics().horizontalAdvance(QString::fromLatin1(WidestPercentage)) +
+                            margin->fontMetrics().horizontalAdvance(QStringLiteral("  ± 00.0")),
+                        0));
+    layout->addLayout(details);
+    return frame;
 }
 
 void MainView::MakeStatusBar() {
@@ -166,7 +223,8 @@ void MainView::MakeStatusBar() {
     Bind(*progress, pad_->pbBattleProgress);
     layout->addWidget(progress);
     picProgBar->setToolTip(progress->accessibleName());
-    picProgBar->setMinimumHeight(progress->sizeHint().height());
+    progress->setMaximumHeight(fontMetrics().height() * 2 / 3);
+    picProgBar->setMinimumHeight(fontMetrics().height());
     statusBar()->addWidget(picProgBar, 2);
     statusBar()->addWidget(Make<QLabel>(pad_->sbrBrawlpad[1]), 1);
     statusBar()->addPermanentWidget(Make<QLabel>(pad_->sbrBrawlpad[2]));
@@ -192,17 +250,61 @@ void MainView::MakeMenu() {
     }
     menu_->addSeparator();
     Bind(*menu_->addAction(QString()), pad_->mnuPopupDelete);
-    pad_->PopupMenu = [this](Side /*side*/) { menu_->popup(menuPlace_); };
+    menu_->addSeparator();
+    for (MenuItem* item : {&pad_->mnuCopy, &pad_->mnuPaste, &pad_->mnuCopyBattle})
+        Bind(*menu_->addAction(QString()), *item);
+    menu_->addSeparator();
+    for (MenuItem* item : {&pad_->mnuUndo, &pad_->mnuRedo})
+        Bind(*menu_->addAction(QString()), *item);
+    KeepWith(*this, pad_->PopupMenuRequested.Connect([this](Side side) {
+        menu_->popup(armies_[static_cast<std::size_t>(side)]->MenuPosition());
+    }));
+}
+
+void MainView::MakeShortcuts() {
+    const auto add = [this](QKeySequence::StandardKey key, MenuItem& item) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this,
+                [&item] { RunOutermost([&item] { item.Choose(); }); });
+    };
+    add(QKeySequence::Undo, pad_->mnuUndo);
+    add(QKeySequence::Redo, pad_->mnuRedo);
+    // A field's own undo would go behind the window's, which has the field's changes too.
+    for (QLineEdit* edit : findChildren<QLineEdit*>())
+        edit->installEventFilter(this);
+}
+
+bool MainView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        auto* const key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+            key->ignore();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainView::MakeSettling() {
+    // Whatever an action changes is taken in at once, when the action is over.
+    auto* const settling = new QTimer(this);
+    settling->setSingleShot(true);
+    settling->setInterval(0);
+    connect(settling, &QTimer::timeout, this, [this] { RunOutermost([this] { pad_->Settle(); }); });
+    KeepWith(*this, pad_->SetupTouched.Connect([settling] { settling->start(); }));
+    KeepWith(*this, pad_->Noticed.Connect([this](const std::string& notice) {
+        constexpr int shownFor = 6000; // ms
+        statusBar()->showMessage(QString::fromStdString(notice), shownFor);
+    }));
 }
 
 void MainView::OrderTabs() {
     QWidget* previous = nullptr;
-    for (QWidget* widget : armyTabs_[0] + middleTabs_ + armyTabs_[1]) {
+    for (QWidget* widget : armies_[0]->Tabs() + middleTabs_ + armies_[1]->Tabs()) {
         if (previous != nullptr)
             setTabOrder(previous, widget);
         previous = widget;
     }
-    armyTabs_[0].front()->setFocus();
+    armies_[0]->Tabs().front()->setFocus();
 }
 
 } // namespace vorhaven

@@ -8,9 +8,13 @@
 
 #include <array>
 
+class QLayout;
 class QMenu;
+class QPushButton;
 
 namespace vorhaven {
+
+class ArmyPanel;
 
 /// The main window on the screen.
 class MainView final : public QMainWindow {
@@ -20,21 +24,27 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    [[nodiscard]] QWidget* MakeArmies(Side side);
+    [[nodiscard]] QLayout* MakeMiddle();
     [[nodiscard]] QWidget* MakeSettings();
+    [[nodiscard]] QLayout* MakeRunButtons();
     [[nodiscard]] QWidget* MakeQuickResults();
-    [[nodiscard]] QWidget* MakeRunButtons();
+    [[nodiscard]] QWidget* MakeButton(Button& control);
+    void MakeSettling();
+    void MakeShortcuts();
     void MakeStatusBar();
     void MakeMenu();
     void OrderTabs();
 
     frmBrawlpad* pad_;
+    /// The screen is too narrow for the columns in their usual shape: they take more height and less width.
+    bool compact_;
+    std::array<ArmyPanel*, 2> armies_{};
     QMenu* menu_ = nullptr;
-    QPoint menuPlace_;
-    /// The widgets that take the focus, in the order in which the eye meets them.
-    std::array<QList<QWidget*>, 2> armyTabs_;
+    QPushButton* attack_ = nullptr;
+    /// The middle column's widgets that take the focus, in the order in which the eye meets them.
     QList<QWidget*> middleTabs_;
 };
 

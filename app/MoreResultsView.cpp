@@ -11,8 +11,8 @@
 
 namespace vorhaven {
 
-MoreResultsView::MoreResultsView(frmMoreResults& results, QWidget* parent) : QDialog(parent) {
-    setWindowTitle(QString::fromStdString(results.Caption));
+MoreResultsView::MoreResultsView(frmMoreResults& results, QWidget* parent)
+    : SecondaryWindow(results, parent) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     auto* const charts = new QWidget;
     auto* const chartLayout = new QVBoxLayout(charts);
@@ -21,9 +21,7 @@ MoreResultsView::MoreResultsView(frmMoreResults& results, QWidget* parent) : QDi
         chartLayout->addWidget(new ChartView(*chart), 1);
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(new Scroller(charts), 1);
-    auto* const done = MakeFocusable<QPushButton>(results, results.sscDone);
-    done->setDefault(true);
-    layout->addWidget(done, 0, Qt::AlignRight);
+    layout->addWidget(MakeDone(results, results.sscDone), 0, Qt::AlignRight);
 }
 
 } // namespace vorhaven

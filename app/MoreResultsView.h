@@ -2,14 +2,13 @@
 
 #pragma once
 
+#include "app/SecondaryWindow.h"
 #include "ui/results/frmMoreResults.h"
-
-#include <QDialog>
 
 namespace vorhaven {
 
 /// The detailed results on the screen.
-class MoreResultsView final : public QDialog {
+class MoreResultsView final : public SecondaryWindow {
 public:
     /// `results` must outlive the view.
     MoreResultsView(frmMoreResults& results, QWidget* parent);

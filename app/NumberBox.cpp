@@ -17,8 +17,21 @@ namespace vorhaven {
 NumberBox::NumberBox(UpDown& upDown, QWidget* parent) : QAbstractSpinBox(parent), upDown_(&upDown) {
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
-    Bind(*lineEdit(), upDown.Buddy());
-    BindCommon(*this, upDown.Buddy());
+    lineEdit()->setMaxLength(upDown.Buddy().MaxLength);
+    ShowToolTip(*lineEdit(), upDown.Buddy());
+    ShowToolTip(*this, upDown.Buddy());
+    KeepWith(*this, upDown.Buddy().Changed.Connect([this] { ShowNumber(); }));
+    ShowNumber();
+    connect(lineEdit(), &QLineEdit::textChanged, this,
+            [this](const QString& text) { RunOutermost([&] { upDown_->Type(text.toStdString()); }); });
+    // By Enter as by the loss of the focus.
+    connect(this, &QAbstractSpinBox::editingFinished, this, &NumberBox::ShowNumber);
+}
+
+void NumberBox::ShowNumber() {
+    const QString number = QString::fromStdString(upDown_->Buddy().Text());
+    if (lineEdit()->text() != number)
+        lineEdit()->setText(number);
 }
 
 void NumberBox::stepBy(int steps) {
@@ -27,8 +40,8 @@ void NumberBox::stepBy(int steps) {
     selectAll();
 }
 
-QSize NumberBox::sizeHint() const {
-    const int width = fontMetrics().horizontalAdvance(QStringLiteral("000000"));
+QSize NumberBox::SizeFor(int digits) const {
+    const int width = fontMetrics().horizontalAdvance(QString(digits, '0'));
     QStyleOptionSpinBox option;
     initStyleOption(&option);
     return style()->sizeFromContents(QStyle::CT_SpinBox, &option, {width, lineEdit()->sizeHint().height()},

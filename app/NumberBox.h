@@ -8,21 +8,27 @@
 
 namespace vorhaven {
 
-/// A text box with its up-down: typing is free, the arrows step.
+/// A text box with its up-down. While the text that stands in it is not a number that can be typed there, the
+/// control keeps its last number, and leaving the box or Enter brings that number back.
 class NumberBox final : public QAbstractSpinBox {
 public:
     /// `upDown` and its text box must outlive the widget's user input.
     explicit NumberBox(UpDown& upDown, QWidget* parent = nullptr);
 
     void stepBy(int steps) override;
-    [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize sizeHint() const override { return SizeFor(upDown_->Buddy().MaxLength); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return SizeFor(4); }
 
 protected:
     [[nodiscard]] StepEnabled stepEnabled() const override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    /// The size for so many digits.
+    [[nodiscard]] QSize SizeFor(int digits) const;
+    /// Shows the control's number.
+    void ShowNumber();
+
     UpDown* upDown_;
 };
 

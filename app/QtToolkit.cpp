@@ -2,33 +2,57 @@
 
 #include "app/QtToolkit.h"
 
-#include "app/ErrorReport.h"
+#include "app/Binding.h"
 #include "app/HeroView.h"
 #include "app/MainView.h"
 #include "app/MoreResultsView.h"
 #include "app/StatsView.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QClipboard>
+#include <QEvent>
 #include <QMessageBox>
 #include <QScreen>
 #include <QStyle>
 
+#include <functional>
+
 namespace vorhaven {
 namespace {
 
-constexpr qint64 EventInterval = 16;
+constexpr qint64 EventInterval = 16; // ms
 
-/// Loads a window and puts its view where the window wants to be.
-void Load(QWidget& view, Form& window) {
-    view.ensurePolished();
-    // About what the frame takes that the window manager puts around it.
-    const QSize frame(8, view.style()->pixelMetric(QStyle::PM_TitleBarHeight) + 8);
-    view.resize(view.sizeHint().boundedTo(QGuiApplication::primaryScreen()->availableSize() - frame));
-    window.Extent = {view.width(), view.height()};
-    window.Form_Load();
-    view.move(QGuiApplication::primaryScreen()->geometry().topLeft() +
-              QPoint(window.Left.Value(), window.Top.Value()));
+/// What the window manager puts around a window: about as much as it puts around another one, if that is
+/// known.
+QSize FrameOf(const QWidget& view, const QWidget* other) {
+    for (const QWidget* window : {&view, other})
+        if (window != nullptr && window->frameGeometry() != window->geometry())
+            return window->frameGeometry().size() - window->size();
+    return {8, view.style()->pixelMetric(QStyle::PM_TitleBarHeight) + 8};
 }
+
+/// Tells when the window manager has put its frame around a window, once.
+class FrameWatcher final : public QObject {
+public:
+    FrameWatcher(QWidget& view, std::function<void()> onFrame)
+        : QObject(&view), view_(&view), onFrame_(std::move(onFrame)) {
+        view.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool moved = event->type() == QEvent::Move || event->type() == QEvent::WindowActivate;
+        if (moved && view_->isVisible() && view_->frameGeometry() != view_->geometry()) {
+            view_->removeEventFilter(this);
+            deleteLater();
+            onFrame_();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget* view_;
+    std::function<void()> onFrame_;
+};
 
 /// The hourglass is lifted while a modal window waits for the user.
 class PointerLift {
@@ -51,18 +75,44 @@ private:
 } // namespace
 
 QtToolkit::QtToolkit() {
+    qApp->installEventFilter(&autoRepeatFilter_);
     sinceEvents_.start();
 }
+
+QtToolkit::~QtToolkit() = default;
 
 void QtToolkit::Show(MainView& view, frmBrawlpad& pad) {
     mainView_ = &view;
     Load(view, pad);
     view.show();
+    new FrameWatcher(view, [this, &view, &pad] { Fit(view, pad); });
+}
+
+QRect QtToolkit::UsableScreen() const {
+    const QScreen* const screen =
+        mainView_ != nullptr ? mainView_->screen() : QGuiApplication::primaryScreen();
+    return screen->availableGeometry();
 }
 
 Size QtToolkit::ScreenSize() const {
-    const QSize size = QGuiApplication::primaryScreen()->size();
-    return {size.width(), size.height()};
+    const QRect screen = UsableScreen();
+    return {screen.width(), screen.height()};
+}
+
+void QtToolkit::Load(QWidget& view, Form& window) {
+    view.ensurePolished();
+    window.Form_Load();
+    // Only now does the view know all that it has to show.
+    Fit(view, window);
+}
+
+void QtToolkit::Fit(QWidget& view, Form& window) {
+    const QSize frame = FrameOf(view, mainView_);
+    const QRect screen = UsableScreen();
+    view.resize(view.sizeHint().boundedTo(screen.size() - frame));
+    window.Extent = {view.width() + frame.width(), view.height() + frame.height()};
+    window.CentreOn(ScreenSize());
+    view.move(screen.topLeft() + QPoint(window.Left, window.Top));
 }
 
 void QtToolkit::ShowBusy(bool busy) {
@@ -73,8 +123,9 @@ void QtToolkit::ShowBusy(bool busy) {
 }
 
 void QtToolkit::ProcessEvents() {
-    if (!sinceEvents_.hasExpired(EventInterval))
+    if (!isSecondStep_ && !sinceEvents_.hasExpired(EventInterval))
         return;
+    isSecondStep_ = !isSecondStep_;
     QCoreApplication::processEvents();
     sinceEvents_.restart();
 }
@@ -85,12 +136,19 @@ void QtToolkit::ShowMessage(const std::string& prompt) {
     box.exec();
 }
 
+std::string QtToolkit::ClipboardText() const {
+    return QGuiApplication::clipboard()->text().toStdString();
+}
+
+void QtToolkit::SetClipboardText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
 void QtToolkit::RunModally(QDialog& view, Form& window) {
     const PointerLift lift;
-    window.Unloaded = [&view] { view.accept(); };
+    const Connection unloading = window.Unloading.Connect([&view] { view.accept(); });
     Load(view, window);
     view.exec();
-    window.Unloaded = nullptr;
 }
 
 void QtToolkit::ShowModal(frmHero& window) {
@@ -104,14 +162,12 @@ void QtToolkit::ShowModal(frmStats& window) {
 }
 
 void QtToolkit::Show(frmMoreResults& window) {
-    delete moreResultsView_;
-    moreResultsView_ = new MoreResultsView(window, mainView_);
-    window.Unloaded = [view = moreResultsView_] {
-        if (view)
-            view->close();
-    };
-    Load(*moreResultsView_, window);
-    moreResultsView_->show();
+    // Without a parent, so that it can lie behind the main window.
+    moreResultsView_ = std::make_unique<MoreResultsView>(window, nullptr);
+    MoreResultsView& view = *moreResultsView_;
+    KeepWith(view, window.Unloading.Connect([&view] { view.close(); }));
+    Load(view, window);
+    view.show();
 }
 
 } // namespace vorhaven

@@ -70,8 +70,7 @@ QHBoxLayout* MakePanel(StackPanel& panel) {
 
 } // namespace
 
-StatsView::StatsView(frmStats& stats, QWidget* parent) : QDialog(parent) {
-    setWindowTitle(QString::fromStdString(stats.Caption));
+StatsView::StatsView(frmStats& stats, QWidget* parent) : SecondaryWindow(stats, parent) {
     auto* const stacks = new QWidget;
     auto* const stackLayout = new QVBoxLayout(stacks);
     stackLayout->setContentsMargins(0, 0, 0, 0);
@@ -87,10 +86,7 @@ StatsView::StatsView(frmStats& stats, QWidget* parent) : QDialog(parent) {
     }
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(new Scroller(stacks), 1);
-    auto* const done = MakeFocusable<QPushButton>(stats, stats.sscDone);
-    done->setDefault(true);
-    done->setFocus();
-    layout->addWidget(done, 0, Qt::AlignRight);
+    layout->addWidget(MakeDone(stats, stats.sscDone), 0, Qt::AlignRight);
 }
 
 } // namespace vorhaven

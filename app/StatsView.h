@@ -2,14 +2,13 @@
 
 #pragma once
 
+#include "app/SecondaryWindow.h"
 #include "ui/results/frmStats.h"
-
-#include <QDialog>
 
 namespace vorhaven {
 
 /// The stack statistics on the screen.
-class StatsView final : public QDialog {
+class StatsView final : public SecondaryWindow {
 public:
     /// `stats` must outlive the view.
     StatsView(frmStats& stats, QWidget* parent);

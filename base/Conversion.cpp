@@ -12,16 +12,6 @@
 #include <system_error>
 
 namespace vorhaven {
-namespace {
-
-std::string_view Trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-} // namespace
 
 Long RoundToLong(double value) {
     const double floor = std::floor(value);
@@ -103,6 +93,13 @@ std::string ToLower(std::string_view text) {
         return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
     });
     return lower;
+}
+
+std::string_view Trimmed(std::string_view text, std::string_view blanks) {
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 std::string ToTrimmedLower(std::string_view text) {

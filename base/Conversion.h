@@ -33,6 +33,9 @@ namespace vorhaven {
 /// (57.3; 33.3333333333333 with 15 digits), independent of the user's locale.
 [[nodiscard]] std::string ToSignificantText(double value, int digits);
 
+/// A text without the characters of `blanks` around it.
+[[nodiscard]] std::string_view Trimmed(std::string_view text, std::string_view blanks = " ");
+
 /// A text without the blanks around it, its ASCII letters turned to lower case.
 [[nodiscard]] std::string ToTrimmedLower(std::string_view text);
 

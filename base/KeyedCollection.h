@@ -37,6 +37,12 @@ public:
     [[nodiscard]] Item_& Item(std::string_view key) { return items_[IndexOf(key)]; }
     [[nodiscard]] const Item_& Item(std::string_view key) const { return items_[IndexOf(key)]; }
 
+    /// The item with a key, or nothing when there is none.
+    [[nodiscard]] const Item_* Find(std::string_view key) const {
+        const std::size_t place = PlaceOf(key);
+        return place < keys_.size() ? &items_[place] : nullptr;
+    }
+
     /// Removes the item at a position or with a key; raises error 5 when there is none.
     void Remove(Long position) { RemoveAt(IndexOf(position)); }
     void Remove(std::string_view key) { RemoveAt(IndexOf(key)); }
@@ -67,9 +73,15 @@ private:
     }
 
     [[nodiscard]] std::size_t IndexOf(std::string_view key) const {
-        const auto found = key.empty() ? keys_.end() : std::ranges::find(keys_, key);
-        if (found == keys_.end())
+        const std::size_t place = PlaceOf(key);
+        if (place >= keys_.size())
             throw RunTimeError{ErrorNumber::InvalidCall};
+        return place;
+    }
+
+    /// The place of the item with a key; the number of keys when there is none.
+    [[nodiscard]] std::size_t PlaceOf(std::string_view key) const {
+        const auto found = key.empty() ? keys_.end() : std::ranges::find(keys_, key);
         return static_cast<std::size_t>(found - keys_.begin());
     }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "QuietHost.h"
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
+#include "tests/support/QuietHost.h"
 
 #include <benchmark/benchmark.h>
 
@@ -39,9 +39,10 @@ private:
     MBattleCalc::TimedGenerator generator_{1};
 };
 
-void FillTwoHitArmies(bench::QuietHost& host) {
-    for (int line = 0; line < LinesPerStack; ++line)
-        host.AddToBothSides(5, 2);
+void FillTwoHitArmies(test::QuietHost& host) {
+    for (Long line = 0; line < LinesPerStack; ++line)
+        for (CArmy* army : {&host.BringAttacker(line), &host.BringDefender()})
+            test::Give(*army, "Strength 5 Hits 2");
 }
 
 double SecondsOf(const auto& work) {
@@ -54,7 +55,7 @@ double SecondsOf(const auto& work) {
 /// the same die, re-seed included. Both are measured by turns within each iteration, so the machine's noise
 /// meets both.
 void BattleAgainstItsDraws(benchmark::State& state, MBattleCalc::Timer timer) {
-    bench::QuietHost host;
+    test::QuietHost host;
     FillTwoHitArmies(host);
     const Long battles = static_cast<std::int32_t>(state.range(0));
 
@@ -97,7 +98,7 @@ BENCHMARK_CAPTURE(BattleAgainstItsDraws, fine_clock, FineTimer)
 
 /// What a long run allocates beyond a run of a hundred battles: nothing.
 void AllocationsOfALongRun(benchmark::State& state) {
-    bench::QuietHost host;
+    test::QuietHost host;
     FillTwoHitArmies(host);
     const auto allocationsOf = [&](std::int32_t battles) {
         const std::size_t before = allocations;

@@ -11,21 +11,22 @@ namespace vorhaven {
 /// and what is expected.
 class CatalogueError : public std::runtime_error {
 public:
-    /// Where the fault is. Lines count from 1, and 0 stands for the file as a whole; a column goes by the
-    /// name that its header has, and an empty one stands for the whole line.
-    struct Place {
-        std::string file;
-        unsigned line = 0;
-        std::string column;
+    /// Where the fault is.
+    struct Location {
+        std::string File;
+        /// From 1; 0 stands for the file as a whole.
+        unsigned Line = 0;
+        /// The name in the header; empty for the whole line.
+        std::string Column;
     };
 
-    CatalogueError(const Place& place, const std::string& found, const std::string& expected)
-        : std::runtime_error(ToText(place) + ": found " + found + ", expected " + expected + ".") {}
+    CatalogueError(const Location& location, const std::string& found, const std::string& expected)
+        : std::runtime_error(ToText(location) + ": found " + found + ", expected " + expected + ".") {}
 
-    /// A place as the messages write it: armies.csv, line 3, column "hits".
-    [[nodiscard]] static std::string ToText(const Place& place) {
-        return place.file + (place.line == 0 ? "" : ", line " + std::to_string(place.line)) +
-               (place.column.empty() ? "" : ", column \"" + place.column + '"');
+    /// A location as the messages write it: armies.csv, line 3, column "hits".
+    [[nodiscard]] static std::string ToText(const Location& location) {
+        return location.File + (location.Line == 0 ? "" : ", line " + std::to_string(location.Line)) +
+               (location.Column.empty() ? "" : ", column \"" + location.Column + '"');
     }
 };
 

@@ -14,7 +14,7 @@
 namespace vorhaven {
 
 /// The unit catalogue, read from three CSV files: army types, hero types, and the names of the powers.
-/// docs/catalogue.md tells their columns and rules. A catalogue that breaks a rule is refused as a whole.
+/// docs/catalogue.md describes their columns and rules. A catalogue that breaks a rule is refused as a whole.
 class CsvCatalogue final : public CatalogueProvider {
 public:
     /// Reads the three files from memory. Throws CatalogueError.
@@ -23,18 +23,19 @@ public:
     /// The catalogue that is compiled into the program.
     [[nodiscard]] static CsvCatalogue BuiltIn();
 
-    /// The catalogue in armies.csv, heroes.csv and powers.csv of a folder. Throws CatalogueError, also when a
-    /// file is missing.
-    [[nodiscard]] static CsvCatalogue FromFolder(const std::filesystem::path& folder);
-
-    /// The catalogue in the first of the candidates that is an existing folder, which takes the place of the
-    /// built-in one wholly; the built-in one when there is none. Throws CatalogueError.
+    /// The catalogue at the first candidate where anything exists, which replaces the built-in one
+    /// completely; the built-in one when there is nothing at any. Throws CatalogueError, also when what
+    /// exists there is no readable folder.
     [[nodiscard]] static CsvCatalogue FromFirstFolder(const std::vector<std::filesystem::path>& candidates);
 
     [[nodiscard]] const Table& GetTable(Selector selector) const override;
     [[nodiscard]] std::string PowerName(std::int16_t code) const override;
 
 private:
+    /// The catalogue in armies.csv, heroes.csv and powers.csv of a folder. Throws CatalogueError, also when
+    /// the folder or a file is missing or cannot be read.
+    [[nodiscard]] static CsvCatalogue FromFolder(const std::filesystem::path& folder);
+
     Table armies_;
     Table heroes_;
     std::map<std::int16_t, std::string> powers_;

@@ -7,74 +7,90 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
-#include <locale>
+#include <string_view>
 #include <system_error>
+#include <utf8.h>
 
 namespace vorhaven {
-
 namespace {
 
-/// The characters of a text up to its first byte sequence that is not UTF-8.
-struct Decoded {
-    std::u32string characters;
-    bool whole = false;
-};
+constexpr const char* Unreadable = "no way to read it";
 
-Decoded DecodeUtf8(const std::string& text) {
-    using Codec = std::codecvt<char32_t, char8_t, std::mbstate_t>;
-    const std::u8string bytes{text.begin(), text.end()};
-    Decoded decoded{std::u32string(bytes.size(), U'\0'), false};
-    std::mbstate_t state{};
-    const char8_t* nextByte = nullptr;
-    char32_t* nextCharacter = nullptr;
-    char32_t* const begin = decoded.characters.data();
-    const auto result = std::use_facet<Codec>(std::locale::classic())
-                            .in(state, bytes.data(), bytes.data() + bytes.size(), nextByte, begin,
-                                begin + decoded.characters.size(), nextCharacter);
-    decoded.characters.resize(static_cast<std::size_t>(nextCharacter - begin));
-    decoded.whole = result == Codec::ok;
-    return decoded;
+/// What stands at a path, as an error tells it; `type` is that of the file it leads to.
+const char* Describe(const std::filesystem::path& path, std::filesystem::file_type type) {
+    using enum std::filesystem::file_type;
+    std::error_code ignored;
+    switch (type) {
+    case not_found:
+        return std::filesystem::is_symlink(path, ignored) ? "a symbolic link that leads nowhere"
+                                                          : "nothing of this name";
+    case regular:
+        return "a file";
+    case directory:
+        return "a folder";
+    case fifo:
+    case socket:
+    case block:
+    case character:
+        return "a pipe or a device";
+    default:
+        return Unreadable;
+    }
 }
 
-/// The decoder lets the surrogates of UTF-16 pass, which are no characters.
-bool IsSurrogate(char32_t character) {
-    return character >= 0xD800 && character <= 0xDFFF;
+/// Whether text may go on with `rest`, by its first character.
+bool IsTextCharacter(std::string_view rest) {
+    return static_cast<unsigned char>(rest.front()) >= ' ' || rest.starts_with('\t') ||
+           rest.starts_with('\n') || rest.starts_with("\r\n");
 }
 
 } // namespace
 
+void CheckFileType(const std::filesystem::path& path, std::filesystem::file_type type,
+                   const std::string& expected) {
+    std::error_code ignored;
+    const auto found = std::filesystem::status(path, ignored).type();
+    if (found != type)
+        throw CatalogueError{{path.string(), 0, {}}, Describe(path, found), expected};
+}
+
 TextFile ReadTextFile(const std::filesystem::path& path) {
-    std::error_code unused;
-    if (!std::filesystem::exists(path, unused))
-        throw CatalogueError{
-            {path.string(), 0, {}}, "no such file", "all files of the catalogue in its folder"};
+    constexpr auto expected =
+        "a readable file (the folder of a catalogue holds armies.csv, heroes.csv and powers.csv)";
+    // Before it is opened: to open a pipe is to wait for its other end.
+    CheckFileType(path, std::filesystem::file_type::regular, expected);
     std::ifstream in{path, std::ios::binary};
     TextFile file{path.string(), {}};
     std::array<char, 65536> block{};
-    while (in.read(block.data(), block.size()) || in.gcount() > 0)
-        file.text.append(block.data(), static_cast<std::size_t>(in.gcount()));
+    while (file.Text.size() <= MaxFileSize && (in.read(block.data(), block.size()) || in.gcount() > 0))
+        file.Text.append(block.data(), static_cast<std::size_t>(in.gcount()));
     if (!in.is_open() || in.bad())
-        throw CatalogueError{{path.string(), 0, {}}, "no way to read it", "a file that this user may read"};
+        throw CatalogueError{{path.string(), 0, {}}, Unreadable, expected};
     return file;
 }
 
 void CheckIsUtf8Text(const TextFile& file) {
+    const std::string_view text = file.Text;
+    if (text.size() > MaxFileSize)
+        throw CatalogueError{{file.Name, 0, {}},
+                             "a file that is too large",
+                             "at most " + std::to_string(MaxFileSize >> 20) + " MiB"};
+
+    const auto validEnd = utf8::find_invalid(text.begin(), text.end());
+    const auto fault = std::find_if_not(text.begin(), validEnd, [&](const char& character) {
+        return IsTextCharacter(text.substr(static_cast<std::size_t>(&character - text.data())));
+    });
+    if (fault == text.end())
+        return;
+
     constexpr auto expectedEncoding = "text that is saved as UTF-8";
-    const auto [characters, whole] = DecodeUtf8(file.text);
-    for (std::size_t i = 0; i <= characters.size(); ++i) {
-        const bool atEnd = i == characters.size();
-        const bool isUtf8 = atEnd ? whole : !IsSurrogate(characters[i]);
-        const bool isLineEnd = !atEnd && (characters[i] == U'\n' || characters.compare(i, 2, U"\r\n") == 0);
-        if (isUtf8 && (atEnd || isLineEnd || characters[i] == U'\t' || characters[i] >= U' '))
-            continue;
-        const auto lineEnds =
-            std::count(characters.begin(), characters.begin() + static_cast<std::ptrdiff_t>(i), U'\n');
-        const CatalogueError::Place place{file.name, static_cast<unsigned>(lineEnds) + 1, {}};
-        if (!isUtf8)
-            throw CatalogueError{place, "bytes that are not UTF-8", expectedEncoding};
-        throw CatalogueError{place, "the control character " + std::to_string(characters[i]),
-                             expectedEncoding};
-    }
+    const auto line = 1 + static_cast<unsigned>(std::count(text.begin(), fault, '\n'));
+    const CatalogueError::Location location{file.Name, line, {}};
+    if (fault == validEnd)
+        throw CatalogueError{location, "bytes that are not UTF-8", expectedEncoding};
+    if (*fault == '\r')
+        throw CatalogueError{location, "a line end of CR alone", "line ends of LF or CR LF"};
+    throw CatalogueError{location, "the control character " + std::to_string(*fault), expectedEncoding};
 }
 
 } // namespace vorhaven

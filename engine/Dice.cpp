@@ -2,9 +2,9 @@
 
 #include "engine/Dice.h"
 
+#include "engine/Rules.h"
 #include "engine/State.h"
 
-#include <array>
 #include <cmath>
 #include <ctime>
 #include <random>
@@ -62,15 +62,15 @@ Long CombatDiceRoll(Long faces) {
 }
 
 Long RandomPercentNum() {
-    return Floor(static_cast<double>(Draw()) * 99.0);
+    return Floor(static_cast<double>(Draw()) * PercentFaces);
 }
 
 Long GetCombatRoll(Long medals) {
-    static constexpr std::array<std::int32_t, 5> medalFaces{0, 30, 26, 22, 18};
     const Long roll = CombatDiceRoll(0);
-    if (medals < 1 || medals > 4)
+    const Long medalFaces = MedalFaces(medals);
+    if (medalFaces == 0)
         return roll;
-    const Long second = CombatDiceRoll(medalFaces[medals.Index()]);
+    const Long second = CombatDiceRoll(medalFaces);
     return second < roll ? second : roll;
 }
 

@@ -67,9 +67,4 @@ void DrawFrom(UniformSource& source);
 /// medals, no second die for any other number.
 [[nodiscard]] Long GetCombatRoll(Long medals);
 
-/// Whether a roll hits: a strength is the number of faces that do.
-[[nodiscard]] constexpr bool ScoresHit(Long roll, Long strength) {
-    return roll <= strength;
-}
-
 } // namespace vorhaven::MBattleCalc

@@ -1,31 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "base/Conversion.h"
 #include "engine/Procedures.h"
 #include "engine/State.h"
 
-#include <array>
-
 namespace vorhaven::MBattleCalc {
-namespace {
-
-bool FliesByNature(Long unitID) {
-    if (unitID < 0 || unitID.Index() >= FliesByCatalogue.size())
-        throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
-    return FliesByCatalogue[unitID.Index()];
-}
-
-} // namespace
 
 void CacheFlyers() {
     const Trap trap{"MBattleCalc::CacheFlyers"};
-    FliesByCatalogue.clear();
-    const auto note = [](const Table& units, Long movementColumn) {
-        for (Long row = 0; row < units.RowCount(); ++row)
-            FliesByCatalogue.push_back(ToLower(CellText(units(row, movementColumn))) == "fly");
-    };
-    note(Host->Armies(), ArmyColumn::Movement);
-    note(Host->Heroes(), HeroColumn::Movement);
+    FliesByNature = Flyers{Host->Armies(), Host->Heroes()};
 }
 
 Victor Fight(CStackAtt& attackFront, CStackAtt& defendFront, Long battle) {
@@ -74,12 +56,8 @@ void UnitvsUnit(CStackAtt& attackFront, Long attackIndex, CStackAtt& defendFront
 Loser WhoLosesPoint(const CArmy& attacker, const CArmy& defender) {
     const Long attackRoll = GetCombatRoll(attacker.HasMedal);
     const Long defendRoll = GetCombatRoll(defender.HasMedal);
-    const std::size_t attackerHits = ScoresHit(attackRoll, attacker.TotalStrength) ? 1 : 0;
-    const std::size_t defenderHits = ScoresHit(defendRoll, defender.TotalStrength) ? 1 : 0;
-    // A table, since a branch on chance would cost more than the two rolls.
-    static constexpr std::array<std::array<Loser, 2>, 2> loserByHits{
-        {{Loser::Nobody, Loser::Attacker}, {Loser::Defender, Loser::Nobody}}};
-    return loserByHits[attackerHits][defenderHits];
+    return LoserOf(ScoresHit(attackRoll, attacker.TotalStrength),
+                   ScoresHit(defendRoll, defender.TotalStrength));
 }
 
 Long DamagePerHit(Long attackIndex, Long defendIndex, CStackAtt& attackFront, CStackAtt& defendFront,
@@ -91,11 +69,8 @@ Long DamagePerHit(Long attackIndex, Long defendIndex, CStackAtt& attackFront, CS
         return 0;
     const CArmy& attacker = attackFront.Item(attackIndex);
     const CArmy& defender = defendFront.Item(defendIndex);
-    const CArmy& winner = loser == Loser::Defender ? attacker : defender;
-    const CArmy& losing = loser == Loser::Defender ? defender : attacker;
-    if (winner.Trample <= 0 || losing.IsFlying || FliesByNature(losing.UnitID))
-        return 1;
-    return winner.Trample + 1;
+    return loser == Loser::Defender ? DamageTo(defender, attacker, FliesByNature)
+                                    : DamageTo(attacker, defender, FliesByNature);
 }
 
 } // namespace vorhaven::MBattleCalc

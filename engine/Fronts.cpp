@@ -4,51 +4,10 @@
 #include "engine/State.h"
 
 namespace vorhaven::MBattleCalc {
-namespace {
-
-/// Fills attacking stack `number` (from 0) with the records of its eight lines.
-void BuildAttackStack(std::int32_t number) {
-    CStackAtt& stack = AttackStacks[static_cast<std::size_t>(number)];
-    for (std::int32_t line = number * LinesPerStack; line < (number + 1) * LinesPerStack; ++line) {
-        const std::string key = LineKey(line);
-        try {
-            stack.Add(Host->AttackArmies().Item(key), key);
-        } catch (const RunTimeError& error) {
-            if (error.Number() != ErrorNumber::InvalidCall)
-                throw;
-        }
-    }
-}
-
-void BuildDefendStack() {
-    DefendStack.Clear();
-    Long position = 0;
-    for (const CArmy& army : Host->DefendArmies()) {
-        ++position;
-        DefendStack.Add(army, LineKey(position));
-    }
-}
-
-void BuildAttackStacks() {
-    NumAttackStacks = 0;
-    for (CStackAtt& stack : AttackStacks)
-        stack.Clear();
-    // The stacks that take part are the leading ones that hold armies: an empty stack hides those behind it.
-    for (std::int32_t number = 0; number < SizeOf(AttackStacks); ++number) {
-        BuildAttackStack(number);
-        if (AttackStacks[static_cast<std::size_t>(number)].Count() > 0)
-            NumAttackStacks = number + 1;
-        else if (number > 0)
-            return;
-    }
-}
-
-} // namespace
 
 void BuildBattleStacks() {
     try {
-        BuildDefendStack();
-        BuildAttackStacks();
+        Masters.Build(Host->AttackArmies(), Host->DefendArmies());
     } catch (const RunTimeError&) {
         // What is built so far is what fights.
     }
@@ -56,18 +15,18 @@ void BuildBattleStacks() {
 
 bool SendToAttackFront() {
     const Trap trap{"MBattleCalc::SendToAttackFront"};
-    if (NextAttackStack >= NumAttackStacks) {
+    if (NextAttackStack >= Masters.NumAttackStacks) {
         AttackFront.Clear();
         return false;
     }
-    AttackFront.CopyFrom(AttackStacks[NextAttackStack.Index()]);
+    AttackFront.CopyFrom(Masters.AttackStacks[NextAttackStack.Index()]);
     ++NextAttackStack;
     return true;
 }
 
 void SendToDefendFront() {
     const Trap trap{"MBattleCalc::SendToDefendFront"};
-    DefendFront.CopyFrom(DefendStack);
+    DefendFront.CopyFrom(Masters.DefendStack);
 }
 
 void CacheStartHits(CStackAtt& stack) {

@@ -4,15 +4,13 @@
 
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
+#include "engine/Rules.h"
 
 // The engine's procedures as they call each other and as the tests call them, by source file.
 namespace vorhaven::MBattleCalc {
 
 /// The outcome of a battle after a duel.
 enum class Victor : std::int32_t { Defender = 0, Attacker = 1, Undecided = 2 };
-
-/// Who loses a round.
-enum class Loser : std::int32_t { Defender = 0, Attacker = 1, Nobody = 2 };
 
 // Fronts.cpp
 

@@ -16,14 +16,18 @@ Long Remaining(Long own, Long opposing) {
 }
 
 void ApplyBonus(CStackAtt& own, const CStackAtt& enemy) {
-    const Long lead = Remaining(own.StackLeadership, enemy.StackChaos);
-    const Long mor = Remaining(own.StackMorale, enemy.StackFear);
-    const Long fort = Remaining(own.StackFortify, enemy.StackSiege);
-    own.TotalStackBonus = TotalStackFilter(mor + lead + fort);
+    own.TotalStackBonus = StackBonus(own, enemy);
     ApplyAdjustedPower(own);
 }
 
 } // namespace
+
+Long StackBonus(const CStackAtt& own, const CStackAtt& enemy) {
+    const Long lead = Remaining(own.StackLeadership, enemy.StackChaos);
+    const Long mor = Remaining(own.StackMorale, enemy.StackFear);
+    const Long fort = Remaining(own.StackFortify, enemy.StackSiege);
+    return TotalStackFilter(mor + lead + fort);
+}
 
 void EvalStacksSelfEffect(Long cityLevel) {
     const Trap trap{"MBattleCalc::EvalStacksSelfEffect"};
@@ -50,7 +54,7 @@ void ApplyMutualPowers(CStackAtt& attackFront, CStackAtt& defendFront) {
 void ApplyAdjustedPower(CStackAtt& stack) {
     const Trap trap{"MBattleCalc::ApplyAdjustedPower"};
     for (CArmy& army : stack)
-        army.TotalStrength = army.TotalStrength + stack.TotalStackBonus;
+        AddBonus(army, stack.TotalStackBonus);
 }
 
 Long PowerFilter(Long value) {

@@ -78,6 +78,9 @@ public:
     [[nodiscard]] const CArmy& Item(Long position) const;
     [[nodiscard]] const CArmy& Item(std::string_view key) const;
 
+    /// The record with a key, or nothing when there is none. The pointer holds until the list changes.
+    [[nodiscard]] const CArmy* Find(std::string_view key) const { return armies_.Find(key); }
+
     [[nodiscard]] Long Count() const { return armies_.Count(); }
 
     /// Removes the record at a 1-based position or with a key; raises error 5 when there is none.

@@ -54,16 +54,6 @@ TEST_F(Engine, SideWithoutAnArmyForTheFrontIsAnErrorOfTheDuel) {
     }
 }
 
-TEST_F(Engine, ErrorOtherThanAMissingLineEndsTheBuildingOfStacksSilently) {
-    int reads = 0;
-    host.OnRead = [&] {
-        if (++reads == LinesPerStack + 2)
-            throw RunTimeError{ErrorNumber::Overflow};
-    };
-    Fight("/;", "", "D");
-    EXPECT_EQ(RowOf(1), (Row{0, 1, 1, 0, 0})) << "the second stack is not complete, so it does not take part";
-}
-
 TEST_F(Engine, NewcomerHealsTheHitsOfTheFrontDefenderAlone) {
     CStackAtt* front = nullptr;
     host.OnStats = [&](CStackAtt&, CStackAtt& defenders) { (front = &defenders)->Item(1).Hits = 1; };

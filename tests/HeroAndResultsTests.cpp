@@ -26,7 +26,6 @@ struct Editor {
         for (std::size_t i = 0; i < numbers.size(); ++i)
             Army.*numbers[i] = static_cast<std::int32_t>(i) + 42;
         Window.Hero = &Army;
-        Window.Unloaded = [this] { Seen += "closed "; };
         Toolkit.OnEvents = [this] { Seen += "events "; };
         Window.Form_Load();
     }
@@ -47,6 +46,7 @@ struct Editor {
     FakeToolkit Toolkit;
     frmHero Window{Toolkit};
     std::string Seen;
+    Connection Closing = Window.Unloading.Connect([this] { Seen += "closed "; });
 };
 
 TEST(HeroEditor, BeginsWithTheRecordAndLeadershipOneAndStoresWhatIsTyped) {

@@ -112,7 +112,6 @@ public:
     User() {
         pad_.Form_Load();
         pad_.txtNumSimulations.SetText("20");
-        pad_.PopupMenu = [this](Side) { isOpen_ = true; };
         toolkit_.OnEvents = [this] {
             fault_ = fault_ || Seen() != rules_;
             if (const int event = Any(50); event < 2)
@@ -250,6 +249,7 @@ private:
     std::mt19937 random_{20240607};
     std::size_t focus_ = 0;
     bool isOpen_ = false, fault_ = false;
+    Connection opening_ = pad_.PopupMenuRequested.Connect([this](Side) { isOpen_ = true; });
 };
 
 TEST(SetupRandom, WindowKeepsTheRulesWhateverTheUserDoes) {

@@ -98,7 +98,7 @@ TEST(Setup, NumbersFollowTheirFieldsAndBattlesAreCutToTens) {
 TEST(Conditions, AreMarkedOnceAndLeaveTheirMarksOnCopiesAndOnTheOtherSide) {
     Desk desk;
     int opened = 0;
-    desk.Pad.PopupMenu = [&](Side) { ++opened; };
+    const Connection opening = desk.Pad.PopupMenuRequested.Connect([&](Side) { ++opened; });
     desk.Add(0, {Midges, Giants});
     desk.Mark(0, {0}, {1, 4, 5}); // the medals' heading does nothing
     desk.Pad.txtDup[0].SetText("2");

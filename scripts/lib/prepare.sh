@@ -4,7 +4,7 @@
 
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
-build_packages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libfccp-dev)
+build_packages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libfccp-dev libutfcpp-dev)
 # A Wayland session without X needs Qt's own plug-in for it.
 [[ -z "${WAYLAND_DISPLAY:-}" || -n "${DISPLAY:-}" ]] || build_packages+=(qt6-wayland)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)

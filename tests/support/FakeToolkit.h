@@ -24,11 +24,14 @@ struct FakeToolkit final : Toolkit {
     void ShowBusy(bool busy) override { Busy = busy; }
     void ProcessEvents() override { OnEvents(); }
     void ShowMessage(const std::string& prompt) override { Message = prompt; }
+    std::string ClipboardText() const override { return Clipboard; }
+    void SetClipboardText(const std::string& text) override { Clipboard = text; }
     void ShowModal(frmHero& window) override { window.Form_Load(), OnHero(window); }
     void ShowModal(frmStats& window) override { window.Form_Load(), OnStats(window); }
     void Show(frmMoreResults& window) override { window.Form_Load(), OnMoreResults(window); }
 
     bool Busy = false;
+    std::string Clipboard;
     std::string Message;
     std::function<void()> OnEvents = [] {};
     std::function<void(frmHero&)> OnHero = [](frmHero&) {};

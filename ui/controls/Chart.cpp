@@ -14,20 +14,20 @@ Chart::Row& Chart::At(Long row) {
 
 void Chart::SetRowLabel(Long row, std::string label) {
     At(row).Label = std::move(label);
-    Refresh();
+    Changed.Raise();
 }
 
 void Chart::SetData(Long row, Long series, Long value) {
     if (series < 1 || series > 2)
         throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
     At(row).Values[series.Index() - 1] = value;
-    Refresh();
+    Changed.Raise();
 }
 
 void Chart::SetDetails(Long row, std::string details, bool isEmpty) {
     At(row).Details = std::move(details);
     At(row).IsEmpty = isEmpty;
-    Refresh();
+    Changed.Raise();
 }
 
 std::string Chart::Numbers() const {

@@ -31,9 +31,9 @@ public:
     /// The axis title of each series, which is its name in the legend too.
     const std::array<std::string, 2> ValueTitles;
 
-    /// The items of the chart's own menu.
-    MenuItem CopyPicture{"Copy Picture"};
-    MenuItem CopyNumbers{"Copy Numbers"};
+    /// The captions of the chart's own menu.
+    const std::string CopyPicture = "Copy Picture";
+    const std::string CopyNumbers = "Copy Numbers";
 
     [[nodiscard]] const std::vector<Row>& Rows() const { return rows_; }
 

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "ui/controls/Signal.h"
+
 #include <functional>
 #include <string>
 #include <utility>
@@ -10,11 +12,11 @@ namespace vorhaven {
 
 class Control;
 
-/// A value of a control that the view shows: every change tells the view.
+/// A value of a control that views show: every change of it raises the control's Changed.
 template <class Value>
 class Property {
 public:
-    Property(const Control& owner, Value value) : owner_(&owner), value_(std::move(value)) {}
+    Property(Control& owner, Value value) : owner_(&owner), value_(std::move(value)) {}
     Property(const Property&) = delete;
 
     Property& operator=(const Property&) = delete;
@@ -25,13 +27,14 @@ public:
     [[nodiscard]] const Value& Get() const { return value_; }
 
 private:
-    const Control* owner_;
+    Control* owner_;
     Value value_;
 };
 
-/// What all controls of a window have. A control is plain data with events: a model's handlers are called by
-/// it, and a view, where there is one, shows it. Members named like a user's action (Press, Choose, Type) are
-/// what a view calls for the user; they do nothing on a disabled control.
+/// What all controls of a window have. A control is plain data with events: its handlers belong to the
+/// window's model, and its views connect to Changed. Members named like an action of the user (Press, Choose,
+/// Toggle, Pick) are what a view calls for the user; where a kind can be disabled, they do nothing while it
+/// is.
 class Control {
 public:
     explicit Control(std::string toolTip = {}) : ToolTip(std::move(toolTip)) {}
@@ -43,19 +46,12 @@ public:
     /// Place in a control array, -1 outside of one. In a paired array 0 is the attacking side, 1 the
     /// defending.
     int Index = -1;
-    Property<bool> Enabled{*this, true};
-    Property<bool> Visible{*this, true};
 
     /// Raised when the focus leaves the control for another one of its window.
     std::function<void()> LostFocus;
 
-    /// Set by the view: brings what it shows up to date.
-    std::function<void()> Refreshed;
-
-    void Refresh() const {
-        if (Refreshed)
-            Refreshed();
-    }
+    /// Raised whenever something has changed that a view shows.
+    Signal<> Changed;
 
 protected:
     static void Raise(const std::function<void()>& event) {
@@ -68,7 +64,7 @@ template <class Value>
 Property<Value>& Property<Value>::operator=(Value value) {
     if (value_ != value) {
         value_ = std::move(value);
-        owner_->Refresh();
+        owner_->Changed.Raise();
     }
     return *this;
 }

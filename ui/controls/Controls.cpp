@@ -4,41 +4,60 @@
 
 #include "base/Conversion.h"
 
+#include <optional>
+
 namespace vorhaven {
 
 void TextBox::SetText(std::string text) {
     if (text == text_)
         return;
     text_ = std::move(text);
-    Refresh();
+    Changed.Raise();
     Raise(Change);
 }
 
-UpDown::UpDown(TextBox& buddy, Long lowest, Long highest, Long value, std::string toolTip)
-    : Control(std::move(toolTip)), Min(lowest), Max(highest), buddy_(&buddy), lastValue_(value) {
-    buddy.SetText(ToText(value));
-}
+namespace {
 
-Long UpDown::Value() const {
+std::optional<Long> NumberIn(const std::string& text) {
     try {
-        return Clamped(ToLong(buddy_->Text()));
+        return ToLong(text);
     } catch (const RunTimeError&) {
-        return lastValue_;
+        return std::nullopt;
     }
 }
 
+} // namespace
+
+UpDown::UpDown(TextBox& buddy, Long lowest, Long highest, Long value, Typing typing, std::string toolTip)
+    : Control(std::move(toolTip)), Min(lowest), Max(highest), buddy_(&buddy), typing_(typing), value_(value),
+      buddyChanged_(buddy.Changed.Connect([this] { FollowBuddy(); })) {
+    buddy.SetText(ToText(value));
+}
+
+void UpDown::FollowBuddy() {
+    // While the field holds no number, its last one stands.
+    if (const auto number = NumberIn(buddy_->Text()))
+        value_ = Clamped(*number);
+}
+
+void UpDown::Type(const std::string& text) {
+    const auto number = NumberIn(text);
+    if (number && (typing_ == Typing::Free || Clamped(*number) == *number))
+        buddy_->SetText(text);
+}
+
 bool UpDown::CanStep(Long steps) const {
-    return ToText(Clamped(Value() + steps)) != buddy_->Text();
+    return ToText(Clamped(value_ + steps)) != buddy_->Text();
 }
 
 void UpDown::Step(Long steps) {
-    lastValue_ = Clamped(Value() + steps);
-    buddy_->SetText(ToText(lastValue_));
+    buddy_->SetText(ToText(Clamped(value_ + steps)));
 }
 
-void ComboBox::AddItem(std::string text, Long datum) {
+void ComboBox::AddItem(std::string text, Long datum, std::vector<std::string> details) {
     items_.push_back({std::move(text), datum});
-    Refresh();
+    details_.push_back(std::move(details));
+    Changed.Raise();
 }
 
 void ComboBox::SetListIndex(Long index) {
@@ -47,7 +66,7 @@ void ComboBox::SetListIndex(Long index) {
     if (index == listIndex_)
         return;
     listIndex_ = index;
-    Refresh();
+    Changed.Raise();
     Raise(Click);
 }
 

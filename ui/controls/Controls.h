@@ -43,6 +43,7 @@ public:
         : Control(std::move(toolTip)), Caption(*this, std::move(caption)) {}
 
     Property<std::string> Caption;
+    Property<bool> Enabled{*this, true};
     std::function<void()> Click;
 
     void Press() {
@@ -60,15 +61,13 @@ public:
     Property<std::string> Caption;
     Property<bool> Checked{*this, false};
 
-    void Toggle() {
-        if (Enabled)
-            Checked = !Checked;
-    }
+    void Toggle() { Checked = !Checked; }
 };
 
 /// A bar that fills from 0 to 100.
 class ProgressBar : public Control {
 public:
+    Property<bool> Visible{*this, true};
     Property<Long> Value{*this, 0};
 };
 
@@ -78,6 +77,7 @@ public:
     explicit MenuItem(std::string caption) : Caption(std::move(caption)) {}
 
     const std::string Caption;
+    Property<bool> Enabled{*this, true};
     Property<bool> Checked{*this, false};
     std::function<void()> Click;
 
@@ -90,7 +90,11 @@ public:
 /// A one-line text field.
 class TextBox : public Control {
 public:
-    explicit TextBox(std::string toolTip = {}) : Control(std::move(toolTip)) {}
+    /// `maxLength`: how many characters the user can type at most; the program's own texts are not limited.
+    explicit TextBox(int maxLength, std::string toolTip = {})
+        : Control(std::move(toolTip)), MaxLength(maxLength) {}
+
+    const int MaxLength;
 
     static constexpr int Backspace = 8;
     static constexpr int Escape = 27;
@@ -110,39 +114,56 @@ private:
     std::string text_;
 };
 
-/// The up and down arrows of a text field. They step the number in the field by 1 within their limits; typing
-/// in the field is not held to them.
+/// The most characters of a number that has arrows.
+inline constexpr int MaxNumberLength = 6;
+
+/// The up and down arrows of a text field. They step the number in the field by 1 within their limits.
 class UpDown : public Control {
 public:
-    /// `buddy` shows the value and must live as long; it is given the first value.
-    UpDown(TextBox& buddy, Long lowest, Long highest, Long value, std::string toolTip = {});
+    /// Which numbers the user can type: any that is a count, or those within the arrows' limits alone.
+    enum class Typing { Free, WithinLimits };
+
+    /// `buddy` shows the value and must outlive the up-down; it is given the first value.
+    UpDown(TextBox& buddy, Long lowest, Long highest, Long value, Typing typing, std::string toolTip = {});
 
     const Long Min;
     const Long Max;
 
-    /// The number in the field, held to the limits; the last one stepped to where the field holds no number.
-    [[nodiscard]] Long Value() const;
+    /// The number in the field, clamped to the limits; while the field holds no number, the last one that it
+    /// held.
+    [[nodiscard]] Long Value() const { return value_; }
 
     /// Whether some steps would change what the field shows.
     [[nodiscard]] bool CanStep(Long steps) const;
 
-    /// Moves the value by some steps, held to the limits, and writes it into the field.
+    /// What the user types: it enters the field if it is a number that can be typed there. Any other text
+    /// stays away from the field, which keeps its last number meanwhile.
+    void Type(const std::string& text);
+
+    /// Moves the value by some steps, clamped to the limits, and writes it into the field.
     void Step(Long steps);
 
     [[nodiscard]] TextBox& Buddy() const { return *buddy_; }
 
 private:
     [[nodiscard]] Long Clamped(Long value) const { return value < Min ? Min : value > Max ? Max : value; }
+    void FollowBuddy();
 
     TextBox* buddy_;
-    Long lastValue_;
+    Typing typing_;
+    Long value_;
+    Connection buddyChanged_;
 };
 
 /// An entry of a drop-down list or a list box, with the whole number that goes with it.
 struct ListEntry {
     std::string Text;
     Long Datum;
-    bool operator==(const ListEntry&) const = default;
+    /// Tells lines apart that hold the same entry; 0 where nobody needs to.
+    std::int32_t Id = 0;
+
+    /// The same entry, on whatever line.
+    bool operator==(const ListEntry& other) const { return Text == other.Text && Datum == other.Datum; }
 };
 
 /// A drop-down list.
@@ -150,11 +171,17 @@ class ComboBox : public Control {
 public:
     explicit ComboBox(std::string toolTip = {}) : Control(std::move(toolTip)) {}
 
+    Property<bool> Enabled{*this, true};
+
     /// Raised when the selection changes, by the user or from code, and by every Pick.
     std::function<void()> Click;
 
-    void AddItem(std::string text, Long datum = 0);
+    /// `details`: what is told about the entry beside its text, for the view to show quietly in columns.
+    void AddItem(std::string text, Long datum = 0, std::vector<std::string> details = {});
     [[nodiscard]] const std::vector<ListEntry>& Items() const { return items_; }
+    [[nodiscard]] const std::vector<std::string>& Details(std::size_t item) const {
+        return details_.at(item);
+    }
 
     /// The selected entry, -1 for none. Selecting what is selected already raises no event.
     [[nodiscard]] Long ListIndex() const { return listIndex_; }
@@ -176,6 +203,7 @@ public:
 
 private:
     std::vector<ListEntry> items_;
+    std::vector<std::vector<std::string>> details_;
     Long listIndex_ = -1;
 };
 

@@ -2,35 +2,13 @@
 
 #pragma once
 
-#include "base/Long.h"
 #include "ui/controls/Control.h"
+#include "ui/controls/Desktop.h"
 
 #include <string>
+#include <utility>
 
 namespace vorhaven {
-
-/// A size on the screen, in pixels.
-struct Size {
-    Long Width;
-    Long Height;
-};
-
-/// What the windows' models ask of the toolkit.
-class Desktop {
-public:
-    Desktop() = default;
-    virtual ~Desktop() = default;
-    Desktop(const Desktop&) = delete;
-    Desktop& operator=(const Desktop&) = delete;
-
-    [[nodiscard]] virtual Size ScreenSize() const = 0;
-    /// Turns the hourglass on and off.
-    virtual void ShowBusy(bool busy) = 0;
-    /// Lets pending events of the user interface run.
-    virtual void ProcessEvents() = 0;
-    /// Shows a modal message box with an OK button; returns when the user has closed it.
-    virtual void ShowMessage(const std::string& prompt) = 0;
-};
 
 /// A window.
 class Form {
@@ -42,21 +20,18 @@ public:
 
     const std::string Caption;
 
-    /// Place and size on the screen, in pixels. The view gives the size before it loads the window.
-    Long Left;
-    Long Top;
+    /// Place and size on the screen, in pixels. The view gives the size as soon as it knows it.
+    int Left = 0;
+    int Top = 0;
     Size Extent;
 
-    /// Set by the view: closes the window.
-    std::function<void()> Unloaded;
+    /// Raised when the window is to be closed.
+    Signal<> Unloading;
 
     /// The start-up of the window, called once it is about to be shown.
     virtual void Form_Load() = 0;
 
-    void Unload() const {
-        if (Unloaded)
-            Unloaded();
-    }
+    void Unload() const { Unloading.Raise(); }
 
     /// The control that has the focus; null when none has.
     [[nodiscard]] const Control* ActiveControl() const { return activeControl_; }
@@ -67,10 +42,10 @@ public:
             left->LostFocus();
     }
 
-protected:
+    /// Puts the window into the middle of the screen.
     void CentreOn(Size screen) {
-        Top = (screen.Height - Extent.Height).Value() / 2;
-        Left = (screen.Width - Extent.Width).Value() / 2;
+        Top = (screen.Height - Extent.Height) / 2;
+        Left = (screen.Width - Extent.Width) / 2;
     }
 
 private:

@@ -16,7 +16,7 @@ Grid::Grid(Long rows, std::string_view headerFormat, std::string toolTip) : Cont
         columns_.push_back({first == std::string_view::npos
                                 ? std::string{}
                                 : std::string(header.substr(first, last - first + 1)),
-                            SizeOf(field)});
+                            static_cast<int>(field.size())});
         if (bar == std::string_view::npos)
             break;
         headerFormat.remove_prefix(bar + 1);
@@ -35,13 +35,13 @@ const std::string& Grid::Text(Long row, Long column) const {
 void Grid::SetText(Long row, Long column, std::string text) {
     (void)Text(row, column);
     cells_[row.Index()][column.Index()] = std::move(text);
-    Refresh();
+    Changed.Raise();
 }
 
 void Grid::Emphasise(Long row, Long column) {
     (void)Text(row, column);
     emphasised_.emplace(row, column);
-    Refresh();
+    Changed.Raise();
 }
 
 bool Grid::IsEmphasised(Long row, Long column) const {

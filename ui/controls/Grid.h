@@ -20,12 +20,12 @@ public:
     struct Column {
         std::string Header;
         /// Least width, in characters.
-        Long Width;
+        int Width = 0;
     };
 
     /// `rows` counts the header row. `headerFormat`: the column texts separated by "|", each with an
-    /// alignment mark
-    /// ("<" for left, which is also what a text without a mark is) and blanks that make up its width.
+    /// alignment mark ("<" for left, which is also what a text without a mark is) and blanks that make up its
+    /// width.
     Grid(Long rows, std::string_view headerFormat, std::string toolTip = {});
 
     [[nodiscard]] Long RowCount() const { return SizeOf(cells_); }

@@ -3,12 +3,13 @@
 #include "ui/controls/ListBox.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vorhaven {
 
 void ListBox::AddItem(const ListEntry& entry) {
-    lines_.push_back({entry});
-    Refresh();
+    lines_.push_back({entry, false, {}});
+    Changed.Raise();
 }
 
 void ListBox::RemoveItem(Long line) {
@@ -22,30 +23,43 @@ void ListBox::RemoveItem(Long line) {
     } else if (line < listIndex_) {
         listIndex_ = listIndex_ - 1;
     }
-    Refresh();
+    Changed.Raise();
 }
 
 void ListBox::Clear() {
     lines_.clear();
     listIndex_ = -1;
-    Refresh();
+    Changed.Raise();
+}
+
+void ListBox::SetEntries(const std::vector<ListEntry>& entries) {
+    lines_.clear();
+    for (const ListEntry& entry : entries)
+        lines_.push_back({entry, false, {}});
+    listIndex_ = -1;
+    Changed.Raise();
+}
+
+void ListBox::SetNote(Long line, const std::string& note) {
+    if (std::exchange(lines_[IndexOf(line)].note, note) != note)
+        Changed.Raise();
 }
 
 void ListBox::SetEntry(Long line, const ListEntry& entry) {
     lines_[IndexOf(line)].entry = entry;
-    Refresh();
+    Changed.Raise();
 }
 
 void ListBox::SetListIndex(Long line) {
     if (line != -1)
         (void)IndexOf(line);
     listIndex_ = line;
-    Refresh();
+    Changed.Raise();
 }
 
 void ListBox::SetSelected(Long line, bool selected) {
     lines_[IndexOf(line)].selected = selected;
-    Refresh();
+    Changed.Raise();
 }
 
 std::vector<Long> ListBox::SelectedLines() const {
@@ -63,7 +77,7 @@ void ListBox::Select(const Selection& selection) {
         if (line >= 0 && line < ListCount())
             lines_[IndexOf(line)].selected = true;
     listIndex_ = selection.Current < ListCount() ? selection.Current : Long{-1};
-    Refresh();
+    Changed.Raise();
 }
 
 std::size_t ListBox::IndexOf(Long line) const {

@@ -22,11 +22,18 @@ public:
     /// its place (or else the last) becomes current, and selected too if the removed one alone was selected.
     void RemoveItem(Long line);
     void Clear();
+    /// Replaces all lines; none of the new ones is current or selected.
+    void SetEntries(const std::vector<ListEntry>& entries);
 
     [[nodiscard]] Long ListCount() const { return SizeOf(lines_); }
     [[nodiscard]] const ListEntry& Entry(Long line) const { return lines_[IndexOf(line)].entry; }
     void SetEntry(Long line, const ListEntry& entry);
-    void SetText(Long line, const std::string& text) { SetEntry(line, {text, Entry(line).Datum}); }
+    void SetText(Long line, const std::string& text) {
+        SetEntry(line, {text, Entry(line).Datum, Entry(line).Id});
+    }
+    /// What is told about a line beside its entry, for the view to show quietly.
+    [[nodiscard]] const std::string& Note(Long line) const { return lines_[IndexOf(line)].note; }
+    void SetNote(Long line, const std::string& note);
 
     /// The current line, -1 for none. Making a line current selects nothing.
     [[nodiscard]] Long ListIndex() const { return listIndex_; }
@@ -45,15 +52,13 @@ public:
     /// The user's selection. Lines that the list does not have are left out.
     void Select(const Selection& selection);
 
-    void DoubleClick() {
-        if (Enabled)
-            Raise(DblClick);
-    }
+    void DoubleClick() { Raise(DblClick); }
 
 private:
     struct Line {
         ListEntry entry;
         bool selected = false;
+        std::string note;
     };
 
     [[nodiscard]] std::size_t IndexOf(Long line) const;

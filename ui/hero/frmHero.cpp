@@ -6,6 +6,7 @@ namespace vorhaven {
 
 frmHero::frmHero(Desktop& desktop)
     : Form("Hero Bonuses (Both Intrinsic and from Items)"), desktop_(&desktop) {
+    cmdLastValues.Click = [this] { cmdLastValues_Click(); };
     cmdProceed.Click = [this] { cmdProceed_Click(); };
 }
 
@@ -14,13 +15,22 @@ void frmHero::Form_Load() {
     CentreOn(desktop_->ScreenSize());
     LoadHeroInfo();
     SendHeroInfoToScreen();
+    lblWhereabouts.Caption = Whereabouts;
+    cmdLastValues.Enabled = LastValues.has_value();
 }
 
 void frmHero::LoadHeroInfo() {
     const Trap trap{"frmHero::LoadHeroInfo"};
     heroName_ = Hero->Name.Text();
+    CArmy hero = *Hero;
+    // Every hero begins with 1, whatever the catalogue gave it.
+    hero.Leadership = 1;
+    LoadFields(hero);
+}
+
+void frmHero::LoadFields(const CArmy& hero) {
     for (HeroField* field : loadOrder_)
-        field->Load(*Hero);
+        field->Load(hero);
 }
 
 void frmHero::SendHeroInfoToScreen() {
@@ -28,6 +38,14 @@ void frmHero::SendHeroInfoToScreen() {
     lblName.Caption = heroName_;
     for (HeroField* field : loadOrder_)
         field->SendToScreen();
+}
+
+void frmHero::cmdLastValues_Click() {
+    const Trap trap{"frmHero::cmdLastValues_Click"};
+    CArmy hero = *Hero;
+    LastValues->ApplyTo(hero);
+    LoadFields(hero);
+    SendHeroInfoToScreen();
 }
 
 void frmHero::cmdProceed_Click() {

@@ -6,8 +6,10 @@
 #include "model/Catalogue.h"
 #include "ui/controls/Controls.h"
 #include "ui/controls/Form.h"
+#include "ui/hero/HeroValues.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 namespace vorhaven {
@@ -20,10 +22,10 @@ public:
     using Writer = void (*)(CArmy&, Long);
 
     HeroField(const char* caption, Long lowest, Long highest, Reader read, Writer write)
-        : lbl(caption), upd(txt, lowest, highest, lowest), read_(read), write_(write) {}
+        : lbl(caption), upd(txt, lowest, highest, lowest, UpDown::Typing::Free), read_(read), write_(write) {}
 
     Label lbl;
-    TextBox txt;
+    TextBox txt{MaxNumberLength};
     UpDown upd;
 
     void Load(const CArmy& hero) { value_ = read_(hero); }
@@ -46,14 +48,17 @@ public:
 
     /// The record that is edited; set before the window is loaded.
     CArmy* Hero = nullptr;
-    /// Which line of which list the hero is, for those who cannot see the list behind the window.
+    /// Which line of which list the hero is; set before the window is loaded.
     std::string Whereabouts;
+    /// What was entered for this hero in the last run, if anything was; set before the window is loaded.
+    std::optional<HeroValues> LastValues;
 
     void Form_Load() override;
 
     Frame fraUnitInfo{"Hero Unit Statistics"};
     Label lblNameCaption{"Name:"};
     Label lblName;
+    Label lblWhereabouts;
     HeroField Strength{"Strength:", 1, 255, Read<&CArmy::StartStrength>, Write<&CArmy::StartStrength>};
     HeroField Hits{"Hits:", 1, 4, Read<&CArmy::Hits>, Write<&CArmy::Hits>};
     HeroField Missle{"Missle:", 0, 10, Read<&CArmy::Missle>, Write<&CArmy::Missle>};
@@ -64,15 +69,15 @@ public:
     HeroField Trample{"Trample:", 0, 3, Read<&CArmy::Trample>, Write<&CArmy::Trample>};
 
     Frame fraStackBonus{"Stack Bonuses"};
-    /// Every hero begins with 1, whatever the catalogue gave it.
-    HeroField Leadership{"Leadership:", 1, 5, [](const CArmy& /*hero*/) { return Long{1}; },
-                         Write<&CArmy::Leadership>};
+    HeroField Leadership{"Leadership:", 1, 5, Read<&CArmy::Leadership>, Write<&CArmy::Leadership>};
     HeroField Morale{"Morale:", 0, 5, Read<&CArmy::Morale>, Write<&CArmy::Morale>};
     HeroField Fortification{"Fortification:", 0, 5, Read<&CArmy::Fortify>, Write<&CArmy::Fortify>};
     HeroField Chaos{"Chaos:", 0, 5, Read<&CArmy::Chaos>, Write<&CArmy::Chaos>};
     HeroField Fear{"Fear:", 0, 5, Read<&CArmy::Fear>, Write<&CArmy::Fear>};
     HeroField Siege{"Siege:", 0, 5, Read<&CArmy::Siege>, Write<&CArmy::Siege>};
 
+    Button cmdLastValues{"&Last Values",
+                         "Fill the fields with what was entered for this hero in the last run"};
     Button cmdProceed{"&Done"};
 
     /// The fields of each frame from top to bottom.
@@ -92,6 +97,8 @@ private:
 
     void LoadHeroInfo();
     void SendHeroInfoToScreen();
+    void LoadFields(const CArmy& hero);
+    void cmdLastValues_Click();
     void cmdProceed_Click();
     void SendScreenInfoToProps();
     void SendPropsToHero();

@@ -12,18 +12,21 @@ void frmBrawlpad::cmdAttack_Click() {
     const Trap trap{"frmBrawlpad::cmdAttack_Click"};
     sscExit.Enabled = false;
     sscMoreResults.Enabled = false;
-    if (VerifyForm()) {
+    if (VerifyForm() && VerifyArmies()) {
         if (gobjCAttArmies)
             gobjCAttArmies = CAttackArmies{*this};
         if (gobjCDefArmies)
             gobjCDefArmies = CAttackArmies{*this};
         cmdAttack.Enabled = false;
+        sscSwapSides.Enabled = false;
+        assembled_ = CurrentSetup();
         FillArmyCollections();
         sscAbort.Enabled = true;
         MBattleCalc::Add(*this, NumBattles(), CombatDice, sschkViewStats.Checked,
                          cboCityLevel.ListIndex() + 1);
         sscAbort.Enabled = false;
         cmdAttack.Enabled = true;
+        sscSwapSides.Enabled = true;
         sscMoreResults.Enabled = true;
     }
     sscExit.Enabled = true;
@@ -33,8 +36,28 @@ bool frmBrawlpad::VerifyForm() {
     const Trap trap{"frmBrawlpad::VerifyForm"};
     if (lstArmies[0].ListCount() > 0 && lstArmies[1].ListCount() > 0)
         return true;
-    toolkit_->ShowMessage("You need to specify attacking and defending armies.");
+    WarnOfMissingArmies();
     return false;
+}
+
+bool frmBrawlpad::VerifyArmies() {
+    const Trap trap{"frmBrawlpad::VerifyArmies"};
+    if (HasArmy(Side::Attack, LinesPerStack) && HasArmy(Side::Defend, MaxLines))
+        return true;
+    WarnOfMissingArmies();
+    return false;
+}
+
+bool frmBrawlpad::HasArmy(Side side, Long lineCount) const {
+    const ListBox& list = lstArmies[Of(side)];
+    for (Long line = 0; line < list.ListCount() && line < lineCount; ++line)
+        if (list.Entry(line).Datum < NumArmies() + NumHeroes())
+            return true;
+    return false;
+}
+
+void frmBrawlpad::WarnOfMissingArmies() {
+    toolkit_->ShowMessage("You need to specify attacking and defending armies.");
 }
 
 void frmBrawlpad::FillArmyCollections() {
@@ -112,7 +135,11 @@ void frmBrawlpad::EditHero(CArmy& hero) {
     frmHero editor{*toolkit_};
     editor.Hero = &hero;
     editor.Whereabouts = FrameOf(assembledSide_).Caption.Get() + ", line " + ToText(assembledLine_ + 1);
+    const std::int32_t id = list.Entry(assembledLine_).Id;
+    if (const auto values = heroValues_.find(id); values != heroValues_.end())
+        editor.LastValues = values->second;
     toolkit_->ShowModal(editor);
+    heroValues_[id] = HeroValues::From(hero);
     list.Select(selection);
 }
 

@@ -31,6 +31,7 @@ bool RemoveAsteriskEligible(const std::string& text, const HealthRow& row) {
 void frmBrawlpad::RefreshHealthArray() {
     const Trap trap{"frmBrawlpad::RefreshHealthArray"};
     health_ = {};
+    SetupTouched.Raise();
 }
 
 Side frmBrawlpad::FocusedSide() const {
@@ -49,8 +50,7 @@ void frmBrawlpad::lstArmies_MouseUp(Side side, MouseButton button) {
     for (std::size_t medals = 0; medals < mnuPopupItemMedals.size(); ++medals)
         mnuPopupItemMedals[medals].Checked = row.Medals == static_cast<int>(medals);
     EvaluateHealthConflicts(side);
-    if (PopupMenu)
-        PopupMenu(side);
+    PopupMenuRequested.Raise(side);
 }
 
 void frmBrawlpad::mnuPopupItem_Click(std::size_t index) {
@@ -67,6 +67,7 @@ void frmBrawlpad::mnuPopupItem_Click(std::size_t index) {
         else
             UnmarkLine(side, line);
     }
+    SetupTouched.Raise();
 }
 
 void frmBrawlpad::mnuPopupItemMedals_Click(std::size_t index) {
@@ -79,6 +80,7 @@ void frmBrawlpad::mnuPopupItemMedals_Click(std::size_t index) {
         else
             UnmarkLine(side, line);
     }
+    SetupTouched.Raise();
 }
 
 void frmBrawlpad::mnuPopupDelete_Click() {

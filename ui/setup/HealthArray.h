@@ -7,6 +7,8 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace vorhaven {
 
@@ -23,6 +25,12 @@ struct HealthRow {
 
     bool operator==(const HealthRow&) const = default;
 };
+
+/// The conditions as a person says them, "blessed, 2 medals"; empty for none.
+[[nodiscard]] std::string InWords(const HealthRow& row);
+
+/// Gives a row the condition that a word of InWords names; false for any other word.
+[[nodiscard]] bool AddCondition(HealthRow& row, std::string_view word);
 
 /// The conditions of all lines of one side: row r belongs to line r - 1. The last row is a spare, the source
 /// for the row before it when rows move up.

@@ -6,20 +6,49 @@
 #include <utility>
 
 namespace vorhaven {
+namespace {
+
+constexpr const char* ListIsFull = "The list is full: delete an army to make room for another";
+
+} // namespace
+
+std::vector<std::string> frmBrawlpad::UnitDetails(Long datum) const {
+    const auto tell = [](const Table& units, Long row, Long strength, Long hits, Long terrain, Long bonus) {
+        std::vector<std::string> details{"strength " + CellText(units(row, strength)),
+                                         "hits " + CellText(units(row, hits)), "", "", ""};
+        if (const Long size = CellNumber(units(row, bonus)); size != 0)
+            details[3] = CellText(units(row, terrain)) + (size > 0 ? " +" : " ") + ToText(size);
+        return details;
+    };
+    if (datum >= NumArmies() + NumHeroes())
+        return {};
+    if (datum >= NumArmies())
+        return tell(Heroes(), datum - NumArmies(), HeroColumn::Strength, HeroColumn::Hits,
+                    HeroColumn::BonusTerrain, HeroColumn::BonusSize);
+    auto details = tell(Armies(), datum, ArmyColumn::Strength, ArmyColumn::Hits, ArmyColumn::BonusTerrain,
+                        ArmyColumn::BonusSize);
+    details[2] = "turns " + CellText(Armies()(datum, ArmyColumn::Turns));
+    if (const Long size = CellNumber(Armies()(datum, ArmyColumn::PowerSize)); size != 0)
+        details[4] = provider_->PowerName(ToShort(CellNumber(Armies()(datum, ArmyColumn::PowerCode)))) + ' ' +
+                     ToText(size);
+    return details;
+}
 
 void frmBrawlpad::AddArmyToList(Side side) {
     const Trap trap{"frmBrawlpad::AddArmyToList"};
     ListBox& list = lstArmies[Of(side)];
     const ComboBox& picker = cboArmies[Of(side)];
+    if (list.ListCount() >= MaxLines)
+        Noticed.Raise(ListIsFull);
     if (list.ListCount() >= MaxLines || picker.ListIndex() == -1)
         return;
     const Long datum = picker.Items()[static_cast<std::size_t>(picker.ListIndex().Value())].Datum;
     if (datum < NumArmies())
-        list.AddItem({CellText(Armies()(datum, ArmyColumn::Name)), datum});
+        list.AddItem(NewLine(CellText(Armies()(datum, ArmyColumn::Name)), datum));
     else if (datum == NumArmies() + NumHeroes())
-        list.AddItem({NoArmy, datum});
+        list.AddItem(NewLine(NoArmy, datum));
     else
-        list.AddItem({CellText(Heroes()(datum - NumArmies(), HeroColumn::Name)), datum});
+        list.AddItem(NewLine(CellText(Heroes()(datum - NumArmies(), HeroColumn::Name)), datum));
     AdjustDefTerrain(side, list.ListCount());
 }
 
@@ -60,10 +89,13 @@ void frmBrawlpad::sscDup_Click(Side side) {
         return;
     // Copied as it stands: a copy shows the mark of its line but has conditions of its own.
     const ListEntry entry = list.Entry(list.ListIndex());
-    for (Long copy = 1; copy <= copies && list.ListCount() < MaxLines; ++copy) {
-        list.AddItem(entry);
+    Long copiesAdded = 0;
+    for (; copiesAdded < copies && list.ListCount() < MaxLines; ++copiesAdded) {
+        list.AddItem(NewLine(entry.Text, entry.Datum));
         AdjustDefTerrain(side, list.ListCount());
     }
+    if (copies > copiesAdded)
+        Noticed.Raise(ListIsFull);
 }
 
 void frmBrawlpad::sscListArrow_Click(std::size_t index) {

@@ -15,10 +15,11 @@ void frmBrawlpad::LoadArmyCombos() {
     for (ComboBox& picker : cboArmies) {
         for (Long i = 0; i < NumArmies(); ++i)
             picker.AddItem(CellText(Armies()(i, ArmyColumn::Name)),
-                           CellNumber(Armies()(i, ArmyColumn::Identifier)));
+                           CellNumber(Armies()(i, ArmyColumn::Identifier)), UnitDetails(i));
         for (Long i = 0; i < NumHeroes(); ++i)
             picker.AddItem(CellText(Heroes()(i, HeroColumn::Name)),
-                           NumArmies() + CellNumber(Heroes()(i, HeroColumn::Identifier)));
+                           NumArmies() + CellNumber(Heroes()(i, HeroColumn::Identifier)),
+                           UnitDetails(NumArmies() + i));
         picker.AddItem(NoArmy, NumArmies() + NumHeroes());
     }
 }

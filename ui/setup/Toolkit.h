@@ -4,6 +4,8 @@
 
 #include "ui/controls/Form.h"
 
+#include <string>
+
 namespace vorhaven {
 
 class frmHero;
@@ -16,6 +18,8 @@ public:
     /// Loads a window and shows it modally; returns when it is closed.
     virtual void ShowModal(frmHero& window) = 0;
     virtual void ShowModal(frmStats& window) = 0;
+    [[nodiscard]] virtual std::string ClipboardText() const = 0;
+    virtual void SetClipboardText(const std::string& text) = 0;
     /// Loads a window, anew when it is open already, and shows it beside the others.
     virtual void Show(frmMoreResults& window) = 0;
 };

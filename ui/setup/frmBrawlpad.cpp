@@ -40,6 +40,15 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
     sscAbort.Click = [this] { sscAbort_Click(); };
     sscExit.Click = [this] { sscExit_Click(); };
     sscMoreResults.Click = [this] { sscMoreResults_Click(); };
+    sscSwapSides.Click = [this] { sscSwapSides_Click(); };
+    mnuUndo.Click = [this] { Undo(); };
+    mnuRedo.Click = [this] { Redo(); };
+    mnuCopy.Click = [this] { toolkit_->SetClipboardText(SelectedLinesAsText(FocusedSide())); };
+    mnuCopyBattle.Click = [this] { toolkit_->SetClipboardText(BattleAsText()); };
+    mnuPaste.Click = [this] { Paste(FocusedSide(), toolkit_->ClipboardText()); };
+    for (Control* control : std::initializer_list<Control*>{
+             &lstArmies[0], &lstArmies[1], &cboTerrain, &cboCityLevel, &txtCombatDice, &txtNumSimulations})
+        touching_.push_back(control->Changed.Connect([this] { SetupTouched.Raise(); }));
 }
 
 void frmBrawlpad::Form_Load() {
@@ -61,6 +70,8 @@ void frmBrawlpad::Form_Load() {
     txtNumSimulations.SetText("1000");
     cboCityLevel.Enabled = false;
     cboTerrain.SetListIndex(Terrains::IndexOf(Terrains::Field));
+    settled_ = CurrentSetup();
+    ShowState();
 }
 
 void frmBrawlpad::sscMoreResults_Click() {
@@ -68,6 +79,11 @@ void frmBrawlpad::sscMoreResults_Click() {
     toolkit_->ShowBusy(true);
     toolkit_->Show(moreResults_);
     toolkit_->ShowBusy(false);
+}
+
+bool frmBrawlpad::HasResultsToShow() const {
+    // A field that is being edited may be empty; leaving it puts a number into it.
+    return numBattles_.empty() || NumBattles() <= MBattleCalc::BattleResults.RowCount();
 }
 
 void frmBrawlpad::sscExit_Click() {

@@ -7,10 +7,14 @@
 #include "ui/controls/Form.h"
 #include "ui/controls/ListBox.h"
 #include "ui/results/frmMoreResults.h"
+#include "ui/setup/BattleText.h"
 #include "ui/setup/HealthArray.h"
+#include "ui/setup/History.h"
+#include "ui/setup/Setup.h"
 #include "ui/setup/Toolkit.h"
 
 #include <array>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -52,11 +56,17 @@ public:
     [[nodiscard]] const Table& Heroes() const override { return *heroes_; }
 
     void txtNumSimulations_LostFocus();
+
+    /// Whether the last run has as many battles as the field asks More Results to show.
+    [[nodiscard]] bool HasResultsToShow() const;
     /// A defending list of more than eight lines stands in a city and nowhere else.
     void AdjustDefTerrain(Side side, Long lineCount);
 
     // Lists.cpp
 
+    /// What the picker tells about a unit beside its name: strength, hits, turns, terrain bonus and power,
+    /// each empty where there is nothing to tell.
+    [[nodiscard]] std::vector<std::string> UnitDetails(Long datum) const;
     /// Appends the picker's current entry to the list of a side.
     void AddArmyToList(Side side);
     /// Removes a line, with its conditions.
@@ -86,6 +96,30 @@ public:
     /// The undead test of a catalogue row.
     [[nodiscard]] bool CheckIfUndead(Long row) const;
 
+    // Changes.cpp
+
+    /// What the player has set up.
+    [[nodiscard]] Setup CurrentSetup() const;
+    /// Raised when something may have changed that Settle is to take in.
+    Signal<> SetupTouched;
+    /// Takes in what has changed since the last call: one step of undo, the notes and counts of the lists,
+    /// and whether the quick results are out of date. A view calls it once the user's action is over.
+    void Settle();
+    /// Puts the set-up back that stood before the last change, or that the last Undo left.
+    void Undo();
+    void Redo();
+
+    // Exchange.cpp
+
+    /// The selected lines of a side as text; empty without any.
+    [[nodiscard]] std::string SelectedLinesAsText(Side side) const;
+    /// The whole set-up as text, with the quick results below it.
+    [[nodiscard]] std::string BattleAsText() const;
+    /// Takes a text as SelectedLinesAsText and BattleAsText write them: lines alone are added to a side, a
+    /// battle takes the set-up's place. A text that cannot be read, or does not fit, is told in one message,
+    /// and nothing is changed.
+    void Paste(Side side, const std::string& text);
+
     // The controls, by group from the top of the window.
 
     ProgressBar pbBattleProgress;
@@ -98,22 +132,36 @@ public:
     Button cmdAttack{"&Attack", "Start simulating this battle"};
     Button sscAbort{"A&bort", "Stop simulating this battle"};
     Button sscExit{"E&xit", "Exit the Combat Calculator"};
+    Button sscSwapSides{"S&wap Sides", "Let the defending armies attack the attacking ones"};
+    MenuItem mnuUndo{"Undo"};
+    MenuItem mnuRedo{"Redo"};
+    MenuItem mnuCopy{"Copy"};
+    MenuItem mnuCopyBattle{"Copy Battle"};
+    MenuItem mnuPaste{"Paste"};
+    /// Raised with one sentence on why an action did nothing.
+    Signal<std::string> Noticed;
 
     Frame fraSetup{"Setup Options"};
     Label lblCombatDice{"Combat Dice:"};
-    TextBox txtCombatDice{"Select # of combat dice"};
+    TextBox txtCombatDice{MaxNumberLength, "Select # of combat dice"};
     /// No army is stronger than 14, so from 15 faces on every battle ends.
-    UpDown updCombatDice{txtCombatDice, 15, 100, 20, "Select # of combat dice"};
+    UpDown updCombatDice{txtCombatDice, 15, 100, 20, UpDown::Typing::WithinLimits, "Select # of combat dice"};
     CheckButton sschkViewStats{"View Stack Statistics", "See detailed info on stacks"};
     Label lblTerrain{"Defender's Terrain:"};
     ComboBox cboTerrain{"Select defender's terrain"};
     Label lblNumSimulations{"Number of Battles:"};
-    TextBox txtNumSimulations{"Indicate # of battles to simulate"};
+    /// Eight digits fit into a count whatever they are.
+    TextBox txtNumSimulations{8, "Indicate # of battles to simulate"};
     Label lblCityLevel{"City Level:"};
     ComboBox cboCityLevel{"Select level of city"};
 
     Frame fraQuickResults{"Quick Results"};
     Label lblAttWinPercentCaption{"Attacker Wins:"};
+    /// How far the percentage can be trusted, with the same in words.
+    Label lblWinMargin;
+    Property<std::string> WinMarginInWords{lblWinMargin, {}};
+    /// Says that the quick results belong to an earlier set-up; empty while they do not.
+    Label lblOutOfDate;
     Label lblAttWinPercent{"", "The attacker should win approximately this percentage of battles"};
     /// The averages of the results columns 2 to 5, indexed by column; 0 and 1 are not used.
     static constexpr std::int32_t FirstAverage = 2;
@@ -131,6 +179,11 @@ public:
         Label{"", "The units lost, on average, by the attacker add up to this many turns of production"},
         Label{"", "The defender should lose, on average, approximately this number of units"},
         Label{"", "The units lost, on average, by the defender add up to this many turns of production"}};
+
+    /// Why the terrain cannot be chosen; empty while it can.
+    Label lblTerrainLocked;
+    /// How many lines each list has, of how many at most.
+    std::array<Label, 2> lblCount;
 
     Frame fraAttack{"Attacking Armies"};
     Frame fraDefend{"Defending Armies"};
@@ -153,10 +206,12 @@ public:
         Button{"Duplicate", "Add to the list the specified number of copies of the selected army"},
         Button{"Duplicate", "Add to the list the specified number of copies of the selected army"}};
     std::array<Label, 2> lblDup{Label{"Number of Duplicates"}, Label{"Number of Duplicates"}};
-    std::array<TextBox, 2> txtDup{TextBox{"Select # of times to duplicate army"},
-                                  TextBox{"Select # of times to duplicate army"}};
-    std::array<UpDown, 2> updDup{UpDown{txtDup[0], 1, MaxLines, 1, "Select # of times to duplicate army"},
-                                 UpDown{txtDup[1], 1, MaxLines, 1, "Select # of times to duplicate army"}};
+    std::array<TextBox, 2> txtDup{TextBox{MaxNumberLength, "Select # of times to duplicate army"},
+                                  TextBox{MaxNumberLength, "Select # of times to duplicate army"}};
+    std::array<UpDown, 2> updDup{UpDown{txtDup[0], 1, MaxLines, 1, UpDown::Typing::WithinLimits,
+                                        "Select # of times to duplicate army"},
+                                 UpDown{txtDup[1], 1, MaxLines, 1, UpDown::Typing::WithinLimits,
+                                        "Select # of times to duplicate army"}};
     /// 0 attacking up, 1 attacking down, 2 defending up, 3 defending down.
     std::array<Button, 4> sscListArrow{Button{"Army Up", "Move the selected army up in the list"},
                                        Button{"Army Dn", "Move the selected army down in the list"},
@@ -173,8 +228,8 @@ public:
                                                MenuItem{"2 Medals"}, MenuItem{"3 Medals"},
                                                MenuItem{"4 Medals"}};
     MenuItem mnuPopupDelete{"Delete"};
-    /// Set by the view: opens the pop-up menu on a list.
-    std::function<void(Side)> PopupMenu;
+    /// Raised when the pop-up menu is loaded for a list and is to be opened.
+    Signal<Side> PopupMenuRequested;
 
 private:
     [[nodiscard]] static constexpr std::size_t Of(Side side) { return static_cast<std::size_t>(side); }
@@ -214,11 +269,33 @@ private:
     // Assembly.cpp
     void cmdAttack_Click();
     [[nodiscard]] bool VerifyForm();
+    /// Whether both sides have an army to send: one line of the attackers' first stack, and one of the
+    /// defenders, is more than "None". Warns like VerifyForm otherwise.
+    [[nodiscard]] bool VerifyArmies();
+    [[nodiscard]] bool HasArmy(Side side, Long lineCount) const;
+    void WarnOfMissingArmies();
     void FillArmyCollections();
     void AddAttacker(Long row, Long position);
     void AddDefender(Long row, Long position);
     void AddEntry(Side side, Long row, Long position);
     void sscAbort_Click();
+
+    // Changes.cpp
+    void ShowState();
+    void Restore(const Setup& setup);
+    void sscSwapSides_Click();
+    /// A new line's entry, told apart from all others.
+    [[nodiscard]] ListEntry NewLine(std::string text, Long datum) {
+        return {std::move(text), datum, ++lastLineId_};
+    }
+
+    // Exchange.cpp
+    [[nodiscard]] BattleText TextFormat() const;
+    [[nodiscard]] BattleDescription::Line DescriptionOf(Side side, Long line) const;
+    [[nodiscard]] std::string ResultsAsText() const;
+    void AddLines(Side side, const std::vector<BattleDescription::Line>& lines);
+    /// The values that a hero type's editor leaves when it is confirmed untouched; nothing for other units.
+    [[nodiscard]] std::optional<HeroValues> UntouchedHero(Long datum) const;
 
     // What the army lists ask for.
     void EditHero(CArmy& hero) override;
@@ -231,7 +308,7 @@ private:
     void ShowProgress(Long percent) override { pbBattleProgress.Value = percent; }
     void ShowProgressText(const std::string& text) override { sbrBrawlpad[1].Text = text; }
     void ProcessEvents() override { toolkit_->ProcessEvents(); }
-    void ShowWinPercent(const std::string& text) override { lblAttWinPercent.Caption = text; }
+    void ShowWinPercent(const std::string& text) override;
     void ShowAverage(Long column, const std::string& text) override;
     void ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) override;
 
@@ -245,6 +322,15 @@ private:
     std::optional<CAttackArmies> gobjCAttArmies;
     std::optional<CAttackArmies> gobjCDefArmies;
     frmMoreResults moreResults_;
+    Setup settled_;
+    History<Setup, std::string Setup::*> history_;
+    std::int32_t lastLineId_ = 0;
+    /// What was entered for heroes in the last run, by their line's identity.
+    std::map<std::int32_t, HeroValues> heroValues_;
+    /// The set-up of the run under way, and of the run whose quick results are shown.
+    Setup assembled_;
+    std::optional<Setup> fought_;
+    std::vector<Connection> touching_;
     /// The line that is being put into its army list.
     Side assembledSide_ = Side::Attack;
     Long assembledLine_;

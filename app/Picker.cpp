@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/Picker.h"
+
+#include "app/Shade.h"
+#include "model/CAttackArmies.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace vorhaven {
+namespace {
+
+constexpr int LetterInterval = 1000; // ms
+
+bool HasLaterWord(const QString& name, const QString& beginning) {
+    for (qsizetype space = name.indexOf(' '); space >= 0; space = name.indexOf(' ', space + 1))
+        if (name.mid(space + 1).startsWith(beginning, Qt::CaseInsensitive))
+            return true;
+    return false;
+}
+
+bool IsOneLetterRepeated(const QString& letters) {
+    return letters.count(letters.front(), Qt::CaseInsensitive) == letters.size();
+}
+
+int GapOf(const QFontMetrics& metrics) {
+    return 2 * metrics.averageCharWidth();
+}
+
+/// Paints an entry's details in columns behind its name.
+class DetailsDelegate final : public QStyledItemDelegate {
+public:
+    explicit DetailsDelegate(PickerList& list) : QStyledItemDelegate(&list), list_(&list) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        const QStringList details = index.data(Picker::DetailsRole).toStringList();
+        const QList<int>& widths = list_->ColumnWidths();
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        const QColor text = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+        painter->save();
+        painter->setPen(isSelected ? text : Mixed(text, option.palette.color(QPalette::Base), Shade::Quiet));
+        const int gap = GapOf(option.fontMetrics);
+        int left = gap + widths.value(0);
+        for (qsizetype column = 0; column + 1 < widths.size() && column < details.size(); ++column) {
+            left += gap;
+            const QRect room(option.rect.left() + left, option.rect.top(), widths[column + 1],
+                             option.rect.height());
+            painter->drawText(QStyle::visualRect(option.direction, option.rect, room),
+                              Qt::AlignVCenter | Qt::AlignLeft, details[column]);
+            left += widths[column + 1];
+        }
+        painter->restore();
+    }
+
+private:
+    PickerList* list_;
+};
+
+} // namespace
+
+QList<int> PickerList::RowsFoundBy(const QString& letters) const {
+    QList<int> rows;
+    QList<int> rowsByLaterWord;
+    for (int row = 0; row < model()->rowCount(); ++row) {
+        const QString name = model()->index(row, 0).data().toString();
+        if (name.startsWith(letters, Qt::CaseInsensitive))
+            rows += row;
+        else if (HasLaterWord(name, letters))
+            rowsByLaterWord += row;
+    }
+    return rows + rowsByLaterWord;
+}
+
+void PickerList::keyboardSearch(const QString& text) {
+    if (text.isEmpty())
+        return;
+    if (!sinceLetter_.isValid() || sinceLetter_.hasExpired(LetterInterval))
+        typed_.clear();
+    sinceLetter_.start();
+
+    const int current = currentIndex().row();
+    const QString letters = typed_ + text;
+    QList<int> rows = RowsFoundBy(letters);
+    bool isNextWanted = typed_.isEmpty();
+    if (rows.isEmpty() && IsOneLetterRepeated(letters)) {
+        rows = RowsFoundBy(text);
+        isNextWanted = true;
+    }
+    if (rows.isEmpty())
+        return;
+    typed_ = letters;
+    // The list of what is found is gone through from the current entry on, round and round.
+    const auto place = rows.indexOf(current);
+    if (place < 0)
+        setCurrentIndex(model()->index(rows.front(), 0));
+    else if (isNextWanted)
+        setCurrentIndex(model()->index(rows[(place + 1) % rows.size()], 0));
+}
+
+int PickerList::MeasureColumns() {
+    columnWidths_.clear();
+    for (int row = 0; row < model()->rowCount(); ++row) {
+        const QModelIndex index = model()->index(row, 0);
+        const QStringList texts =
+            QStringList{index.data().toString()} + index.data(Picker::DetailsRole).toStringList();
+        columnWidths_.resize(std::max(columnWidths_.size(), texts.size()));
+        for (qsizetype column = 0; column < texts.size(); ++column)
+            columnWidths_[column] =
+                std::max(columnWidths_[column], fontMetrics().horizontalAdvance(texts[column]));
+    }
+    int width = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    for (const int column : columnWidths_)
+        width += column + GapOf(fontMetrics());
+    return width;
+}
+
+Picker::Picker(QWidget* parent) : DropDown(parent), list_(new PickerList) {
+    setView(list_);
+    list_->setItemDelegate(new DetailsDelegate(*list_));
+    setMaxVisibleItems(MaxLines);
+    // A list that scrolls below the field, not a menu as high as the screen.
+    setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }"));
+}
+
+void Picker::showPopup() {
+    list_->setMinimumWidth(std::max(width(), list_->MeasureColumns()));
+    list_->EndSearch();
+    DropDown::showPopup();
+}
+
+void Picker::keyPressEvent(QKeyEvent* event) {
+    // A key held down since before the list was left, or before the focus came here, opens nothing.
+    if (event->isAutoRepeat()) {
+        event->ignore();
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F4:
+        showPopup();
+        return;
+    default:
+        break;
+    }
+    const QString text = event->text();
+    const bool isLetter = !text.isEmpty() && text.front().isLetterOrNumber() &&
+                          !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (!isLetter) {
+        event->ignore();
+        return;
+    }
+    showPopup();
+    list_->keyboardSearch(text);
+}
+
+} // namespace vorhaven

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/CStackAtt.h"
+
+#include <array>
+#include <optional>
+
+// The numbers, conditions and effects of the rules, each told once. Nothing here draws: the engine rolls what
+// these functions tell, and the exact odds sum over it. Who meets whom, and in what order, is not told here.
+namespace vorhaven::MBattleCalc {
+
+/// The two sides of a battle.
+enum class Side : std::uint8_t { Attacker, Defender };
+
+[[nodiscard]] constexpr Side Opponent(Side side) {
+    return side == Side::Attacker ? Side::Defender : Side::Attacker;
+}
+
+/// A percentage draw takes one of this many values from 0 on, so a draw below p comes p times in 99.
+inline constexpr std::int32_t PercentFaces = 99;
+
+// Rounds
+
+/// Who loses a round.
+enum class Loser : std::int32_t { Defender = 0, Attacker = 1, Nobody = 2 };
+
+/// The loser of a round by whether the attacker and the defender hit. At namespace scope, since a local table
+/// of a constexpr function would be built anew in every round.
+inline constexpr std::array<std::array<Loser, 2>, 2> LoserByHits{
+    {{Loser::Nobody, Loser::Attacker}, {Loser::Defender, Loser::Nobody}}};
+
+/// Who alone misses loses. A table, since a branch on chance would cost more than the two rolls.
+[[nodiscard]] constexpr Loser LoserOf(bool attackerHits, bool defenderHits) {
+    return LoserByHits[attackerHits ? 1 : 0][defenderHits ? 1 : 0];
+}
+
+/// Whether a roll hits: a strength is the number of faces that do.
+[[nodiscard]] constexpr bool ScoresHit(Long roll, Long strength) {
+    return roll <= strength;
+}
+
+inline constexpr std::array<std::int32_t, 5> FacesByMedals{0, 30, 26, 22, 18};
+
+/// Faces of the second die that medals give, of which the lower roll counts; 0 for no second die.
+[[nodiscard]] constexpr Long MedalFaces(Long medals) {
+    return medals < 1 || medals > 4 ? 0 : FacesByMedals[medals.Index()];
+}
+
+/// The hit points that a lost round costs: 1, and the winner's trample where the loser does not fly.
+/// `fliesByNature` tells by catalogue number whether a unit flies; it is asked only when it matters.
+[[nodiscard]] Long DamageTo(const CArmy& loser, const CArmy& winner, const auto& fliesByNature) {
+    if (winner.Trample <= 0 || loser.IsFlying || fliesByNature(loser.UnitID))
+        return 1;
+    return winner.Trample + 1;
+}
+
+// Acid, lightning, assassins
+
+/// An attempt of one of two duelling armies on the other.
+struct Strike {
+    Side Victim;
+    Long Force;
+};
+
+/// The attempt of the army whose power is the higher; its force is what exceeds the victim's own power and
+/// warding. None between equals, or against a warding that the power does not exceed. Raises error 6 when the
+/// force does not fit.
+[[nodiscard]] inline std::optional<Strike> StrikeBy(Long CArmy::*power, const CArmy& attacker,
+                                                    const CArmy& defender) {
+    if (attacker.*power == defender.*power)
+        return std::nullopt;
+    const Side victim = defender.*power > attacker.*power ? Side::Attacker : Side::Defender;
+    const CArmy& striker = victim == Side::Attacker ? defender : attacker;
+    const CArmy& target = victim == Side::Attacker ? attacker : defender;
+    if (striker.*power <= target.Warding)
+        return std::nullopt;
+    return Strike{victim, striker.*power - (target.*power + target.Warding)};
+}
+
+/// Percentage draws below this land a strike: ten chances in 99 for each point of its force.
+[[nodiscard]] constexpr Long StrikeChance(Long force) {
+    return force * 10;
+}
+
+/// What acid leaves of strength, and lightning of hits.
+[[nodiscard]] constexpr Long Half(Long value) {
+    return value.Value() / 2;
+}
+
+/// Whether a duel uses up an army's one attempt to assassinate: the higher power tries, and whoever has the
+/// power loses it.
+[[nodiscard]] constexpr bool SpendsAttempt(Long own, Long enemy) {
+    return own > enemy || own > 0;
+}
+
+// Missiles
+
+/// The shots of a volley: those left, or as many as the shooter has missiles more than its first target.
+[[nodiscard]] constexpr Long ShotsOf(Long shotsLeft, Long advantage) {
+    return shotsLeft == 0 ? advantage : shotsLeft;
+}
+
+/// What a volley leaves its shooter.
+struct Quiver {
+    Long ShotsLeft;
+    /// No more shots for the rest of the battle.
+    bool UsedUp;
+};
+
+/// After the shot that hit, counted from 1.
+[[nodiscard]] constexpr Quiver AfterHit(Long shots, Long shot) {
+    return {shots - shot, shots == shot};
+}
+
+[[nodiscard]] constexpr Quiver AfterMisses(Long shots) {
+    return {shots, true};
+}
+
+// Afflictions: types rather than values, so that the engine's loops over a stack inline them.
+
+/// Percentage draws below this afflict an army: four chances in 99 for each point of the enemy's power.
+[[nodiscard]] constexpr Long AfflictionChance(Long power) {
+    return power * 4;
+}
+
+struct PoisonRule {
+    static Long PowerOf(const CStackAtt& striker) { return striker.StackPoison; }
+    static bool IsEligible(const CArmy& army) { return army.Poison == 0 && !army.Blessed && !army.Poisoned; }
+    static void Afflict(CArmy& army) {
+        army.TotalStrength = army.TotalStrength - 1;
+        army.Poisoned = true;
+    }
+};
+
+struct DiseaseRule {
+    static Long PowerOf(const CStackAtt& striker) { return striker.StackDisease; }
+    static bool IsEligible(const CArmy& army) { return army.Disease == 0 && !army.Blessed && !army.Diseased; }
+    static void Afflict(CArmy& army) {
+        army.Hits = army.Hits - 1;
+        army.Diseased = true;
+    }
+};
+
+struct CurseRule {
+    static Long PowerOf(const CStackAtt& striker) { return striker.StackCurse; }
+    static bool IsEligible(const CArmy& army) {
+        return army.Curse == 0 && (army.Blessed || army.HasMedal >= 1);
+    }
+    static void Afflict(CArmy& army) {
+        if (army.Blessed) {
+            army.Blessed = false;
+            army.TotalStrength = army.TotalStrength - 1;
+        }
+        if (army.HasMedal > 0)
+            army.HasMedal = 0;
+    }
+};
+
+/// The bonus that an enemy stack leaves a stack, both with their own powers counted: -3 to 5.
+[[nodiscard]] Long StackBonus(const CStackAtt& own, const CStackAtt& enemy);
+
+inline void AddBonus(CArmy& army, Long bonus) {
+    army.TotalStrength = army.TotalStrength + bonus;
+}
+
+} // namespace vorhaven::MBattleCalc

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "odds/BattleOdds.h"
+
+#include "odds/DuelOdds.h"
+#include "odds/Lineup.h"
+
+namespace vorhaven::Odds {
+namespace {
+
+using MBattleCalc::BattleStacks;
+using MBattleCalc::Flyers;
+
+/// Carries the chances of all battles forward from duel to duel. After a duel one front is a newcomer, so
+/// what came before is in the survivor's state alone.
+class Battles {
+public:
+    Battles(const Lineup& lineup, const Flyers& flyers, Long dice, Budget& budget)
+        : lineup_(&lineup), flyers_(&flyers), dice_(dice), budget_(&budget),
+          defenders_(lineup.Defenders.size()), wonWith_(lineup.Attackers.size()),
+          lostWith_(lineup.Defenders.size()) {
+        for (const State& state : lineup.Attackers.front().StatesUnhealed)
+            attackers_.Add(state.Is, state.Chances);
+    }
+
+    void Fight() {
+        for (std::size_t i = 0; i < lineup_->Attackers.size(); ++i)
+            for (std::size_t j = 0; j < lineup_->Defenders.size() && !budget_->Exhausted(); ++j)
+                Meet(i, j);
+    }
+
+    /// The chance of winning with exactly so many attackers slain, and of losing with so many defenders.
+    [[nodiscard]] const std::vector<double>& WonWith() const { return wonWith_; }
+    [[nodiscard]] const std::vector<double>& LostWith() const { return lostWith_; }
+    [[nodiscard]] double Endless() const { return endless_; }
+
+private:
+    void Meet(std::size_t i, std::size_t j);
+    void SendNextAttacker(std::size_t i, std::size_t j);
+
+    const Lineup* lineup_;
+    const Flyers* flyers_;
+    DiceOdds dice_;
+    Budget* budget_;
+    /// The attacker now in front, as survivor of its last duel.
+    StateTable attackers_;
+    /// Each defender as survivor of its last duel, with the next attacker to come.
+    std::vector<StateTable> defenders_;
+    PerSide<StateTable> survivors_;
+    std::vector<double> wonWith_;
+    std::vector<double> lostWith_;
+    double endless_ = 0.0;
+};
+
+double TotalOf(const StateTable& states) {
+    double total = 0.0;
+    for (const State& state : states)
+        total += Sum(state.Chances);
+    return total;
+}
+
+/// All duels between attacker i and defender j, of whom one is fresh.
+void Battles::Meet(std::size_t i, std::size_t j) {
+    if (attackers_.Size() == 0 && defenders_[j].Size() == 0)
+        return;
+    const Entrant& attacker = lineup_->Attackers[i];
+    const Entrant& defender = lineup_->Defenders[j];
+    survivors_.Attacker.Clear();
+    survivors_.Defender.Clear();
+    DuelOdds duel{attacker.Army, defender.Army, dice_, *flyers_, survivors_, *budget_};
+    for (const State& survivor : attackers_)
+        for (const State& fresh : attacker.StackBehind ? defender.States : defender.StatesUnhealed)
+            if (!budget_->Exhausted())
+                duel.Fight({survivor, fresh});
+    for (const State& survivor : defenders_[j])
+        for (const State& fresh : attacker.StatesUnhealed)
+            if (!budget_->Exhausted())
+                duel.Fight({fresh, survivor});
+    endless_ += duel.Endless();
+
+    std::swap(attackers_, survivors_.Attacker);
+    if (j + 1 == lineup_->Defenders.size()) {
+        wonWith_[i] = TotalOf(attackers_);
+        attackers_.Clear();
+    }
+    SendNextAttacker(i, j);
+}
+
+/// Attacker i has fallen to defender j.
+void Battles::SendNextAttacker(std::size_t i, std::size_t j) {
+    if (i + 1 == lineup_->Attackers.size()) {
+        lostWith_[j] = TotalOf(survivors_.Defender);
+        return;
+    }
+    const Entrant& next = lineup_->Attackers[i + 1];
+    if (!next.LeadsNewStack) {
+        std::swap(defenders_[j], survivors_.Defender);
+        return;
+    }
+    defenders_[j].Clear();
+    for (const State& state : survivors_.Defender) {
+        State healed{state.Is, {}};
+        healed.Chances[state.Is.StartHits - 1U] = Sum(state.Chances);
+        if (!next.StackBehind)
+            healed.Is.StartHits = 0;
+        defenders_[j].Add(healed.Is, healed.Chances);
+    }
+}
+
+/// Adds up the losses of one side.
+class Tally {
+public:
+    explicit Tally(const std::vector<Entrant>& armies) : chanceOfLosing_(armies.size() + 1), turns_{0.0} {
+        for (const Entrant& entrant : armies)
+            turns_.push_back(turns_.back() + entrant.Army.Turns.Value());
+    }
+
+    void Add(std::size_t slain, double chance, bool won) {
+        chanceOfLosing_[slain] += chance;
+        Weighted& sum = won ? won_ : lost_;
+        sum.Chance += chance;
+        sum.Armies += chance * static_cast<double>(slain);
+        sum.Turns += chance * turns_[slain];
+    }
+
+    [[nodiscard]] SideOdds Result() const {
+        const Weighted both{won_.Chance + lost_.Chance, won_.Armies + lost_.Armies, won_.Turns + lost_.Turns};
+        return {chanceOfLosing_, both.Average(), won_.Average(), lost_.Average()};
+    }
+
+private:
+    struct Weighted {
+        double Chance = 0.0;
+        double Armies = 0.0;
+        double Turns = 0.0;
+
+        [[nodiscard]] std::optional<Losses> Average() const {
+            if (Chance <= 0.0)
+                return std::nullopt;
+            return Losses{Armies / Chance, Turns / Chance};
+        }
+    };
+
+    std::vector<double> chanceOfLosing_;
+    /// The turns of the first so many armies.
+    std::vector<double> turns_;
+    Weighted won_;
+    Weighted lost_;
+};
+
+BattleOdds ResultOf(const Battles& battles, const Lineup& lineup) {
+    BattleOdds odds;
+    Tally attackers{lineup.Attackers};
+    Tally defenders{lineup.Defenders};
+    const auto end = [&](std::size_t attackersSlain, std::size_t defendersSlain, double chance, bool won) {
+        (won ? odds.Won : odds.Lost) += chance;
+        attackers.Add(attackersSlain, chance, won);
+        defenders.Add(defendersSlain, chance, won);
+    };
+    for (std::size_t i = 0; i < lineup.Attackers.size(); ++i)
+        end(i, lineup.Defenders.size(), battles.WonWith()[i], true);
+    for (std::size_t j = 0; j < lineup.Defenders.size(); ++j)
+        end(lineup.Attackers.size(), j, battles.LostWith()[j], false);
+    odds.Endless = battles.Endless();
+    odds.Attackers = attackers.Result();
+    odds.Defenders = defenders.Result();
+    return odds;
+}
+
+} // namespace
+
+std::optional<BattleOdds> OddsOf(const BattleStacks& stacks, const Flyers& flyers, Long dice, Long cityLevel,
+                                 const std::function<bool()>& goOn) {
+    Budget budget{goOn};
+    const Lineup lineup = LineUp(stacks, cityLevel);
+    Battles battles{lineup, flyers, dice, budget};
+    battles.Fight();
+    if (budget.Exhausted())
+        return std::nullopt;
+    return ResultOf(battles, lineup);
+}
+
+} // namespace vorhaven::Odds

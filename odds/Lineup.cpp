@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "odds/Lineup.h"
+
+#include "odds/DuelOdds.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace vorhaven::Odds {
+namespace {
+
+using namespace MBattleCalc;
+
+/// One way in which the afflictions may leave an army.
+struct Outcome {
+    CArmy Army;
+    double Chance;
+};
+
+/// Splits every outcome in which the rule's affliction may strike.
+template <class Rule>
+void Split(std::vector<Outcome>& outcomes, const CStackAtt& striker) {
+    const Long power = Rule::PowerOf(striker);
+    if (power == 0)
+        return;
+    for (std::size_t i = outcomes.size(); i-- > 0;) {
+        if (!Rule::IsEligible(outcomes[i].Army))
+            continue;
+        const double chance = PercentChance(AfflictionChance(power));
+        Outcome afflicted = outcomes[i];
+        Rule::Afflict(afflicted.Army);
+        afflicted.Chance *= chance;
+        outcomes[i].Chance *= 1.0 - chance;
+        if (afflicted.Chance > 0.0)
+            outcomes.push_back(afflicted);
+    }
+    std::erase_if(outcomes, [](const Outcome& outcome) { return outcome.Chance <= 0.0; });
+}
+
+void AddTo(std::vector<State>& states, const Condition& condition, std::size_t hits, double chance) {
+    auto same = std::ranges::find(states, condition, &State::Is);
+    if (same == states.end())
+        same = states.insert(same, {condition, {}});
+    same->Chances[hits - 1] += chance;
+}
+
+/// Adds an outcome to the states in which an army may come to the front.
+void Enlist(Entrant& entrant, const Outcome& outcome) {
+    const CArmy& army = outcome.Army;
+    const auto hits = static_cast<std::uint8_t>(army.Hits.Value());
+    Condition condition;
+    condition.Strength = static_cast<std::uint8_t>(army.TotalStrength.Value());
+    if (MedalFaces(army.HasMedal) != 0)
+        condition.Medals = static_cast<std::uint8_t>(army.HasMedal.Value());
+    AddTo(entrant.StatesUnhealed, condition, hits, outcome.Chance);
+    condition.StartHits = hits;
+    AddTo(entrant.States, condition, hits, outcome.Chance);
+}
+
+/// An army of a stack that is evaluated before the battle.
+Entrant Evaluated(const CArmy& army, const CStackAtt& enemy, Long bonus) {
+    Entrant entrant{army};
+    std::vector<Outcome> outcomes{{army, 1.0}};
+    Split<PoisonRule>(outcomes, enemy);
+    Split<DiseaseRule>(outcomes, enemy);
+    Split<CurseRule>(outcomes, enemy);
+    for (Outcome& outcome : outcomes) {
+        AddBonus(outcome.Army, bonus);
+        Enlist(entrant, outcome);
+    }
+    return entrant;
+}
+
+/// An army of a stack that comes as its master is.
+Entrant Unchanged(const CArmy& army) {
+    Entrant entrant{army};
+    Enlist(entrant, {army, 1.0});
+    return entrant;
+}
+
+} // namespace
+
+Lineup LineUp(const BattleStacks& stacks, Long cityLevel) {
+    CStackAtt attack;
+    CStackAtt defend;
+    attack.CopyFrom(stacks.AttackStacks[0]);
+    defend.CopyFrom(stacks.DefendStack);
+    attack.CountSelfPowers(CStackAtt::Mode::Attack, cityLevel);
+    defend.CountSelfPowers(CStackAtt::Mode::Defend, cityLevel);
+    attack.EvalSelfPowers();
+    defend.EvalSelfPowers();
+    if (stacks.NumAttackStacks == 0 || attack.Count() == 0 || defend.Count() == 0)
+        throw RunTimeError{ErrorNumber::InvalidCall};
+    attack.TotalStackBonus = StackBonus(attack, defend);
+    defend.TotalStackBonus = StackBonus(defend, attack);
+
+    Lineup lineup;
+    // The last army of a stack fights first.
+    for (const CArmy& army : std::views::reverse(defend))
+        lineup.Defenders.push_back(Evaluated(army, attack, defend.TotalStackBonus));
+    for (const CArmy& army : std::views::reverse(attack))
+        lineup.Attackers.push_back(Evaluated(army, defend, attack.TotalStackBonus));
+    const std::size_t taking = stacks.NumAttackStacks.Index();
+    for (Entrant& entrant : lineup.Attackers)
+        entrant.StackBehind = taking > 1;
+    for (std::size_t number = 1; number < taking; ++number) {
+        const std::size_t first = lineup.Attackers.size();
+        for (const CArmy& army : std::views::reverse(stacks.AttackStacks[number])) {
+            lineup.Attackers.push_back(Unchanged(army));
+            lineup.Attackers.back().StackBehind = number + 1 < taking;
+        }
+        lineup.Attackers[first].LeadsNewStack = true;
+    }
+    return lineup;
+}
+
+} // namespace vorhaven::Odds

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "odds/StateTable.h"
+
+namespace vorhaven::Odds {
+namespace {
+
+constexpr int firstBits = 5;
+constexpr std::size_t mostStatesKept = 1024;
+
+} // namespace
+
+void StateTable::Add(const Condition& condition, const HitChances& chances) {
+    std::size_t slot = SlotOf(KeyOf(condition));
+    if (slots_[slot] != 0) {
+        HitChances& sum = states_[slots_[slot] - 1].Chances;
+        for (std::size_t i = 0; i < sum.size(); ++i)
+            sum[i] += chances[i];
+        return;
+    }
+    states_.push_back({condition, chances});
+    slots_[slot] = static_cast<std::uint32_t>(states_.size());
+    if (states_.size() * 2 > slots_.size())
+        Grow();
+}
+
+void StateTable::Clear() {
+    states_.clear();
+    if (states_.capacity() > mostStatesKept) {
+        states_.shrink_to_fit();
+        slots_ = {};
+    }
+    slots_.assign(std::size_t{1} << firstBits, 0);
+    shift_ = 64 - firstBits;
+}
+
+std::size_t StateTable::SlotOf(std::uint64_t key) const {
+    // Fibonacci hashing: the upper bits of the product depend on all bits of the key.
+    std::size_t slot = (key * 0x9E3779B97F4A7C15U) >> shift_;
+    while (slots_[slot] != 0 && KeyOf(states_[slots_[slot] - 1].Is) != key)
+        slot = (slot + 1) & (slots_.size() - 1);
+    return slot;
+}
+
+void StateTable::Grow() {
+    slots_.assign(slots_.size() * 2, 0);
+    --shift_;
+    for (std::size_t i = 0; i < states_.size(); ++i)
+        slots_[SlotOf(KeyOf(states_[i].Is))] = static_cast<std::uint32_t>(i + 1);
+}
+
+} // namespace vorhaven::Odds

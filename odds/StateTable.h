@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+#include <vector>
+
+namespace vorhaven::Odds {
+
+/// The chances that an army has 1 to 4 hit points, at index 0 to 3.
+using HitChances = std::array<double, 4>;
+
+[[nodiscard]] inline double Sum(const HitChances& chances) {
+    return (chances[0] + chances[1]) + (chances[2] + chances[3]);
+}
+
+inline void Scale(HitChances& chances, double factor) {
+    for (double& chance : chances)
+        chance *= factor;
+}
+
+/// What a battle changes about an army apart from its hits.
+struct Condition {
+    std::int32_t ShotsLeft = 0;
+    std::uint8_t Strength = 0;
+    /// The hits that a new attacking stack gives back; 0 where none can come.
+    std::uint8_t StartHits = 0;
+    std::uint8_t Medals = 0;
+    bool UsedSpecial = false;
+
+    bool operator==(const Condition&) const = default;
+};
+
+// Tables tell conditions apart by all of their bits: a further member is either told apart as well or makes
+// the record too large for its key, which does not compile.
+static_assert(std::has_unique_object_representations_v<Condition>);
+
+/// An army in a condition, with its chances by hits.
+struct State {
+    Condition Is;
+    HitChances Chances;
+};
+
+/// The states that an army may be in, each condition once.
+class StateTable {
+public:
+    StateTable() { Clear(); }
+
+    /// Adds chances to those of a condition.
+    void Add(const Condition& condition, const HitChances& chances);
+
+    /// Forgets all states; the storage is kept unless it is large.
+    void Clear();
+
+    [[nodiscard]] std::size_t Size() const { return states_.size(); }
+    [[nodiscard]] auto begin() const { return states_.begin(); }
+    [[nodiscard]] auto end() const { return states_.end(); }
+
+private:
+    [[nodiscard]] static std::uint64_t KeyOf(const Condition& condition) {
+        return std::bit_cast<std::uint64_t>(condition);
+    }
+    /// The slot of a condition: where it stands, or the free one where it would.
+    [[nodiscard]] std::size_t SlotOf(std::uint64_t key) const;
+    void Grow();
+
+    std::vector<State> states_;
+    /// A hash table of open addressing, its size a power of two: places in states_ from 1, 0 for a free slot.
+    std::vector<std::uint32_t> slots_;
+    int shift_ = 0;
+};
+
+} // namespace vorhaven::Odds

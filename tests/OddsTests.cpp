@@ -1,0 +1,306 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "engine/Dice.h"
+#include "odds/BattleOdds.h"
+#include "tests/support/Errors.h"
+#include "tests/support/StackEffectSolver.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+namespace vorhaven::test {
+namespace {
+
+using Odds::BattleOdds;
+using Odds::Losses;
+using Odds::SideOdds;
+
+bool Patient() {
+    return true;
+}
+
+std::optional<BattleOdds> OddsOf(const TestHost& host, Long die, Long city = 0,
+                                 const std::function<bool()>& goOn = Patient) {
+    MBattleCalc::BattleStacks stacks;
+    stacks.Build(host.AttackArmies(), host.DefendArmies());
+    return Odds::OddsOf(stacks, MBattleCalc::Flyers{host.Armies(), host.Heroes()}, die, city, goOn);
+}
+
+/// A battle told as attackers, defenders, die, city level.
+struct Battle {
+    std::string Attackers, Defenders;
+    int Die = 20, City = 0;
+};
+
+BattleOdds OddsOf(const Battle& battle) {
+    TestHost host;
+    host.Bring(battle.Attackers, battle.Defenders);
+    return OddsOf(host, battle.Die, battle.City).value();
+}
+
+std::ostream& operator<<(std::ostream& out, const Battle& battle) {
+    return out << battle.Attackers << ':' << battle.Defenders << ':' << battle.Die << ':' << battle.City;
+}
+
+void ExpectRelative(double actual, double expected) {
+    EXPECT_NEAR(actual, expected, 1e-9 * std::abs(expected));
+}
+
+/// Averages over the rows of a winner (0 or 1), or over all (2).
+void ExpectLosses(const std::optional<Losses>& losses, const std::map<Row, double>& rows, std::size_t side,
+                  int winner) {
+    double sum = 0.0, armies = 0.0, turns = 0.0;
+    for (const auto& [row, p] : rows)
+        if (winner == 2 || row[0] == winner) {
+            sum += p;
+            armies += p * row[2 * side + 1];
+            turns += p * row[2 * side + 2];
+        }
+    ASSERT_EQ(losses.has_value(), sum > 0.0);
+    if (losses) {
+        ExpectRelative(losses->Armies, armies / sum);
+        ExpectRelative(losses->Turns, turns / sum);
+    }
+}
+
+void ExpectRows(const BattleOdds& odds, const std::map<Row, double>& rows) {
+    double won = 0.0;
+    std::array<std::map<std::size_t, double>, 2> slain;
+    for (const auto& [row, p] : rows) {
+        won += row[0] * p;
+        slain[0][static_cast<std::size_t>(row[1])] += p;
+        slain[1][static_cast<std::size_t>(row[3])] += p;
+    }
+    ExpectRelative(odds.Won, won);
+    EXPECT_NEAR(odds.Won + odds.Lost + odds.Endless, 1.0, 1e-11);
+    for (const std::size_t side : {0U, 1U}) {
+        const SideOdds& told = side == 0 ? odds.Attackers : odds.Defenders;
+        for (std::size_t k = 0; k < told.ChanceOfLosing.size(); ++k)
+            EXPECT_NEAR(told.ChanceOfLosing[k], slain[side][k], 1e-11) << side << ' ' << k;
+        ExpectLosses(told.Overall, rows, side, 2);
+        ExpectLosses(told.IfAttackerWins, rows, side, 1);
+        ExpectLosses(told.IfDefenderWins, rows, side, 0);
+    }
+}
+
+const std::vector<Battle> stories{
+    // A disease takes a hit that a new stack gives back no more, and later stacks are not diseased
+    {"Disease 9 Strength 4 Turns 3/Strength 5;Strength 3/Strength 6", "Strength 6 Hits 4;Strength 5 Hits 1",
+     20},
+    {"Strength 5 Hits 3/Strength 4 Hits 2", "Disease 7 Hits 2;Strength 6 Hits 3", 20},
+    // Medals cursed away, a blessing with a strength, and several afflictions at once
+    {"Curse 8;Medals 2 Hits 2/Medals 3", "Medals 4 Strength 5 Hits 3;Blessed Medals 1 Curse 4;Medals 3", 20},
+    {"Poison 5 Disease 6 Curse 7;Medals 2 Hits 3", "Poison 3 Strength 1 Hits 1;Medals 3 Hits 2 Strength 4",
+     22},
+    {"Poison 30;Blessed Hits 2", "Poison 3 Disease 2 Curse 9;Poisoned Strength 3;Diseased Hits 2", 22},
+    // Shots go from duel to duel and across stacks, and a volley uses up undecided rounds
+    {"Missle 40 Strength 8 Hits 3", "Hits 2;Missle 3 Strength 6;Hits 4;Missle 50;Hits 2 Strength 9", 20},
+    {"Hits 2;Missle 2/Missle 1;Hits 3", "Missle 4 Hits 3;Missle 5 Strength 7", 20},
+    // Acid halves again, and lightning
+    {"Acid 4;Acid 9 Warding 2;Acid 3", "Strength 13 Hits 4 Acid 1;Lightning 6 Acid 3 Hits 2", 20},
+    {"Lightning 8;Lightning 3/Lightning 5", "Hits 4 Strength 9;Hits 3 Warding 3 Lightning 1", 20},
+    // An attempt to assassinate leaves no shots
+    {"Assass 4 Missle 3 Hits 2;Missle 6 Assass 1", "Assass 2;Hits 3;Warding 4 Missle 1", 20},
+    // Bonuses, banding, city and flyers
+    {"Leader 4 Siege 1;Morale 2 Hits 3 Trample 1;Banding 1 Size 1;Banding 1 Size 3;Banding 1",
+     "Fortify 1 IsFlying Hits 4;Chaos 2 Hits 3;Fear 1 Unit 1 Hits 2;Trample 2 Hits 2", 24, 3},
+    {"Chaos 9 Strength 2;Fear 9 Strength 14", "Banding 1 Size 4 Strength 12;Siege 9 Strength 1", 18}};
+
+TEST(BattleOddsTest, AgreeWithTheSolver) {
+    for (const Battle& battle : stories) {
+        SCOPED_TRACE(testing::Message() << battle);
+        ExpectRows(OddsOf(battle),
+                   EvaluatedBattle{battle.Attackers, battle.Defenders, battle.Die, battle.City}.Odds);
+    }
+}
+
+/// Armies with up to three of the powers and marks, most of them common ones.
+std::string RandomStack(std::mt19937& random, std::size_t armies, int& afflictions) {
+    const auto upTo = [&random](unsigned n) { return static_cast<int>(random() % (n + 1)); };
+    std::string stack;
+    while (armies-- > 0) {
+        std::ostringstream army;
+        army << "Strength " << 1 + upTo(13) << " Hits " << 1 + upTo(3) << " Turns " << upTo(9);
+        for (int powers = upTo(3); powers > 0; --powers) {
+            static const std::vector<std::string> names{
+                "Acid",  "Lightning", "Assass", "Missle", "Warding", "Trample", "Medals",  "Leader", "Chaos",
+                "Siege", "Morale",    "Fear",   "Unit",   "Fortify", "Poison",  "Disease", "Curse"};
+            const std::string& name = names[random() % names.size()];
+            if ((name == "Poison" || name == "Disease" || name == "Curse") && --afflictions < 0)
+                continue;
+            army << ' ' << name << ' ' << upTo(name == "Medals" ? 4 : 5);
+        }
+        if (upTo(4) == 0)
+            army << (upTo(1) == 0 ? " Blessed" : " IsFlying");
+        stack += (stack.empty() ? "" : ";") + army.str();
+    }
+    return stack;
+}
+
+TEST(BattleOddsTest, AgreeWithTheSolverOnRandomBattles) {
+    std::mt19937 random{17};
+    for (int repeat = 0; repeat < 500; ++repeat) {
+        int afflictions = 2;
+        const std::size_t armies = 1 + random() % 3;
+        Battle battle{RandomStack(random, armies, afflictions),
+                      RandomStack(random, 1 + random() % 3, afflictions),
+                      15 + static_cast<int>(random() % 12), static_cast<int>(random() % 4)};
+        for (auto later = random() % 3; later > 0; --later)
+            battle.Attackers += '/' + RandomStack(random, 1 + random() % 2, afflictions);
+        SCOPED_TRACE(testing::Message() << battle);
+        ExpectRows(OddsOf(battle),
+                   EvaluatedBattle{battle.Attackers, battle.Defenders, battle.Die, battle.City}.Odds);
+    }
+}
+
+TEST(BattleOddsTest, TellTheChanceOfADuelWithoutEnd) {
+    const auto both = [](const std::string& attackers, const std::string& defenders, int die, double won,
+                         double lost) {
+        const BattleOdds odds = OddsOf(Battle{attackers, defenders, die});
+        EXPECT_NEAR(odds.Won, won, 1e-15) << attackers;
+        EXPECT_NEAR(odds.Lost, lost, 1e-15) << attackers;
+        EXPECT_NEAR(odds.Endless, 1.0 - won - lost, 1e-15) << attackers;
+        return odds;
+    };
+    const BattleOdds endless = both("", "", 10, 0.0, 0.0);
+    EXPECT_FALSE(endless.Attackers.Overall || endless.Defenders.IfAttackerWins);
+    // Every die of no or of negative faces shows 1 or less.
+    both("", "Strength 1", 0, 0.0, 0.0);
+    both("Missle 3", "Strength 1", -5, 0.0, 0.0);
+    const BattleOdds assassin = both("Assass 5", ";", 10, 0.0, 0.0);
+    EXPECT_EQ(assassin.Attackers.ChanceOfLosing, (std::vector<double>{0.0, 0.0}));
+    const BattleOdds two = both(";Strength 9 Turns 4", "Turns 2", 10, 0.0, 0.0);
+    EXPECT_EQ(two.Defenders.ChanceOfLosing, (std::vector<double>{0.0, 0.0}));
+    // The second attacker hits 9 times in 10 and never sees its enemy miss; acid lets it.
+    both(";Acid 5", "Turns 2", 10, 50.0 / 99.0, 0.0);
+    const Losses losses =
+        both("Acid 5", "Assass 2", 10, 79.0 / 99.0 * 50.0 / 99.0, 20.0 / 99.0).Attackers.Overall.value();
+    EXPECT_NEAR(losses.Armies, 20.0 / 99.0 / (20.0 / 99.0 + 79.0 * 50.0 / 99.0 / 99.0), 1e-15);
+}
+
+TEST(BattleOddsTest, RaiseWhatTheEngineRaises) {
+    const auto errorOf = [](const std::string& attackers, const std::string& defenders) {
+        return ErrorOf([&] { return OddsOf(Battle{attackers, defenders}); });
+    };
+    TestHost host;
+    EXPECT_EQ(ErrorOf([&] { return OddsOf(host, 20); }), 5);
+    host.BringDefender();
+    EXPECT_EQ(ErrorOf([&] { return OddsOf(host, 20); }), 5);
+    host.BringAttacker(8);
+    EXPECT_EQ(ErrorOf([&] { return OddsOf(host, 20); }), 5) << "the first stack is empty";
+    host.BringAttacker(0);
+    host.BringAttacker(24);
+    EXPECT_EQ(OddsOf(host, 20)->Attackers.ChanceOfLosing.size(), 3U)
+        << "the empty third stack hides the fourth";
+    EXPECT_EQ(errorOf("Poison 2147483647;Poison 1", ""), 6);
+    EXPECT_EQ(errorOf("Poison 2147483647", ""), 6);
+    EXPECT_EQ(errorOf("Poison 2147483647", "Poison 1"), 0);
+    EXPECT_EQ(errorOf("Acid 2147483647", "Warding -1"), 6);
+    EXPECT_EQ(errorOf("Assass 300000000", ""), 6);
+    EXPECT_EQ(errorOf("Trample 1", "Unit 8"), 9);
+    EXPECT_EQ(errorOf("Trample 1 Assass 10", "Unit 8"), 0) << "never asked";
+}
+
+/// Dozens of typed missiles, whose shots left are all different.
+void BringArchers(TestHost& host) {
+    for (int line = 0; line < MaxLines; ++line) {
+        Give(host.BringAttacker(line), "Strength 5 Hits 4 Missle " + std::to_string(3000 + 997 * line));
+        Give(host.BringDefender(), "Strength 5 Hits 4 Missle " + std::to_string(2500 + 1009 * line));
+    }
+}
+
+TEST(BattleOddsTest, StopWhenTheirBudgetRunsOut) {
+    TestHost host;
+    BringArchers(host);
+    int questions = 0;
+    EXPECT_FALSE(OddsOf(host, 10'000, 0, [&] { return ++questions < 100; }));
+    EXPECT_EQ(questions, 100) << "a spent budget is not asked about again";
+    TestHost volley;
+    volley.Bring("Missle 2147483647 Strength 1", ";Strength 1");
+    questions = 0;
+    EXPECT_FALSE(OddsOf(volley, 2'000'000'000, 0, [&] { return ++questions < 100; }));
+    EXPECT_FALSE(OddsOf(volley, 2'000'000'000)) << "more states than memory is given to";
+}
+
+/// Draws that must not be made.
+class Forbidden final : public MBattleCalc::UniformSource {
+public:
+    [[nodiscard]] float Draw() override { throw std::logic_error{"a draw"}; }
+};
+
+TEST(BattleOddsTest, LeaveARunThatIsUnderWayAlone) {
+    const auto run = [](bool withOdds) {
+        TestHost host;
+        host.Bring("Hits 3 Trample 1;Strength 7/Hits 2", "Fortify 1 Hits 4;Disease 5 Medals 2");
+        MBattleCalc::TimedGenerator generator{5, [] { return std::uint64_t{1}; }};
+        MBattleCalc::DrawFrom(generator);
+        if (withOdds)
+            host.OnEvents = [&generator] {
+                Forbidden forbidden;
+                MBattleCalc::DrawFrom(forbidden);
+                OddsOf(Battle{"Strength 3/Hits 2/;", "Hits 3;Poison 7;Trample 2", 30, 3});
+                MBattleCalc::DrawFrom(generator);
+            };
+        MBattleCalc::Add(host, 300, 20, false, 1);
+        MBattleCalc::DrawFrom(MBattleCalc::ProcessGenerator());
+        std::vector<std::int32_t> cells;
+        for (Long battle = 1; battle <= 300; ++battle)
+            for (Long column = 1; column <= 5; ++column)
+                cells.push_back(MBattleCalc::BattleResults(battle, column).Value());
+        return cells;
+    };
+    EXPECT_EQ(run(true), run(false));
+}
+
+/// The engine's results must come as often as the odds say, each number of losses and every average. By
+/// Bernstein's inequality a right engine leaves the bound of z standard errors and z*z/3 ranges with a chance
+/// below 2 exp(-z*z/2), here 1 in 10,000.
+TEST(BattleOddsTest, AgreeWithSimulatedBattles) {
+    constexpr std::int32_t battles = 200'000;
+    constexpr double z = 4.5;
+    for (const Battle& battle : {Battle{
+             "Leader 3 Poison 4 Hits 2;Blessed Medals 2 Hits 3 Assass 4;Banding 1 Size 1 Disease 6 Turns 7;"
+             "Acid 3 Missle 4 Hits 2;Curse 3 Lightning 5 Hits 3/Trample 2 Hits 3 Missle 2;Acid 6 Medals 1/"
+             "Strength 8 Lightning 3 Hits 4;Assass 6 Turns 5",
+             "Curse 9 Medals 1 Hits 2;Disease 4 Fear 2 Hits 3 IsFlying;Blessed Poison 7 Medals 3 Missle 3;"
+             "Hits 4 Medals 2 Warding 2 Acid 2;Unit 1 Trample 1 Hits 4 Turns 9;Lightning 6 Assass 3 Hits 3",
+             22, 2}}) {
+        const BattleOdds odds = OddsOf(battle);
+        TestHost host;
+        host.Bring(battle.Attackers, battle.Defenders);
+        MBattleCalc::TimedGenerator generator{7, [] { return std::uint64_t{3}; }};
+        MBattleCalc::DrawFrom(generator);
+        MBattleCalc::Add(host, battles, battle.Die, false, battle.City);
+        MBattleCalc::DrawFrom(MBattleCalc::ProcessGenerator());
+
+        std::map<std::int32_t, std::map<std::int32_t, double>> counts;
+        std::map<std::int32_t, double> sums, squares;
+        for (Long i = 1; i <= battles; ++i)
+            for (std::int32_t column = 1; column <= 5; ++column) {
+                const std::int32_t cell = MBattleCalc::BattleResults(i, column).Value();
+                counts[column][cell] += 1.0;
+                sums[column] += cell;
+                squares[column] += 1.0 * cell * cell;
+            }
+        EXPECT_NEAR(counts[1][1], battles * odds.Won,
+                    z * std::sqrt(battles * odds.Won * odds.Lost) + z * z / 3);
+        for (const std::int32_t column : {2, 4}) {
+            const SideOdds& side = column == 2 ? odds.Attackers : odds.Defenders;
+            for (std::int32_t k = 0; const double p : side.ChanceOfLosing) {
+                EXPECT_NEAR(counts[column][k], battles * p, z * std::sqrt(battles * p * (1 - p)) + z * z / 3);
+                ++k;
+            }
+            for (const std::int32_t c : {column, column + 1}) {
+                const double mean = c == column ? side.Overall->Armies : side.Overall->Turns;
+                const double variance = squares[c] / battles - std::pow(sums[c] / battles, 2);
+                const double range = counts[c].rbegin()->first;
+                EXPECT_NEAR(sums[c], battles * mean, z * std::sqrt(battles * variance) + z * z / 3 * range);
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace vorhaven::test
