@@ -2,7 +2,7 @@
 
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
-#include "tests/TestHost.h"
+#include "tests/support/QuietHost.h"
 
 #include <benchmark/benchmark.h>
 
@@ -39,11 +39,10 @@ private:
     MBattleCalc::TimedGenerator generator_{1};
 };
 
-void FillTwoHitArmies(test::TestHost& host) {
-    for (int line = 0; line < 8; ++line) {
-        host.Attack(test::Plain(5, 2));
-        host.Defend(test::Plain(5, 2));
-    }
+void FillTwoHitArmies(test::QuietHost& host) {
+    for (Long line = 0; line < LinesPerStack; ++line)
+        for (CArmy* army : {&host.BringAttacker(line), &host.BringDefender()})
+            test::Give(*army, "Strength 5 Hits 2");
 }
 
 double SecondsOf(const auto& work) {
@@ -56,7 +55,7 @@ double SecondsOf(const auto& work) {
 /// the same die, re-seed included. Both are measured by turns within each iteration, so the machine's noise
 /// meets both.
 void BattleAgainstItsDraws(benchmark::State& state, MBattleCalc::Timer timer) {
-    test::TestHost host;
+    test::QuietHost host;
     FillTwoHitArmies(host);
     const Long battles = static_cast<std::int32_t>(state.range(0));
 
@@ -99,10 +98,9 @@ BENCHMARK_CAPTURE(BattleAgainstItsDraws, fine_clock, FineTimer)
 
 /// What a long run allocates beyond a run of a hundred battles: nothing.
 void AllocationsOfALongRun(benchmark::State& state) {
-    test::TestHost host;
+    test::QuietHost host;
     FillTwoHitArmies(host);
     const auto allocationsOf = [&](std::int32_t battles) {
-        host.Progress.clear();
         const std::size_t before = allocations;
         MBattleCalc::Add(host, battles, 20, false, 0);
         return static_cast<double>(allocations - before);

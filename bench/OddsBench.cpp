@@ -3,7 +3,7 @@
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
 #include "odds/BattleOdds.h"
-#include "tests/TestHost.h"
+#include "tests/support/QuietHost.h"
 
 #include <benchmark/benchmark.h>
 
@@ -56,7 +56,7 @@ double SecondsOf(const auto& work) {
 /// The cost of a battle's exact odds beside that of one simulated battle, measured by turns. The ratio is
 /// that of the shortest times.
 void OddsAgainstABattle(benchmark::State& state, Lists (*lists)()) {
-    test::TestHost host;
+    test::QuietHost host;
     const auto [attackers, defenders, city] = lists();
     host.Bring(attackers, defenders);
     MBattleCalc::BattleStacks stacks;

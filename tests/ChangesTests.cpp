@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "catalogue/CsvCatalogue.h"
-#include "tests/FakeToolkit.h"
+#include "tests/support/FakeToolkit.h"
 #include "ui/setup/WinMargin.h"
 
 #include <gtest/gtest.h>
@@ -169,10 +168,9 @@ TEST(WinMargin, IsHalfTheScoreIntervalAndNeverNothing) {
 }
 
 TEST(BattleText, ReadsBackAsTheSameBattleWhateverIsSetUp) {
-    const CsvCatalogue catalogue = CsvCatalogue::BuiltIn();
-    FakeToolkit toolkit;
-    frmBrawlpad pad{catalogue, toolkit};
-    pad.Form_Load();
+    Game game;
+    FakeToolkit& toolkit = game.Toolkit;
+    frmBrawlpad& pad = game.Pad;
     const auto none = SizeOf(pad.cboArmies[0].Items()) - 1;
     std::mt19937 random{20260101};
     const auto any = [&random](int count) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tests/FakeToolkit.h"
+#include "tests/support/FakeToolkit.h"
 
 #include <gtest/gtest.h>
 

@@ -1,68 +1,120 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "model/CStackAtt.h"
-#include "tests/TestHost.h"
+#include "model/Catalogue.h"
+#include "tests/support/Armies.h"
+#include "tests/support/Errors.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
+
+#include <array>
 
 namespace vorhaven::test {
 namespace {
 
+/// A record's checked properties: hits, start hits, total strength, start strength.
 std::string Checked(const CArmy& army) {
     return Joined({army.Hits, army.StartHits, army.TotalStrength, army.StartStrength});
 }
 
-TEST(Army, WritesOfHitsAndStrengthAreHeldToTheirRanges) {
+TEST(Army, HitsAndStrengthsAreClampedByEveryWriteAndStartHitsComeBack) {
     CArmy army;
-    EXPECT_EQ(Checked(army), "0 0 0 0");
-    for (const auto& [written, read] :
-         Cases("-2147483648=1 1 1 1|0=1 1 1 1|1=1 1 1 1|4=4 4 4 4|5=4 4 5 5|14=4 4 14 14|"
-               "15=4 4 14 15|255=4 4 14 255|256=4 4 14 255|2147483647=4 4 14 255")) {
-        army.Hits = army.StartHits = ToLong(written);
-        army.TotalStrength = ToLong(written);
-        army.StartStrength = ToLong(written);
+    EXPECT_EQ(Checked(army), "0 0 0 0") << "a fresh record is not written yet";
+    army.SetStartHits();
+    EXPECT_EQ(Checked(army), "0 1 0 0");
+    for (const auto& [written, read] : {std::pair{0, "1 1 1 1"}, {256, "4 4 14 255"}}) {
+        army.Hits = army.StartHits = Long{written};
+        army.TotalStrength = written;
+        army.StartStrength = written;
         EXPECT_EQ(Checked(army), read) << written;
     }
+    army.Hits = 2;
+    army.RestoreStartHits();
+    EXPECT_EQ(army.Hits, 4);
 }
 
+constexpr auto blessed = &ArmyEntry::IsBlessed, poisoned = &ArmyEntry::IsPoisoned,
+               diseased = &ArmyEntry::IsDiseased, smith = &ArmyEntry::IsBlacksmith,
+               master = &ArmyEntry::IsWeaponsmaster;
+
 TEST(ArmyList, StrengthAndHitsComeFromCatalogueAndConditions) {
-    TestHost host;
-    // Smith, weapon Master, Terrain of the bonus, Blessed, Poisoned, Diseased; strength, bonus, hits
-    // = hits, start hits, total strength, start strength, what is left of blessing, poison and disease
-    for (const auto& [given, expected] :
-         Cases("- 5 2 2=2 0 5 5 |T 5 2 2=2 0 7 5 |S 5 2 2=2 0 6 6 |M 5 2 2=3 0 5 5 |B 5 2 2=2 0 6 5 B|"
-               "P 5 2 2=2 0 4 5 P|D 5 2 2=1 0 5 5 D|STBPD 5 2 2=2 0 9 6 B|MPD 1 0 1=1 0 1 1 PD|"
-               "D 5 0 1=1 0 5 5 D|D 5 0 9=3 0 5 5 D|MD 5 0 4=3 0 5 5 D|M 5 0 0=2 0 5 5 |T 13 2 1=1 0 14 13 |"
-               "TB 13 2 1=1 0 14 13 B|TP 13 2 1=1 0 13 13 P|TB 5 -9 1=1 0 2 5 B|S 0 0 1=1 0 2 2 |"
-               "S 300 0 1=1 0 14 255 ")) {
-        const auto words = Split(given, ' ');
-        const auto has = [&words](char letter) { return words[0].find(letter) != std::string::npos; };
-        ArmyEntry entry = Plain(ToLong(words[1]), ToLong(words[3]));
-        entry.CBName = has('T') ? "field" : "Field";
-        entry.CBValue = ToLong(words[2]);
-        entry.IsBlacksmith = has('S');
-        entry.IsWeaponsmaster = has('M');
-        entry.IsBlessed = has('B');
-        entry.IsPoisoned = has('P');
-        entry.IsDiseased = has('D');
-        const CArmy& army = host.Attack(entry);
-        EXPECT_EQ(Checked(army) + ' ' + (army.Blessed ? "B" : "") + (army.Poisoned ? "P" : "") +
-                      (army.Diseased ? "D" : ""),
-                  expected)
-            << given;
+    const struct {
+        std::int32_t strength, hits, bonus;
+        const char* terrain;
+        std::vector<bool ArmyEntry::*> conditions;
+        const char* values;
+        /// What is left of poison and disease.
+        bool isPoisoned, isDiseased;
+        const char* reason;
+    } cases[] = {
+        // clang-format off
+        {5, 2, 2, "Field", {}, "2 0 5 5", false, false, "no bonus elsewhere, nor for another spelling"},
+        {5, 2, 2, "field", {}, "2 0 7 5", false, false, "the defender's terrain"},
+        {5, 2, 2, "Field", {smith}, "2 0 6 6", false, false, "a blacksmith adds to the base strength"},
+        {5, 2, 2, "Field", {master}, "3 0 5 5", false, false, "a weaponsmaster adds a hit"},
+        {5, 2, 2, "Field", {blessed}, "2 0 6 5", false, false, "a blessing adds to the strength"},
+        {5, 2, 2, "Field", {poisoned}, "2 0 4 5", true, false, "poison takes strength"},
+        {5, 2, 2, "Field", {diseased}, "1 0 5 5", false, true, "disease takes a hit"},
+        {5, 2, 2, "field", {smith, blessed, poisoned, diseased}, "2 0 9 6", false, false, "a blessing cures"},
+        {1, 1, 0, "Field", {poisoned, diseased}, "1 0 1 1", true, true, "neither goes below 1"},
+        {5, 4, 0, "Field", {master, diseased}, "3 0 5 5", false, true, "4 hits at most, before the disease"},
+        {5, 0, 0, "Field", {master}, "2 0 5 5", false, false, "1 hit at least, before the weaponsmaster"},
+        {13, 1, 2, "field", {poisoned}, "1 0 13 13", true, false, "strength is 14 at most, before the poison"},
+        {5, 1, -9, "field", {blessed}, "1 0 2 5", false, false, "strength is 1 at least, before the blessing"},
+        {0, 1, 0, "Field", {smith}, "1 0 2 2", false, false, "base strength is 1 at least, before the blacksmith"},
+        // clang-format on
+    };
+    ListHost host;
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.reason);
+        ArmyEntry entry = Plain(test.strength, test.hits);
+        entry.CBName = test.terrain;
+        entry.CBValue = test.bonus;
+        for (const auto condition : test.conditions)
+            entry.*condition = true;
+        CAttackArmies armies{host};
+        const CArmy& army = *armies.Add(entry, "");
+        EXPECT_EQ(Checked(army), test.values);
+        EXPECT_EQ(army.Blessed, entry.IsBlessed);
+        EXPECT_EQ(army.Poisoned, test.isPoisoned);
+        EXPECT_EQ(army.Diseased, test.isDiseased);
     }
     ArmyEntry nobody;
     nobody.Name = "None";
-    EXPECT_EQ(CAttackArmies{host}.Add(nobody, "SN0"), nullptr);
+    CAttackArmies armies{host};
+    EXPECT_EQ(armies.Add(nobody, "SN0"), nullptr);
+    EXPECT_EQ(armies.Count(), 0);
+}
+
+TEST(ArmyList, RecordHasWhatItsEntryTells) {
+    ListHost host;
+    CAttackArmies armies{host};
+    ArmyEntry entry = Plain(5, 3, 7);
+    entry.UnitID = 4;
+    entry.CBName = "ice";
+    entry.CBValue = 6;
+    entry.PowerType = 8;
+    entry.PowerValue = 9;
+    entry.HasMedal = 2;
+    entry.IsFlying = entry.IsUndead = true;
+    const CArmy& army = *armies.Add(entry, "");
+    EXPECT_EQ(army.Name, "Plain");
+    EXPECT_EQ(army.CBName, "ice");
+    EXPECT_EQ(Joined({army.UnitID, army.Turns, army.CBValue, army.PowerType, army.PowerValue, army.HasMedal}),
+              "4 7 6 8 9 2");
+    EXPECT_TRUE(army.IsFlying && army.IsUndead);
+    EXPECT_FALSE(armies.Add(Plain(5), "")->IsFlying || armies.Add(Plain(5), "")->IsUndead);
 }
 
 TEST(ArmyList, PowerCodeGivesItsPowerAndNoOther) {
-    TestHost host;
+    ListHost host;
+    CAttackArmies armies{host};
     ArmyEntry entry = Plain(5);
     entry.PowerValue = 77;
     std::string powers;
     for (entry.PowerType = -1; entry.PowerType <= 45; ++entry.PowerType) {
-        const CArmy& army = host.Defend(entry);
+        const CArmy& army = *armies.Add(entry, "");
         for (const auto& [name, number] : Numbers)
             if (army.*number == 77 && name != "Size")
                 powers += ToText(entry.PowerType) + name + ' ';
@@ -72,120 +124,138 @@ TEST(ArmyList, PowerCodeGivesItsPowerAndNoOther) {
 }
 
 TEST(ArmyList, HeroIsEditedBeforeItIsStoredAndKeepsItsOwnPowers) {
-    TestHost host;
-    std::string edited;
+    ListHost host;
+    CAttackArmies armies{host};
+    int edited = 0;
     host.OnHero = [&](CArmy& hero) {
-        edited += hero.Name.Text() + Checked(hero) + ", " + ToText(host.AttackArmies().Count());
+        ++edited;
+        EXPECT_EQ(armies.Count(), 1) << "the hero is not stored yet";
+        EXPECT_EQ(Checked(hero), "2 0 0 5");
         EXPECT_TRUE(hero.IsHero && hero.Poisoned && hero.Blacksmith);
         hero.Chaos = 3;
         hero.StartStrength = 9;
     };
     ArmyEntry entry = Plain(5, 2);
-    entry.UnitID = TestHost::armyTypes - 1;
-    EXPECT_FALSE(host.Attack(entry).IsHero);
-    entry.UnitID = TestHost::armyTypes;
+    entry.UnitID = ListHost::armyTypes - 1;
+    EXPECT_FALSE(armies.Add(entry, "")->IsHero);
+    entry.UnitID = ListHost::armyTypes;
     entry.PowerType = 2;
     entry.PowerValue = 8;
     entry.IsPoisoned = entry.IsBlacksmith = true;
-    const CArmy& hero = host.Attack(entry);
-    EXPECT_EQ(edited + ' ' + ToText(hero.Chaos) + ' ' + Checked(hero), "Plain2 0 0 5, 1 3 2 0 9 10");
+    const CArmy& hero = *armies.Add(entry, "");
+    EXPECT_EQ(edited, 1);
+    EXPECT_EQ(hero.Chaos, 3);
+    EXPECT_EQ(Checked(hero), "2 0 9 10");
 }
 
-TEST(ArmyList, PlacesAndKeysThatAreNotThereOrTakenAreErrors) {
-    const auto check = [](auto armies, auto army) {
-        for (const auto& [name, key] : Cases("a=SN0|b=|c=SN5|d=")) {
-            army.Name = name;
-            armies.Add(army, key);
-        }
-        EXPECT_EQ(ErrorOf([&] { armies.Add(army, "SN5"); }), 457);
-        armies.Remove(1);
-        EXPECT_EQ(armies.Item(1).Name.Text() + armies.Item("SN5").Name.Text(), "bc");
-        const auto errors = [&](auto place) {
-            return ErrorOf([&] { return armies.Item(place); }) + ErrorOf([&] { armies.Remove(place); });
-        };
-        EXPECT_EQ(Joined({errors(-1), errors(0), errors(4)}), "10 10 10");
-        EXPECT_EQ(Joined({errors("SN0"), errors("SN"), errors("")}), "10 10 10");
-        armies.Remove("SN5");
-        armies.Add(army, "SN5");
-        EXPECT_EQ(armies.Item(2).Name.Text() + armies.Item("SN5").Name.Text(), "dd");
-    };
-    TestHost host;
-    check(CAttackArmies{host}, ArmyEntry{});
-    check(CStackAtt{}, CArmy{});
+TEST(ArmyList, ErrorsTellTheirProcedure) {
+    ListHost host;
+    CAttackArmies armies{host};
+    armies.Add(Plain(5), LineKey(5));
+    EXPECT_THAT([&] { armies.Add(Plain(5), "SN5"); }, Raises(457, {"CAttackArmies::Add"}));
+    EXPECT_THAT([&] { return armies.Item(2); }, Raises(5, {"CAttackArmies::Item"}));
+    EXPECT_THAT([&] { return armies.Item("SN0"); }, Raises(5, {"CAttackArmies::Item"}));
+    EXPECT_THAT([&] { armies.Remove("SN0"); }, Raises(5, {"CAttackArmies::Remove"}));
+    armies.Remove("SN5");
+    EXPECT_THAT([&] { armies.Remove(1); }, Raises(5, {"CAttackArmies::Remove"}));
 }
 
-TEST(Count, ThatDoesNotFitIsAnOverflow) {
-    EXPECT_EQ(RunTimeError{ErrorNumber::Overflow}.Headline(), "Run-time error '6':\nOverflow");
-    EXPECT_EQ(ErrorOf([] { return Long{2147483647} + 1; }), 6);
-    EXPECT_EQ(ErrorOf([] { return Long{-2147483647} - 2; }), 6);
-    EXPECT_EQ(ErrorOf([] { return Long{65536} * 32768; }), 6);
+TEST(Stack, CopyComesWithoutTheMarksOfItsMakingAndOfAnEarlierBattle) {
+    CArmy army;
+    Give(army, "Name Giants Hits 3 Strength 9 Blessed Poisoned Diseased IsFlying");
+    Long value = 20;
+    for (const auto& [name, number] : Numbers)
+        army.*number = ++value;
+    army.StartStrength = 8;
+    army.StartHits = 4;
+    army.MissleShotsLeft = 2;
+    army.UsedSpecial = army.Blacksmith = army.Weaponsmaster = army.IsHero = army.IsUndead = true;
+    CStackAtt stack;
+    const CArmy& copy = stack.Add(army, "");
+    for (const auto& [name, number] : Numbers)
+        EXPECT_EQ(copy.*number, army.*number) << name;
+    for (const auto& [name, mark] : Marks)
+        EXPECT_TRUE(copy.*mark) << name;
+    EXPECT_TRUE(copy.Name == "Giants" && copy.IsHero && copy.IsUndead);
+    EXPECT_EQ(Checked(copy), "3 0 9 8");
+    EXPECT_EQ(copy.MissleShotsLeft, 0);
+    EXPECT_FALSE(copy.UsedSpecial || copy.Blacksmith || copy.Weaponsmaster);
+    EXPECT_EQ(Checked(stack.Add(CArmy{}, "")), "1 0 1 1") << "a blank record is written, too";
+}
+
+TEST(Stack, ErrorsTellTheirProcedure) {
+    CStackAtt stack;
+    stack.Add(CArmy{}, "SN1");
+    EXPECT_THAT([&] { stack.Add(CArmy{}, "SN1"); }, Raises(457, {"CStackAtt::Add"}));
+    EXPECT_THAT([&] { stack.Remove(2); }, Raises(5, {"CStackAtt::Remove"}));
+    EXPECT_THAT([&] { stack.Remove("SN2"); }, Raises(5, {"CStackAtt::Remove"}));
+}
+
+/// Counts a stack's powers: chaos, morale, fear, siege, fortification, leadership; poison, disease, curse.
+std::array<Long, 9> Count(CStackAtt& stack, CStackAtt::Mode mode, Long city) {
+    stack.CountSelfPowers(mode, city);
+    stack.EvalSelfPowers();
+    return {stack.StackChaos,  stack.StackMorale,  stack.StackFear,
+            stack.StackSiege,  stack.StackFortify, stack.StackLeadership,
+            stack.StackPoison, stack.StackDisease, stack.StackCurse};
 }
 
 TEST(Stack, TakesTheBestOfSixPowersTheSumOfThreeAndTheCityForTheDefender) {
-    CStackAtt stack;
-    for (const char* powers :
-         {"Chaos -1 Morale -2 Fear -3 Siege -4 Fortify -5 Leader -16 Poison -6 Disease -7 Curse -11",
-          "Chaos 2 Morale 4 Fear 6 Siege 8 Fortify 10 Leader 32 Poison 12 Disease 14 Curse 22",
-          "Chaos 1 Morale 2 Fear 3 Siege 4 Fortify 5 Leader 16 Poison 6 Disease 7 Curse 11"})
-        Give(stack.Add(CArmy{}, ""), powers);
-    const auto count = [&stack](CStackAtt::Mode mode, Long city) {
-        stack.CountSelfPowers(mode, city);
-        stack.EvalSelfPowers();
-        return Joined({stack.StackChaos, stack.StackMorale, stack.StackFear, stack.StackSiege,
-                       stack.StackFortify, stack.StackLeadership, stack.StackPoison, stack.StackDisease,
-                       stack.StackCurse});
-    };
-    EXPECT_EQ(count(CStackAtt::Mode::Attack, 13), "2 4 6 8 10 32 12 14 22");
-    EXPECT_EQ(count(CStackAtt::Mode::Defend, 13), "2 4 6 8 13 32 24 28 44") << "the sums count again";
-    EXPECT_EQ(count(CStackAtt::Mode::Defend, 9), "2 4 6 8 10 32 36 42 66");
+    using enum CStackAtt::Mode;
+    using Powers = std::array<Long, 9>;
+    CStackAtt stack =
+        StackOf("Chaos -1 Morale -2 Fear -3 Siege -4 Fortify -5 Leader -16 Poison -6 Disease -7 Curse -11;"
+                "Chaos 2 Morale 4 Fear 6 Siege 8 Fortify 10 Leader 32 Poison 12 Disease 14 Curse 22;"
+                "Chaos 1 Morale 2 Fear 3 Siege 4 Fortify 5 Leader 16 Poison 6 Disease 7 Curse 11");
+    EXPECT_EQ(Count(stack, Attack, 13), (Powers{2, 4, 6, 8, 10, 32, 12, 14, 22}));
+    EXPECT_EQ(Count(stack, Defend, 13), (Powers{2, 4, 6, 8, 13, 32, 24, 28, 44})) << "the sums count again";
+    EXPECT_EQ(Count(stack, Defend, 9), (Powers{2, 4, 6, 8, 10, 32, 36, 42, 66}));
     stack.Remove(2);
     stack.Remove(2);
-    EXPECT_EQ(count(CStackAtt::Mode::Attack, 3), "0 0 0 0 0 0 30 35 55") << "a power below zero is none";
+    EXPECT_EQ(Count(stack, Attack, 3), (Powers{0, 0, 0, 0, 0, 0, 30, 35, 55})) << "below zero is none";
+    stack.TotalStackBonus = 4;
+    stack.Clear();
+    EXPECT_EQ(Count(stack, Attack, 3), Powers{}) << "a new stack has nothing";
+    EXPECT_EQ(stack.TotalStackBonus, 0);
+    stack = StackOf("Poison 2147483647;Poison 1");
+    EXPECT_THAT([&] { Count(stack, Attack, 0); },
+                Raises(6, {"CStackAtt::AddRegularPowers", "CStackAtt::CountSelfPowers"}));
 }
 
 TEST(Stack, BandingArmiesOfOneNameStrengthenEachOther) {
-    // name, banding, size and strength of each army = their strengths then; a name's first size holds for all
-    for (const auto& [given, expected] : Cases(
-             "a 1 1 5=6 |a 1 1 5 a 1 1 5=6 6 |a 1 1 5 a 1 1 5 a 1 1 5=7 7 7 |a 2 2 5 a 2 2 5 a 2 2 5=7 7 7 |"
-             "a 1 1 5 a 3 3 5 a 3 3 5=7 7 7 |a 5 1 5 a 0 1 5 a 5 1 5=6 5 6 |a 3 3 13 a -1 3 2=14 5 |"
-             "a 1 1 5 b 3 3 5 a 1 1 5 A 1 1 5=6 8 6 6 |a -1 -1 5=5 |a 3 3 5 a 1 1 5=8 8 ")) {
-        CStackAtt stack;
-        std::istringstream in(given);
-        for (std::string name, banding, size, strength; in >> name >> banding >> size >> strength;)
-            Give(stack.Add(CArmy{}, ""), "Banding " + banding + " Size " + size + " Strength " + strength)
-                .Name = name;
+    const struct {
+        const char *armies, *described, *reason;
+    } cases[] = {
+        // clang-format off
+        {"Banding 1 Size 1", "6/3", "even alone"},
+        {"Banding 1 Size 1;Banding 1 Size 1", "6/3 6/3", "the size"},
+        {"Banding 1 Size 1;Banding 1 Size 1;Banding 1 Size 1", "7/3 7/3 7/3", "the number of the others, if more"},
+        {"Banding 2 Size 2;Banding 2 Size 2;Banding 2 Size 2", "7/3 7/3 7/3", "the size, if as much"},
+        {"Banding 1 Size 1;Banding 3 Size 3;Banding 3 Size 3", "7/3 7/3 7/3", "the first size holds for all of a name"},
+        {"Banding 3 Size 3;Banding 1 Size 1", "8/3 8/3", "and not the last"},
+        {"Banding 5 Size 1;Size 1;Banding 5 Size 1", "6/3 5/3 6/3", "who does not band is not counted"},
+        {"Banding 3 Size 3 Strength 13;Banding -1 Size 3 Strength 2", "14/3 5/3", "any banding but 0; 14 at most"},
+        {"Name a Banding 1 Size 1;Name b Banding 3 Size 3;Name a Banding 1 Size 1;Name A Banding 1 Size 1", "6/3 8/3 6/3 6/3", "names are exact"},
+        {"Banding -1 Size -1", "5/3", "the number of the others, of whom there are none"},
+        // clang-format on
+    };
+    for (const auto& test : cases) {
+        CStackAtt stack = StackOf(test.armies);
         stack.CountSelfPowers(CStackAtt::Mode::Attack, 0);
-        std::string strengths;
-        for (const CArmy& army : stack)
-            strengths += ToText(army.TotalStrength) + ' ';
-        EXPECT_EQ(strengths, expected) << given;
+        EXPECT_EQ(Describe(stack), test.described) << test.reason;
     }
 }
 
-TEST(Conversion, TextBecomesTheNearestCountAndAnythingElseAnError) {
-    for (const auto& [text, expected] :
-         Cases("0=0|2.5=2|3.5=4|2.51=3|-2.5=-2|-3.5=-4| 7 =7|-1=-1|+4=4|1e3=1000|25E-1=2|.5=0|=error 13|"
-               " =error 13|12a=error 13|1 2=error 13|1e=error 13|1,5=error 13|inf=error 13|nan=error 13|"
-               "0x10=error 13|+-1=error 13|++1=error 13|-=error 13|2147483647.4=2147483647|"
-               "-2147483648.5=-2147483648|2147483647.5=error 6|-2147483649=error 6|99999999999=error 6|"
-               "1e999=error 6")) {
-        std::string result;
-        const int error = ErrorOf([&result, given = text] { result = ToText(ToLong(given)); });
-        EXPECT_EQ(error == 0 ? result : "error " + std::to_string(error), expected) << text;
-    }
-    EXPECT_EQ(ToShort(-32768), -32768);
-    EXPECT_EQ(ErrorOf([] { return ToShort(32768); }) + ErrorOf([] { return ToShort(-32769); }), 12);
-}
-
-TEST(Conversion, NumberBecomesItsSignificantDigitsAndNoMore) {
-    for (const auto& [value, text] : {std::pair{100.0 / 3, "33.33333"},
-                                      {100, "100"},
-                                      {0, "0"},
-                                      {-2.5, "-2.5"},
-                                      {1e9 + 64, "1000000000"},
-                                      {1e-8, "0.00000001"},
-                                      {99.9999999, "100"}})
-        EXPECT_EQ(ToSignificantText(value, 7), text);
+TEST(Table, EmptyCellIsNothingAndACellOutsideAnError) {
+    const Table table{{{Cell{}, 7, "2.5"}, {"x", "", -1}}};
+    EXPECT_EQ(table.RowCount(), 2);
+    EXPECT_EQ(Joined({CellNumber(table(0, 0)), CellNumber(table(0, 1)), CellNumber(table(0, 2))}), "0 7 2");
+    EXPECT_EQ(CellText(table(0, 0)), "");
+    EXPECT_EQ(CellText(table(0, 1)), "7");
+    EXPECT_EQ(CellText(table(0, 2)), "2.5");
+    EXPECT_EQ(ErrorOf([&] { return CellNumber(table(1, 0)); }), 13);
+    for (const auto& [row, column] : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 3}})
+        EXPECT_EQ(ErrorOf([&, r = row, c = column] { return table(r, c); }), 9) << row << ' ' << column;
 }
 
 } // namespace

@@ -2,7 +2,8 @@
 
 #include "engine/Dice.h"
 #include "odds/BattleOdds.h"
-#include "tests/StackEffectSolver.h"
+#include "tests/support/Errors.h"
+#include "tests/support/StackEffectSolver.h"
 
 #include <gtest/gtest.h>
 
@@ -185,12 +186,12 @@ TEST(BattleOddsTest, RaiseWhatTheEngineRaises) {
     };
     TestHost host;
     EXPECT_EQ(ErrorOf([&] { return OddsOf(host, 20); }), 5);
-    host.Defend(Plain(10));
+    host.BringDefender();
     EXPECT_EQ(ErrorOf([&] { return OddsOf(host, 20); }), 5);
-    host.AttackOnLine(8, Plain(10));
+    host.BringAttacker(8);
     EXPECT_EQ(ErrorOf([&] { return OddsOf(host, 20); }), 5) << "the first stack is empty";
-    host.AttackOnLine(0, Plain(10));
-    host.AttackOnLine(24, Plain(10));
+    host.BringAttacker(0);
+    host.BringAttacker(24);
     EXPECT_EQ(OddsOf(host, 20)->Attackers.ChanceOfLosing.size(), 3U)
         << "the empty third stack hides the fourth";
     EXPECT_EQ(errorOf("Poison 2147483647;Poison 1", ""), 6);
@@ -205,8 +206,8 @@ TEST(BattleOddsTest, RaiseWhatTheEngineRaises) {
 /// Dozens of typed missiles, whose shots left are all different.
 void BringArchers(TestHost& host) {
     for (int line = 0; line < MaxLines; ++line) {
-        Give(host.Attack(Plain(5, 4)), "Missle " + std::to_string(3000 + 997 * line));
-        Give(host.Defend(Plain(5, 4)), "Missle " + std::to_string(2500 + 1009 * line));
+        Give(host.BringAttacker(line), "Strength 5 Hits 4 Missle " + std::to_string(3000 + 997 * line));
+        Give(host.BringDefender(), "Strength 5 Hits 4 Missle " + std::to_string(2500 + 1009 * line));
     }
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tests/FakeToolkit.h"
+#include "tests/support/FakeToolkit.h"
 
 #include <gtest/gtest.h>
 
@@ -66,12 +66,18 @@ TEST(Setup, NumbersFollowTheirFieldsAndBattlesAreCutToTens) {
     TextBox& field = desk.Pad.txtNumSimulations;
     for (int key = 0; key < 256; ++key)
         EXPECT_EQ(field.Admits(key), key == 8 || key == 27 || (key >= 48 && key <= 57)) << key;
-    for (const auto& [typed, left] : Cases("7=10|9=10|10=10|19=10|105=100|99999=99990")) {
+    for (const auto& [typed, left] : {std::pair{"7", "10"},
+                                      {"9", "10"},
+                                      {"10", "10"},
+                                      {"19", "10"},
+                                      {"105", "100"},
+                                      {"99999", "99990"}}) {
         desk.Pad.MoveFocus(&field);
         field.SetText(typed);
         EXPECT_EQ(ToText(desk.Pad.NumBattles()), typed) << "every change counts";
         desk.Pad.MoveFocus(&desk.Pad.cmdAttack);
-        EXPECT_EQ(field.Text() + ToText(desk.Pad.NumBattles()), left + left);
+        EXPECT_EQ(field.Text(), left);
+        EXPECT_EQ(ToText(desk.Pad.NumBattles()), left);
     }
     desk.Pad.MoveFocus(&field);
     field.SetText("2147483648");

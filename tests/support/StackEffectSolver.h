@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "tests/ExactSolver.h"
+#include "tests/support/ExactSolver.h"
 
 namespace vorhaven::test {
 

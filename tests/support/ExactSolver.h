@@ -2,15 +2,15 @@
 
 #pragma once
 
-#include "tests/TestHost.h"
+#include "tests/support/TestHost.h"
 
 #include <algorithm>
 #include <array>
+#include <map>
+#include <string>
+#include <vector>
 
 namespace vorhaven::test {
-
-/// What one battle comes to: the columns of its results.
-using Row = std::array<std::int32_t, 5>;
 
 /// The exact odds of a battle, from the rules alone: the chance of every state in which a duel can begin is
 /// carried forward, and a duel's own chances are summed over what its two armies have left.

@@ -3,12 +3,18 @@
 #pragma once
 
 #include "engine/Dice.h"
-#include "tests/TestHost.h"
+#include "engine/MBattleCalc.h"
+#include "tests/support/Armies.h"
+#include "tests/support/Errors.h"
+#include "tests/support/Text.h"
 #include "ui/hero/frmHero.h"
 #include "ui/results/frmStats.h"
 #include "ui/setup/frmBrawlpad.h"
 
-#include <gmock/gmock.h>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace vorhaven::test {
 
@@ -76,13 +82,5 @@ struct Game {
     FakeToolkit Toolkit;
     frmBrawlpad Pad{Catalogue, Toolkit};
 };
-
-/// What an action ends in: an error that is known as a type mismatch once it has passed these locations.
-inline auto Raises(int number, const std::vector<std::string>& trail) {
-    return testing::Throws<RunTimeError>(
-        testing::AllOf(testing::Property(&RunTimeError::Number, ErrorNumber{number}),
-                       testing::Property(&RunTimeError::Trail, testing::ElementsAreArray(trail)),
-                       testing::Property(&RunTimeError::Headline, "Run-time error '13':\nType mismatch")));
-}
 
 } // namespace vorhaven::test

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/support/EngineTest.h"
+#include "tests/support/Errors.h"
+
+#include <chrono>
+#include <set>
+#include <thread>
+
+namespace vorhaven::test {
+namespace {
+
+using namespace MBattleCalc;
+
+std::uint64_t readings = 0;
+
+std::uint64_t CountingTimer() {
+    return ++readings;
+}
+
+TEST(Generator, ReadsItsTimerOnceADrawAndMixesItIntoASequenceThatNeverRestarts) {
+    readings = 0;
+    TimedGenerator counting{1, CountingTimer}, frozen{1, [] { return std::uint64_t{7}; }},
+        other{1, [] { return std::uint64_t{8}; }};
+    std::set<float> values, others;
+    for (std::uint64_t draw = 1; draw <= 100; ++draw) {
+        values.insert(frozen.Draw());
+        others.insert(other.Draw());
+        EXPECT_LT(counting.Draw(), 1.0F);
+        EXPECT_EQ(readings, draw);
+    }
+    EXPECT_EQ(values.size(), 100U) << "a frozen timer repeats no value";
+    values.merge(others);
+    EXPECT_EQ(values.size(), 200U) << "another timer gives another sequence";
+}
+
+TEST(Generator, SystemTimerMovesWithTheKernelsTick) {
+    const std::uint64_t start = SystemTimer();
+    std::this_thread::sleep_for(std::chrono::milliseconds{50});
+    EXPECT_GE(SystemTimer() - start, 30'000'000U) << "nanoseconds, less two ticks at most";
+}
+
+TEST_F(Engine, DiceHaveAllTheirFacesAndPercentagesEndAt98) {
+    const struct {
+        const char* draw;
+        std::int32_t ordinary, seven, percentage;
+        const char* reason;
+    } cases[] = {
+        // clang-format off
+        {"0.0",         1,  1, 0,  "the lowest draw"},
+        {"0.049999997", 1,  1, 4,  "just below a face: the sum is formed in double precision"},
+        {"0.05",        2,  1, 4,  "just above it"},
+        {"0.44999999",  9,  4, 44, "the product is formed in double precision"},
+        {"0.5",         11, 4, 49, "the middle"},
+        {"0.99999994",  20, 7, 98, "the highest draw"},
+        // clang-format on
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.reason);
+        const std::string draw = std::string(" ") + test.draw;
+        const Script script{draw + draw + draw + draw};
+        EXPECT_EQ(CombatDiceRoll(0), test.ordinary);
+        EXPECT_EQ(CombatDiceRoll(20), test.ordinary);
+        EXPECT_EQ(CombatDiceRoll(7), test.seven);
+        EXPECT_EQ(RandomPercentNum(), test.percentage);
+    }
+    const Script script{"0.5"};
+    EXPECT_EQ(CombatDiceRoll(-7), -3) << "down from -2.5, even where no die has so few faces";
+}
+
+TEST_F(Engine, AMedalGivesTheLowerOfTwoRollsAndMoreMedalsASmallerSecondDie) {
+    for (const auto& [medals, roll] : {std::pair{1, 16}, {2, 14}, {3, 12}, {4, 10}}) {
+        const Script script{"0.99 0.5"};
+        EXPECT_EQ(GetCombatRoll(medals), roll) << medals;
+    }
+    for (const Long medals : {-1, 0, 5}) {
+        const Script script{"0.99"};
+        EXPECT_EQ(GetCombatRoll(medals), 20) << "no second die";
+    }
+}
+
+struct Battle {
+    const char *Attackers, *Defenders, *Draws;
+    /// Whether the attacker wins; slain attackers and their turns, slain defenders and their turns.
+    Row Results;
+    const char* Reason;
+};
+
+class EngineBattle : public Engine {
+protected:
+    void Expect(const std::vector<Battle>& battles) {
+        for (const Battle& battle : battles) {
+            SCOPED_TRACE(battle.Reason);
+            Fight(battle.Attackers, battle.Defenders, battle.Draws);
+            EXPECT_EQ(RowOf(1), battle.Results);
+        }
+    }
+};
+
+// clang-format off
+
+TEST_F(EngineBattle, LoserOfARoundIsDamagedAndTheTrampleOfTheWinnerStopsAtFlyers) {
+    Expect({
+        {"Medals 1", "Medals 2", "11 10/30 11 10/26 10 30/30 11 11/26", {1, 0, 0, 1, 1}, "the attacker rolls first; both hit, nobody loses"},
+        {"Hits 2", "Hits 3", "A D N A A",                {1, 0, 0, 1, 1}, "a lost round costs one hit"},
+        {"Trample 2", "Hits 3", "A",                     {1, 0, 0, 1, 1}, "trample adds to the damage"},
+        {"Trample 2", "Hits 4", "A A",                   {1, 0, 0, 1, 1}, "one hit is left"},
+        {"Hits 3", "Trample 2", "D",                     {0, 1, 1, 0, 0}, "defenders trample as well"},
+        {"Trample 2 IsFlying", "Hits 3 Unit 6", "A",     {1, 0, 0, 1, 1}, "the trampling army may fly itself; a hero that walks"},
+        {"Trample 2", "Hits 3 IsFlying", "A A A",        {1, 0, 0, 1, 1}, "marked as flying"},
+        {"Trample 2", "Hits 3 Unit 1", "A A A",          {1, 0, 0, 1, 1}, "an army type that flies"},
+        {"Hits 3 Unit 7", "Trample 2", "D D D",          {0, 1, 1, 0, 0}, "a hero type that flies"},
+        {"Trample 2", "Hits 3 Unit 2", "A",              {1, 0, 0, 1, 1}, "\" fly\" is no flying"},
+        {"Trample -1", "Hits 2", "A A",                  {1, 0, 0, 1, 1}, "negative trample is none"},
+    });
+}
+
+TEST_F(EngineBattle, LastArmyOfAStackFightsFirstAndOnlyANewStackHealsTheFrontDefender) {
+    Expect({
+        {"Turns 3;Turns 5", "", "D A",                   {1, 1, 5, 1, 1}, "the last attacker first"},
+        {"Turns 3", "Turns 5;Turns 7", "A D",            {0, 1, 3, 1, 7}, "the last defender first"},
+        {";", "Hits 2", "A D A",                         {1, 1, 1, 1, 1}, "the wound stays when the next of a stack comes"},
+        {"/", "Hits 2", "A D A D",                       {0, 2, 2, 0, 0}, "a new stack heals"},
+        {"/", "Hits 2", "D A A",                         {1, 1, 1, 1, 1}, "what is healed must be wounded again"},
+    });
+}
+
+TEST_F(EngineBattle, MissileThatHitsSlaysAndAVolleyThatMissesIsTheLast) {
+    Expect({
+        {"Missle 3", "Hits 4;Hits 4;Hits 4", "N A A A A A A", {1, 0, 0, 3, 3}, "three shots: a miss, two hits; then rounds"},
+        {"Missle 2", ";", "D N A D",                     {0, 1, 1, 1, 1}, "both shots miss: none is left for the second duel"},
+        {"Missle 4", ";Missle 1 Hits 4", "A N N D",      {0, 1, 1, 1, 1}, "shots are loaded once, by the lead over the first target"},
+        {"Missle 1", "Hits 4 Warding 9", "A",            {1, 0, 0, 1, 1}, "warding does not stop missiles"},
+        {"Hits 4", "Missle 1", "D",                      {0, 1, 1, 0, 0}, "defenders shoot as well"},
+        {"Missle 2", "Missle 2 Hits 2", "A A",           {1, 0, 0, 1, 1}, "equal missiles: no shot"},
+        {"Missle 1 Medals 4", "Hits 4", "20 10/18 11",   {1, 0, 0, 1, 1}, "a shot is a round with medals"},
+        {"Hits 4/", "Missle 3", "D N N D",               {0, 2, 2, 0, 0}, "what a hit leaves is shot at the next stack"},
+    });
+}
+
+TEST_F(EngineBattle, AcidHalvesStrengthAndLightningHitsByTheForceThatWardingLeaves) {
+    Expect({
+        {"Acid 3", "Strength 11 Acid 1 Warding 1", "9% 1 6",          {1, 0, 0, 1, 1}, "force 1 strikes on a draw of 9: 11 becomes 5"},
+        {"Acid 3", "Strength 11 Acid 1 Warding 1", "10% 1 11 1 12",   {1, 0, 0, 1, 1}, "and fails on 10"},
+        {"Acid 9", "Strength 1", "89% 1 2",                           {1, 0, 0, 1, 1}, "strength is never halved below 1"},
+        {"Acid 1 Warding 1", "Acid 3", "9% 6 1",                      {0, 1, 1, 0, 0}, "defenders' acid"},
+        {"Lightning 3", "Hits 4 Lightning 1 Warding 1", "9% A A",     {1, 0, 0, 1, 1}, "4 hits become 2"},
+        {"Lightning 3", "Hits 2 Lightning 1 Warding 1", "10% A A",    {1, 0, 0, 1, 1}, "a strike that fails"},
+        {"Lightning 9", "", "89% A",                                  {1, 0, 0, 1, 1}, "hits are never halved below 1"},
+        {"Hits 4 Lightning 1 Warding 1", "Lightning 3", "9% D D",     {0, 1, 1, 0, 0}, "defenders' lightning"},
+        {"Acid 2 Lightning 2 Assass 2", "Warding 2", "A",             {1, 0, 0, 1, 1}, "not above the warding: no draw"},
+        {"Warding 2", "Acid 2 Lightning 2", "A",                      {1, 0, 0, 1, 1}, "nor for the defenders"},
+        {"Acid 2 Lightning 2 Assass 2", "Acid 2 Lightning 2 Assass 2", "A", {1, 0, 0, 1, 1}, "equal powers do nothing"},
+        {"Acid 10;Acid 10", "Strength 9", "0% 20 4 98% 1 3",          {1, 1, 1, 1, 1}, "acid strikes in every duel, halving the halved"},
+        {"Lightning 10;Lightning 10", "Hits 4", "0% D 98% A",         {1, 1, 1, 1, 1}, "and so does lightning"},
+        {"Acid 1 Lightning 2 Assass 3 Missle 1", "Hits 2", "9% 19% 30% N 1 6", {1, 0, 0, 1, 1}, "acid, lightning, assassins, missiles"},
+    });
+}
+
+TEST_F(EngineBattle, AssassinTriesOnceABattleAndHasNoShotsLeft) {
+    Expect({
+        {"Assass 3", "Hits 4 Assass 1 Warding 1", "9%",       {1, 0, 0, 1, 1}, "force 1 slays on a draw of 9"},
+        {"Assass 3", "Hits 2 Assass 1 Warding 1", "10% A A",  {1, 0, 0, 1, 1}, "and fails on 10"},
+        {"", "Assass 5", "49%",                               {0, 1, 1, 0, 0}, "defending assassins"},
+        {"Assass 10", "Hits 4;Hits 4", "98% A A A A",         {1, 0, 0, 2, 2}, "one attempt"},
+        {"Hits 4/Hits 2", "Assass 10", "98% D D",             {0, 2, 2, 0, 0}, "a new stack brings no other"},
+        {"Missle 3 Assass 1", "", "98% D",                    {0, 1, 1, 0, 0}, "no shots after a failure"},
+        {"Missle 3 Assass 2", "Assass 2", "D",                {0, 1, 1, 0, 0}, "nor against an equal"},
+        {"Missle 3 Assass 2", "Warding 2", "D",               {0, 1, 1, 0, 0}, "nor against a warding that stops the attempt"},
+        {"Missle 3 Assass 1", "Assass 2 Warding 9", "10% D",  {0, 1, 1, 0, 0}, "nor for the lesser assassin"},
+    });
+}
+
+// clang-format on
+
+TEST_F(Engine, ForceOfAnAssassinIsFormedBeforeItsMarkIsAskedAndMayOverflow) {
+    CStackAtt attackers = StackOf("Assass 2147483647"), defenders = StackOf("Assass 2147483646 Warding 2");
+    attackers.Item(1).UsedSpecial = true;
+    EXPECT_THAT([&] { static_cast<void>(ResolveAssass(1, 1, attackers, defenders, 1)); },
+                Raises(6, {"MBattleCalc::ResolveAssass"}));
+}
+
+} // namespace
+} // namespace vorhaven::test

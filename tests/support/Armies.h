@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/CAttackArmies.h"
+#include "model/CStackAtt.h"
+#include "tests/support/Text.h"
+
+#include <functional>
+#include <map>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+
+namespace vorhaven::test {
+
+/// The plain numbers and the marks of a record by name.
+inline const std::map<std::string, Long CArmy::*> Numbers{
+    {"Chaos", &CArmy::Chaos},       {"Morale", &CArmy::Morale},       {"Fear", &CArmy::Fear},
+    {"Siege", &CArmy::Siege},       {"Fortify", &CArmy::Fortify},     {"Poison", &CArmy::Poison},
+    {"Disease", &CArmy::Disease},   {"Assass", &CArmy::Assass},       {"Missle", &CArmy::Missle},
+    {"Trample", &CArmy::Trample},   {"Curse", &CArmy::Curse},         {"Banding", &CArmy::Banding},
+    {"Acid", &CArmy::Acid},         {"Lightning", &CArmy::Lightning}, {"Warding", &CArmy::Warding},
+    {"Leader", &CArmy::Leadership}, {"Medals", &CArmy::HasMedal},     {"Unit", &CArmy::UnitID},
+    {"Turns", &CArmy::Turns},       {"Size", &CArmy::PowerValue}};
+inline const std::map<std::string, bool CArmy::*> Marks{{"Blessed", &CArmy::Blessed},
+                                                        {"Poisoned", &CArmy::Poisoned},
+                                                        {"Diseased", &CArmy::Diseased},
+                                                        {"IsFlying", &CArmy::IsFlying}};
+
+/// Gives an army what a text says: "Name a Strength 5 Hits 2 Acid 3 Blessed". Throws when a word is unknown
+/// or a number is missing.
+inline CArmy& Give(CArmy& army, const std::string& text) {
+    std::istringstream words(text);
+    for (std::string name; words >> name;) {
+        if (const auto mark = Marks.find(name); mark != Marks.end()) {
+            army.*mark->second = true;
+            continue;
+        }
+        if (name == "Name") {
+            if (!(words >> name))
+                throw std::invalid_argument("an army has no name in \"" + text + '"');
+            army.Name = name;
+            continue;
+        }
+        std::int32_t value = 0;
+        if (!(words >> value))
+            throw std::invalid_argument(name + " has no number in \"" + text + '"');
+        if (name == "Strength")
+            army.TotalStrength = value;
+        else if (name == "Hits")
+            army.Hits = value;
+        else if (const auto number = Numbers.find(name); number != Numbers.end())
+            army.*number->second = value;
+        else
+            throw std::invalid_argument("no army has " + name + ", as in \"" + text + '"');
+    }
+    return army;
+}
+
+/// A stack of armies, which stand between semicolons, of strength 5 and 3 hits where a text says nothing.
+inline CStackAtt StackOf(const std::string& armies) {
+    CStackAtt stack;
+    for (const std::string& army : Split(armies, ';'))
+        Give(stack.Add(CArmy{}, ""), "Strength 5 Hits 3 " + army);
+    return stack;
+}
+
+/// Every army of a stack as strength/hits, its ailments and blessing by letter, a star for each medal, and a
+/// mark of exclamation when its special attack is used up.
+inline std::string Describe(const CStackAtt& stack) {
+    std::string text;
+    for (const CArmy& army : stack)
+        text += (text.empty() ? "" : " ") + ToText(army.TotalStrength) + '/' + ToText(army.Hits) +
+                (army.Poisoned ? "P" : "") + (army.Diseased ? "D" : "") + (army.Blessed ? "B" : "") +
+                std::string(army.HasMedal.Index(), '*') + (army.UsedSpecial ? "!" : "");
+    return text;
+}
+
+/// A plain army of a strength and a number of hits.
+inline ArmyEntry Plain(Long strength, Long hits = 1, Long turns = 1) {
+    ArmyEntry entry;
+    entry.Name = "Plain";
+    entry.StartStrength = strength;
+    entry.Hits = hits;
+    entry.Turns = turns;
+    return entry;
+}
+
+/// The window of an army list: six army types and a defender in the field.
+struct ListHost final : ArmyListHost {
+    static constexpr std::int32_t armyTypes = 6;
+
+    [[nodiscard]] Long NumArmies() const override { return armyTypes; }
+    [[nodiscard]] const std::string& Terrain() const override { return terrain; }
+    void EditHero(CArmy& hero) override { OnHero(hero); }
+
+    std::string terrain = "field";
+    std::function<void(CArmy&)> OnHero = [](CArmy&) {};
+};
+
+} // namespace vorhaven::test
