@@ -60,9 +60,9 @@ DiceOdds::DiceOdds(Long dice) {
 DuelOdds::DuelOdds(const CArmy& attacker, const CArmy& defender, const DiceOdds& dice, const Flyers& flyers,
                    PerSide<StateTable>& survivors, Budget& budget)
     : armies_{&attacker, &defender}, dice_(&dice), flyers_(&flyers), survivors_(&survivors), budget_(&budget),
-      acid_(StrikeBy(&CArmy::Acid, attacker, defender)),
-      lightning_(StrikeBy(&CArmy::Lightning, attacker, defender)),
-      assass_(StrikeBy(&CArmy::Assass, attacker, defender)) {}
+      acid_(StrikeBy<&CArmy::Acid>(attacker, defender)),
+      lightning_(StrikeBy<&CArmy::Lightning>(attacker, defender)),
+      assass_(StrikeBy<&CArmy::Assass>(attacker, defender)) {}
 
 void DuelOdds::Acid(PerSide<State> fighters) {
     if (acid_) {
