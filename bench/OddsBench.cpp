@@ -62,8 +62,8 @@ double SecondsOf(const auto& work) {
 /// that of the shortest times.
 void OddsAgainstABattle(benchmark::State& state, Lists (*lists)()) {
     test::TestHost host;
-    const auto [attackers, defenders, city] = lists();
-    host.Bring(attackers, defenders);
+    const Lists armies = lists();
+    host.Bring(armies.Attackers, armies.Defenders);
     MBattleCalc::BattleStacks stacks;
     const MBattleCalc::Flyers flyers{host.Armies(), host.Heroes()};
     const std::function<bool()> goOn = [end = Clock::now() + std::chrono::hours{1}] {
@@ -74,11 +74,11 @@ void OddsAgainstABattle(benchmark::State& state, Lists (*lists)()) {
     double odds = battle;
     double won = 0.0;
     for ([[maybe_unused]] auto iteration : state) {
-        battle =
-            std::min(battle, SecondsOf([&] { MBattleCalc::Add(host, battles, 20, false, city); }) / battles);
+        battle = std::min(
+            battle, SecondsOf([&] { MBattleCalc::Add(host, battles, 20, false, armies.City); }) / battles);
         const double seconds = SecondsOf([&] {
             stacks.Build(host.AttackArmies(), host.DefendArmies());
-            won = Odds::OddsOf(stacks, flyers, 20, city, goOn)->Won;
+            won = Odds::OddsOf(stacks, flyers, 20, armies.City, goOn)->Won;
         });
         odds = std::min(odds, seconds);
         state.SetIterationTime(seconds);
