@@ -61,22 +61,27 @@ inline constexpr std::array<std::int32_t, 5> FacesByMedals{0, 30, 26, 22, 18};
 /// An attempt of one of two duelling armies on the other.
 struct Strike {
     Side Victim;
+    /// What the striker's power exceeds the victim's own power and warding by.
     Long Force;
 };
 
-/// The attempt of the army whose power is the higher; its force is what exceeds the victim's own power and
-/// warding. None between equals, or against a warding that the power does not exceed. Raises error 6 when the
-/// force does not fit.
-[[nodiscard]] inline std::optional<Strike> StrikeBy(Long CArmy::*power, const CArmy& attacker,
-                                                    const CArmy& defender) {
-    if (attacker.*power == defender.*power)
+/// The attempt of a power that is the higher one; none against a warding that it does not exceed.
+[[nodiscard]] inline std::optional<Strike> StrikeOn(Side victim, Long power, Long victimsPower,
+                                                    Long warding) {
+    if (power <= warding)
         return std::nullopt;
-    const Side victim = defender.*power > attacker.*power ? Side::Attacker : Side::Defender;
-    const CArmy& striker = victim == Side::Attacker ? defender : attacker;
-    const CArmy& target = victim == Side::Attacker ? attacker : defender;
-    if (striker.*power <= target.Warding)
-        return std::nullopt;
-    return Strike{victim, striker.*power - (target.*power + target.Warding)};
+    return Strike{victim, power - (victimsPower + warding)};
+}
+
+/// The attempt of the army whose power is the higher; none between equals. Raises error 6 when the force does
+/// not fit.
+template <Long CArmy::*Power>
+[[nodiscard]] std::optional<Strike> StrikeBy(const CArmy& attacker, const CArmy& defender) {
+    if (defender.*Power > attacker.*Power)
+        return StrikeOn(Side::Attacker, defender.*Power, attacker.*Power, attacker.Warding);
+    if (attacker.*Power > defender.*Power)
+        return StrikeOn(Side::Defender, attacker.*Power, defender.*Power, defender.Warding);
+    return std::nullopt;
 }
 
 /// Percentage draws below this land a strike: ten chances in 99 for each point of its force.

@@ -35,7 +35,7 @@ void ResolveAcid(Long attackIndex, Long defendIndex, CStackAtt& attackFront, CSt
     const Trap trap{"MBattleCalc::ResolveAcid"};
     CArmy& attacker = attackFront.Item(attackIndex);
     CArmy& defender = defendFront.Item(defendIndex);
-    const auto strike = StrikeBy(&CArmy::Acid, attacker, defender);
+    const auto strike = StrikeBy<&CArmy::Acid>(attacker, defender);
     if (!strike || !Lands(strike->Force))
         return;
     CArmy& victim = strike->Victim == Side::Attacker ? attacker : defender;
@@ -46,7 +46,7 @@ void ResolveLightning(Long attackIndex, Long defendIndex, CStackAtt& attackFront
     const Trap trap{"MBattleCalc::ResolveLightning"};
     CArmy& attacker = attackFront.Item(attackIndex);
     CArmy& defender = defendFront.Item(defendIndex);
-    const auto strike = StrikeBy(&CArmy::Lightning, attacker, defender);
+    const auto strike = StrikeBy<&CArmy::Lightning>(attacker, defender);
     if (!strike || !Lands(strike->Force))
         return;
     CArmy& victim = strike->Victim == Side::Attacker ? attacker : defender;
@@ -58,11 +58,16 @@ bool ResolveAssass(Long attackIndex, Long defendIndex, CStackAtt& attackFront, C
     const Trap trap{"MBattleCalc::ResolveAssass"};
     CArmy& attacker = attackFront.Item(attackIndex);
     CArmy& defender = defendFront.Item(defendIndex);
-    const auto strike = StrikeBy(&CArmy::Assass, attacker, defender);
+    // Most duels are between armies that are no assassins: this is the shortest way past.
+    if (attacker.Assass == 0 && defender.Assass == 0)
+        return false;
+    const auto strike = StrikeBy<&CArmy::Assass>(attacker, defender);
     const bool slain = strike && !(strike->Victim == Side::Attacker ? defender : attacker).UsedSpecial &&
                        Lands(strike->Force);
-    attacker.UsedSpecial = attacker.UsedSpecial || SpendsAttempt(attacker.Assass, defender.Assass);
-    defender.UsedSpecial = defender.UsedSpecial || SpendsAttempt(defender.Assass, attacker.Assass);
+    if (SpendsAttempt(attacker.Assass, defender.Assass))
+        attacker.UsedSpecial = true;
+    if (SpendsAttempt(defender.Assass, attacker.Assass))
+        defender.UsedSpecial = true;
     if (!slain)
         return false;
     if (strike->Victim == Side::Attacker)

@@ -46,6 +46,8 @@ private:
     StateTable attackers_;
     /// Each defender as survivor of its last duel, with the next attacker to come.
     std::vector<StateTable> defenders_;
+    /// The states of all defenders.
+    std::size_t waiting_ = 0;
     PerSide<StateTable> survivors_;
     std::vector<double> wonWith_;
     std::vector<double> lostWith_;
@@ -65,6 +67,7 @@ void Battles::Meet(std::size_t i, std::size_t j) {
         return;
     const Entrant& attacker = lineup_->Attackers[i];
     const Entrant& defender = lineup_->Defenders[j];
+    waiting_ -= defenders_[j].Size();
     survivors_.Attacker.Clear();
     survivors_.Defender.Clear();
     DuelOdds duel{attacker.Army, defender.Army, dice_, *flyers_, survivors_, *budget_};
@@ -84,6 +87,9 @@ void Battles::Meet(std::size_t i, std::size_t j) {
         attackers_.Clear();
     }
     SendNextAttacker(i, j);
+    waiting_ += defenders_[j].Size();
+    if (waiting_ > MostStates)
+        budget_->Exhaust();
 }
 
 /// Attacker i has fallen to defender j.

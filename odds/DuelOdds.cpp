@@ -9,9 +9,6 @@ namespace {
 
 using namespace MBattleCalc;
 
-/// The live states beyond which a battle is given up: with all that belongs to them, some ten megabytes.
-constexpr std::size_t mostStates = 65'536;
-
 DiceOdds::Roll RollOf(Long faces, Long strength) {
     if (faces <= strength)
         return {0.0, 1.0};
@@ -60,9 +57,9 @@ DiceOdds::DiceOdds(Long dice) {
 DuelOdds::DuelOdds(const CArmy& attacker, const CArmy& defender, const DiceOdds& dice, const Flyers& flyers,
                    PerSide<StateTable>& survivors, Budget& budget)
     : armies_{&attacker, &defender}, dice_(&dice), flyers_(&flyers), survivors_(&survivors), budget_(&budget),
-      acid_(StrikeBy(&CArmy::Acid, attacker, defender)),
-      lightning_(StrikeBy(&CArmy::Lightning, attacker, defender)),
-      assass_(StrikeBy(&CArmy::Assass, attacker, defender)) {}
+      acid_(StrikeBy<&CArmy::Acid>(attacker, defender)),
+      lightning_(StrikeBy<&CArmy::Lightning>(attacker, defender)),
+      assass_(StrikeBy<&CArmy::Assass>(attacker, defender)) {}
 
 void DuelOdds::Acid(PerSide<State> fighters) {
     if (acid_) {
@@ -201,7 +198,7 @@ void DuelOdds::Win(Side side, const PerSide<State>& fighters, double chance) {
     if (Sum(winner.Chances) <= 0.0)
         return;
     (*survivors_)[side].Add(winner.Is, winner.Chances);
-    if (survivors_->Attacker.Size() + survivors_->Defender.Size() > mostStates)
+    if (survivors_->Attacker.Size() + survivors_->Defender.Size() > MostStates)
         budget_->Exhaust();
 }
 

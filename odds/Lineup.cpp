@@ -5,7 +5,6 @@
 #include "odds/DuelOdds.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace vorhaven::Odds {
 namespace {
@@ -58,6 +57,13 @@ void Enlist(Entrant& entrant, const Outcome& outcome) {
     AddTo(entrant.States, condition, hits, outcome.Chance);
 }
 
+/// A stack's armies from the last one, which fights first.
+std::vector<CArmy> InOrderOfFighting(const CStackAtt& stack) {
+    std::vector<CArmy> armies(stack.begin(), stack.end());
+    std::ranges::reverse(armies);
+    return armies;
+}
+
 /// An army of a stack that is evaluated before the battle.
 Entrant Evaluated(const CArmy& army, const CStackAtt& enemy, Long bonus) {
     Entrant entrant{army};
@@ -96,17 +102,16 @@ Lineup LineUp(const BattleStacks& stacks, Long cityLevel) {
     defend.TotalStackBonus = StackBonus(defend, attack);
 
     Lineup lineup;
-    // The last army of a stack fights first.
-    for (const CArmy& army : std::views::reverse(defend))
+    for (const CArmy& army : InOrderOfFighting(defend))
         lineup.Defenders.push_back(Evaluated(army, attack, defend.TotalStackBonus));
-    for (const CArmy& army : std::views::reverse(attack))
+    for (const CArmy& army : InOrderOfFighting(attack))
         lineup.Attackers.push_back(Evaluated(army, defend, attack.TotalStackBonus));
     const std::size_t taking = stacks.NumAttackStacks.Index();
     for (Entrant& entrant : lineup.Attackers)
         entrant.StackBehind = taking > 1;
     for (std::size_t number = 1; number < taking; ++number) {
         const std::size_t first = lineup.Attackers.size();
-        for (const CArmy& army : std::views::reverse(stacks.AttackStacks[number])) {
+        for (const CArmy& army : InOrderOfFighting(stacks.AttackStacks[number])) {
             lineup.Attackers.push_back(Unchanged(army));
             lineup.Attackers.back().StackBehind = number + 1 < taking;
         }

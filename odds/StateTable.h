@@ -39,6 +39,9 @@ struct Condition {
 // the record too large for its key, which does not compile.
 static_assert(std::has_unique_object_representations_v<Condition>);
 
+/// The live states beyond which a battle is given up: with all that belongs to them, some ten megabytes.
+inline constexpr std::size_t MostStates = 65'536;
+
 /// An army in a condition, with its chances by hits.
 struct State {
     Condition Is;
