@@ -142,7 +142,7 @@ TEST(MoreResults, ChartsHowOftenEachLossCameAndWhatItLastCost) {
 TEST(Stats, ShowTheArmiesAndTheRawAdjustedAndTotalValues) {
     const SmallCatalogue catalogue;
     FakeToolkit toolkit;
-    frmStats window{toolkit, catalogue};
+    frmStats window{toolkit, catalogue, ""};
     CStackAtt attack, defend;
     for (int count = 0; count < 35; ++count)
         (count < 3 ? attack : defend).Add(CArmy{}, "").TotalStrength = 7;

@@ -141,7 +141,7 @@ void frmBrawlpad::ShowAverage(Long column, const std::string& text) {
 }
 
 void frmBrawlpad::ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) {
-    frmStats stats{*toolkit_, *provider_};
+    frmStats stats{*toolkit_, *provider_, Terrain()};
     stats.ShowStats(attackStack, defendStack, [&] { toolkit_->ShowModal(stats); });
 }
 
