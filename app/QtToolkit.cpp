@@ -153,12 +153,23 @@ void QtToolkit::ShowModal(frmStats& window) {
 }
 
 void QtToolkit::Show(frmMoreResults& window) {
-    // Without a parent, so that it can lie behind the main window.
-    moreResultsView_ = std::make_unique<MoreResultsView>(window, nullptr);
-    MoreResultsView& view = *moreResultsView_;
-    KeepWith(view, window.Unloading.Connect([&view] { view.close(); }));
-    Load(view, window);
-    view.show();
+    if (moreResultsView_ == nullptr) {
+        // Without a parent, so that it can lie behind the main window.
+        moreResultsView_ = std::make_unique<MoreResultsView>(window, nullptr);
+        MoreResultsView& view = *moreResultsView_;
+        KeepWith(view, window.Unloading.Connect([&view] { view.close(); }));
+        Load(view, window);
+    } else {
+        // The window stays where the user has put it.
+        const QRect place = moreResultsView_->geometry();
+        window.Form_Load();
+        moreResultsView_->setGeometry(place);
+    }
+    if (!UsableScreen().intersects(moreResultsView_->geometry()))
+        Fit(*moreResultsView_, window);
+    moreResultsView_->show();
+    moreResultsView_->raise();
+    moreResultsView_->activateWindow();
 }
 
 } // namespace vorhaven
