@@ -28,7 +28,7 @@ constexpr double ThinColumnOffset = 0.40;
 /// How far the axis goes beyond the first and the last category.
 constexpr double Margin = 0.7;
 
-/// Room above the highest column, for its figure and for the mean.
+/// Room above the highest column, for its figure.
 constexpr double Headroom = 1.3;
 constexpr double LeastAxisEnd = 10.0;
 
@@ -92,7 +92,7 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
     MakePlottables();
     plotLayout()->addElement(2, 0, sentence_);
     plotLayout()->setRowStretchFactor(2, 0.001);
-    plotLayout()->setRowSpacing(fontMetrics().height() / 2);
+    plotLayout()->setRowSpacing(0);
     plotLayout()->setMargins({fontMetrics().height() / 2, fontMetrics().height() / 3,
                               fontMetrics().height() / 2, fontMetrics().height() / 2});
     sentence_->setTextFlags(Qt::AlignLeft | Qt::AlignVCenter);
@@ -106,17 +106,17 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
 }
 
 void ChartView::MakeHeading() {
-    auto* const heading = new QCPLayoutGrid;
+    heading_ = new QCPLayoutGrid;
     plotLayout()->insertRow(0);
-    plotLayout()->addElement(0, 0, heading);
+    plotLayout()->addElement(0, 0, heading_);
     plotLayout()->setRowStretchFactor(0, 0.001);
     title_->setText(ToQt(chart_->Title));
     title_->setTextFlags(Qt::AlignLeft | Qt::AlignVCenter);
-    heading->addElement(0, 0, title_);
-    heading->addElement(0, 1, new QCPLayoutElement(this));
-    heading->addElement(0, 2, legend);
-    heading->setColumnStretchFactor(0, 0.001);
-    heading->setColumnStretchFactor(2, 0.001);
+    heading_->addElement(0, 0, title_);
+    heading_->addElement(0, 1, new QCPLayoutElement(this));
+    heading_->addElement(0, 2, legend);
+    heading_->setColumnStretchFactor(0, 0.001);
+    heading_->setColumnStretchFactor(2, 0.001);
     legend->setVisible(true);
     legend->setFillOrder(QCPLegend::foColumnsFirst);
     legend->setBrush(Qt::NoBrush);
@@ -133,6 +133,8 @@ void ChartView::MakeAxes() {
     yAxis2->setTicker(QSharedPointer<WholeNumbers>::create(std::numeric_limits<double>::infinity()));
     for (QCPAxis* axis : {xAxis, yAxis, yAxis2})
         axis->setSubTicks(false);
+    // The mean is told above the area.
+    axisRect()->setMinimumMargins({0, fontMetrics().height() * 5 / 4, 0, 0});
     xAxis->setTickLength(0);
     xAxis->grid()->setVisible(false);
     xAxis->setRange(-Margin, static_cast<double>(chart_->Rows().size()) - 1.0 + Margin);
@@ -163,16 +165,27 @@ void ChartView::ShowAll() {
     ShowColumns();
     sentence_->setText(ToQt(chart_->Beside.Get().Sentence));
     // What follows depends on the room that there is.
+    PlaceLegend();
     updateLayout();
     ShowFigures();
     ShowMean();
     ShowLabels();
     ShowUnreachable();
     setAccessibleDescription(ToQt(chart_->Description()));
-    setMinimumSize(std::max(WidthOf(*title_) + WidthOf(*legend), WidthOf(*sentence_)) +
+    setMinimumSize(std::max({WidthOf(*title_), WidthOf(*legend), WidthOf(*sentence_)}) +
                        fontMetrics().height() * 2,
                    fontMetrics().height() * 15);
     replot(rpQueuedReplot);
+}
+
+void ChartView::PlaceLegend() {
+    const bool fitsBeside = WidthOf(*title_) + WidthOf(*legend) + 2 * fontMetrics().height() <= width();
+    heading_->take(legend);
+    heading_->simplify();
+    if (fitsBeside)
+        heading_->addElement(0, 2, legend);
+    else
+        heading_->addElement(1, 0, legend);
 }
 
 void ChartView::ShowColumns() {
@@ -237,13 +250,12 @@ void ChartView::ShowMean() {
     const Qt::Alignment side = *beside.Mean < 1.0          ? Qt::AlignLeft
                                : *beside.Mean > last - 1.0 ? Qt::AlignRight
                                                            : Qt::AlignHCenter;
-    label->setPositionAlignment(side | Qt::AlignTop);
+    label->setPositionAlignment(side | Qt::AlignBottom);
     auto* const line = new QCPItemLine(this);
     line->setLayer(BehindColumns);
     line->setPen(QPen(Shaded(Shade::Quiet), 1.0, Qt::DashLine));
     line->start->setCoords(*beside.Mean, 0.0);
-    line->end->setTypeY(QCPItemPosition::ptAbsolute);
-    line->end->setParentAnchorY(label->bottom);
+    line->end->setTypeY(QCPItemPosition::ptAxisRectRatio);
     line->end->setCoords(*beside.Mean, 0.0);
 }
 
@@ -285,10 +297,12 @@ void ChartView::ShowUnreachable() {
     QCPItemText* const reason = MakeText(ToQt(beside.WhyUnreachable), Shaded(Shade::Quiet));
     reason->position->setTypeY(QCPItemPosition::ptAxisRectRatio);
     reason->position->setCoords((first + end) / 2.0, 0.5);
-    // Upright where it fits.
-    const double room = xAxis->coordToPixel(end) - xAxis->coordToPixel(first);
-    if (fontMetrics().horizontalAdvance(reason->text()) > room)
-        reason->setRotation(-90.0);
+    const double length = fontMetrics().horizontalAdvance(reason->text());
+    if (length <= xAxis->coordToPixel(end) - xAxis->coordToPixel(first))
+        return;
+    // Upright where it fits so; otherwise the details of the categories tell it alone.
+    reason->setRotation(-90.0);
+    reason->setVisible(length <= axisRect()->height());
 }
 
 QCPItemText* ChartView::MakeText(const QString& text, const QColor& colour) {

@@ -42,6 +42,8 @@ private:
     // What is shown is made anew whenever the chart, the colours, the font or the size change.
     void ShowAll();
     void ShowColours();
+    /// Puts the legend beside the title, or below it where there is no room.
+    void PlaceLegend();
     void ShowColumns();
     void ShowFigures();
     void ShowMean();
@@ -59,6 +61,7 @@ private:
     [[nodiscard]] QColor ColourOfSide() const;
 
     Chart* chart_;
+    QCPLayoutGrid* heading_ = nullptr;
     QCPTextElement* title_;
     QCPTextElement* sentence_;
     std::array<QCPBars*, 2> series_{};

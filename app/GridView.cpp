@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/GridView.h"
+
+#include "app/Binding.h"
+#include "app/ErrorReport.h"
+#include "app/Shade.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace vorhaven {
+namespace {
+
+/// The rows that a grid has room for on any screen, in pixels: a whole stack of attackers in small print.
+constexpr int LeastHeight = 150;
+
+} // namespace
+
+GridView::GridView(Grid& grid, QWidget* parent) : QTableWidget(parent), grid_(&grid) {
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    Bind(*this, grid);
+    horizontalHeader()->setStretchLastSection(true);
+    ShowRows();
+    KeepWith(*this, grid.Changed.Connect([this] { ShowRows(); }));
+    connect(this, &QTableWidget::currentCellChanged, this, [this](int row, int /*column*/, int previousRow) {
+        if (row >= 0 && row != previousRow)
+            RunOutermost([&] { grid_->PickRow(row + 1); });
+    });
+}
+
+void GridView::ShowRows() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 3);
+    for (int row = 0; row < rowCount(); ++row) {
+        setRowHidden(row, row >= FilledRows());
+        ShowRow(row);
+    }
+    updateGeometry();
+}
+
+void GridView::ShowRow(int row) {
+    const QColor quiet =
+        Mixed(palette().color(QPalette::Text), palette().color(QPalette::Base), Shade::Quiet);
+    const QString details = QString::fromStdString(grid_->Details(row + 1));
+    for (int column = 0; column < columnCount(); ++column) {
+        QTableWidgetItem& cell = *item(row, column);
+        cell.setForeground(grid_->IsQuiet(row + 1, column) ? QBrush(quiet) : QBrush());
+        cell.setToolTip(details.isEmpty() ? QString() : toolTip() + "\n" + details);
+        cell.setData(Qt::AccessibleDescriptionRole, details);
+    }
+}
+
+QSize GridView::sizeHint() const {
+    return SizeForRows(FilledRows());
+}
+
+QSize GridView::minimumSizeHint() const {
+    const int leastRows = LeastHeight / verticalHeader()->defaultSectionSize();
+    return {0, SizeForRows(std::min(FilledRows(), leastRows)).height()};
+}
+
+QSize GridView::SizeForRows(int rows) const {
+    int width = 0;
+    for (int column = 0; column < columnCount(); ++column)
+        width += std::max(sizeHintForColumn(column), columnWidth(column));
+    return {width + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
+            horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() +
+                2 * frameWidth()};
+}
+
+void GridView::changeEvent(QEvent* event) {
+    QTableWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+        ShowRows();
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    OpenMenu(event->globalPos());
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy))
+        CopyNumbers();
+    else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        OpenMenu(mapToGlobal(viewport()->geometry().topLeft()));
+    else
+        QTableWidget::keyPressEvent(event);
+}
+
+void GridView::CopyNumbers() const {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(grid_->Numbers()));
+}
+
+void GridView::OpenMenu(const QPoint& position) {
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(QString::fromStdString(grid_->CopyNumbers), this, &GridView::CopyNumbers);
+    menu->popup(position);
+}
+
+} // namespace vorhaven
