@@ -160,13 +160,12 @@ void QtToolkit::Show(frmMoreResults& window) {
         KeepWith(view, window.Unloading.Connect([&view] { view.close(); }));
         Load(view, window);
     } else {
-        // The window stays where the user has put it.
-        const QRect place = moreResultsView_->geometry();
+        // The view stays where the user has put it, unless its screen is gone.
         window.Form_Load();
-        moreResultsView_->setGeometry(place);
+        if (QGuiApplication::screenAt(moreResultsView_->geometry().center()) == nullptr)
+            Fit(*moreResultsView_, window);
     }
-    if (!UsableScreen().intersects(moreResultsView_->geometry()))
-        Fit(*moreResultsView_, window);
+    moreResultsView_->setWindowState(moreResultsView_->windowState() & ~Qt::WindowMinimized);
     moreResultsView_->show();
     moreResultsView_->raise();
     moreResultsView_->activateWindow();
