@@ -116,11 +116,13 @@ void frmMoreResults::FillChart(Chart& chart, const LossTable& losses) {
 
 std::array<LossSummary, 2> frmMoreResults::Summaries() const {
     std::array<LossSummary, 2> sides;
+    const Long numBattles = numBattles_();
+    const Long numFought = CountFought(numBattles);
     for (LossSummary& side : sides) {
-        side.Battles = numBattles_();
-        side.Fought = CountFought(side.Battles);
+        side.Battles = numBattles;
+        side.Fought = numFought;
     }
-    for (Long battle = 1; battle <= sides[0].Fought; ++battle) {
+    for (Long battle = 1; battle <= numFought; ++battle) {
         const bool attackerWon = BattleResults(battle, ResultColumn::Winner) == 1;
         Count(sides[0], BattleResults(battle, ResultColumn::AttackersSlain),
               BattleResults(battle, ResultColumn::AttackTurnsLost), attackerWon);
