@@ -12,15 +12,20 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QScreen>
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace vorhaven {
 namespace {
 
 /// The rows that a grid has room for on any screen, in pixels: a whole stack of attackers in small print.
 constexpr int LeastHeight = 150;
+
+/// What a window puts at the sides of a grid, in pixels, more or less.
+constexpr int AroundGrid = 60;
 
 } // namespace
 
@@ -69,13 +74,26 @@ QSize GridView::minimumSizeHint() const {
     return {0, SizeForRows(std::min(FilledRows(), leastRows)).height()};
 }
 
+int GridView::WidthOfColumns() const {
+    int width = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    for (int column = 0; column < columnCount() - 1; ++column)
+        width += columnWidth(column);
+    return width + horizontalHeader()->sectionSizeHint(columnCount() - 1);
+}
+
 QSize GridView::SizeForRows(int rows) const {
-    int width = 0;
-    for (int column = 0; column < columnCount(); ++column)
-        width += std::max(sizeHintForColumn(column), columnWidth(column));
-    return {width + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
-            horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() +
-                2 * frameWidth()};
+    const bool isTooWide = hasSideways_ || WidthOfColumns() + AroundGrid > screen()->availableSize().width();
+    const int barHeight = isTooWide ? horizontalScrollBar()->sizeHint().height() : 0;
+    return {WidthOfColumns(), horizontalHeader()->sizeHint().height() +
+                                  rows * verticalHeader()->defaultSectionSize() + barHeight +
+                                  2 * frameWidth()};
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+    QTableWidget::resizeEvent(event);
+    // The rows keep their room beside the bar that scrolls sideways.
+    if (std::exchange(hasSideways_, width() < WidthOfColumns()) != hasSideways_)
+        updateGeometry();
 }
 
 void GridView::changeEvent(QEvent* event) {

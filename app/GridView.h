@@ -22,17 +22,21 @@ protected:
     void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     /// Shows what is not a text: which rows are filled, what steps back, what there is to tell.
     void ShowRows();
     void ShowRow(int row);
+    [[nodiscard]] int WidthOfColumns() const;
     [[nodiscard]] QSize SizeForRows(int rows) const;
     [[nodiscard]] int FilledRows() const { return grid_->LastFilledRow().Value(); }
     void OpenMenu(const QPoint& position);
     void CopyNumbers() const;
 
     Grid* grid_;
+    /// There is less room than the columns take.
+    bool hasSideways_ = false;
 };
 
 } // namespace vorhaven
