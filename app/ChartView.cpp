@@ -3,6 +3,8 @@
 #include "app/ChartView.h"
 
 #include "app/Binding.h"
+#include "app/Shade.h"
+#include "app/SideColours.h"
 
 #include <QAccessibleWidget>
 #include <QClipboard>
@@ -13,33 +15,60 @@
 #include <QToolTip>
 
 #include <algorithm>
-#include <cmath>
+#include <limits>
 #include <utility>
 
 namespace vorhaven {
 namespace {
 
-constexpr double BarWidth = 0.4;
+// Widths of columns and their distance, in categories.
+constexpr double ColumnWidth = 0.58;
+constexpr double ThinColumnWidth = 0.10;
+constexpr double ThinColumnOffset = 0.40;
+/// How far the axis goes beyond the first and the last category.
+constexpr double Margin = 0.7;
 
-// Blue and orange, told apart by every kind of sight, and light against dark in grey too.
-struct SeriesColours {
-    QColor First;
-    QColor Second;
+/// Room above the highest column, for its figure.
+constexpr double Headroom = 1.3;
+constexpr double LeastAxisEnd = 10.0;
+
+/// The thin columns' share of the text's colour: quieter than text may be, with a contrast of 3 to 1.
+constexpr double ThinColumnShade = 0.42;
+
+constexpr auto BehindColumns = "behind columns";
+
+/// Ticks for an axis of whole numbers up to a limit.
+class WholeNumbers final : public QCPAxisTickerFixed {
+public:
+    explicit WholeNumbers(double limit) : limit_(limit) {
+        setTickStep(1.0);
+        setScaleStrategy(ssMultiples);
+    }
+
+protected:
+    QVector<double> createTickVector(double tickStep, const QCPRange& range) override {
+        return QCPAxisTickerFixed::createTickVector(tickStep, {range.lower, std::min(range.upper, limit_)});
+    }
+
+private:
+    double limit_;
 };
-constexpr SeriesColours OnLight{QColor(0, 90, 150), QColor(240, 170, 40)};
-constexpr SeriesColours OnDark{QColor(120, 195, 240), QColor(205, 95, 10)};
 
-/// The upper end of an axis for values up to `highest`.
-double AxisEnd(int highest) {
-    return std::max(10.0, std::ceil(highest * 1.05));
+/// Marks that stand whole where they touch the border of the chart's area.
+class Marks final : public QCPGraph {
+public:
+    using QCPGraph::QCPGraph;
+
+protected:
+    [[nodiscard]] QRect clipRect() const override { return mParentPlot->rect(); }
+};
+
+QString ToQt(const std::string& text) {
+    return QString::fromStdString(text);
 }
 
-/// Ticks for an axis of whole numbers.
-QSharedPointer<QCPAxisTicker> WholeNumbers() {
-    const QSharedPointer<QCPAxisTickerFixed> ticks(new QCPAxisTickerFixed);
-    ticks->setTickStep(1.0);
-    ticks->setScaleStrategy(QCPAxisTickerFixed::ssMultiples);
-    return ticks;
+int WidthOf(const QCPLayoutElement& element) {
+    return element.minimumOuterSizeHint().width();
 }
 
 /// Tells screen readers that a chart is one.
@@ -51,120 +80,286 @@ QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* obje
 } // namespace
 
 ChartView::ChartView(Chart& chart, QWidget* parent)
-    : QCustomPlot(parent), chart_(&chart), title_(new QCPTextElement(this)) {
-    setMinimumSize(fontMetrics().averageCharWidth() * 50, fontMetrics().height() * 14);
+    : QCustomPlot(parent), chart_(&chart), title_(new QCPTextElement(this)),
+      sentence_(new QCPTextElement(this)) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     // Installing it again changes nothing.
     QAccessible::installFactory(MakeAccessible);
-    setAccessibleName(QString::fromStdString(chart.Title));
+    setAccessibleName(ToQt(chart.Title));
+    MakeHeading();
+    MakeAxes();
+    MakePlottables();
+    plotLayout()->addElement(2, 0, sentence_);
+    plotLayout()->setRowStretchFactor(2, 0.001);
+    plotLayout()->setRowSpacing(0);
+    plotLayout()->setMargins({fontMetrics().height() / 2, fontMetrics().height() / 3,
+                              fontMetrics().height() / 2, fontMetrics().height() / 2});
+    sentence_->setTextFlags(Qt::AlignLeft | Qt::AlignVCenter);
 
-    plotLayout()->insertRow(0);
-    plotLayout()->addElement(0, 0, title_);
-    title_->setText(QString::fromStdString(chart.Title));
-    xAxis->setLabel(QString::fromStdString(chart.CategoryTitle));
-    yAxis->setLabel(QString::fromStdString(chart.ValueTitles[0]));
-    yAxis2->setLabel(QString::fromStdString(chart.ValueTitles[1]));
-    yAxis2->setVisible(true);
-    yAxis->setSubTicks(false);
-    yAxis2->setSubTicks(false);
-    xAxis->grid()->setVisible(false);
-    xAxis->setSubTicks(false);
-    xAxis->setRange(-0.7, static_cast<double>(chart.Rows().size()) - 0.3);
-
-    const std::array<QCPAxis*, 2> valueAxes{yAxis, yAxis2};
-    for (std::size_t i = 0; i < series_.size(); ++i) {
-        series_[i] = new QCPBars(xAxis, valueAxes[i]);
-        series_[i]->setName(QString::fromStdString(chart.ValueTitles[i]));
-        series_[i]->setWidth(BarWidth);
-        valueAxes[i]->setTicker(WholeNumbers());
-    }
-    legend->setVisible(true);
-    // Below the title: no column is ever hidden behind it.
-    auto* const legendRow = new QCPLayoutGrid;
-    plotLayout()->insertRow(1);
-    plotLayout()->addElement(1, 0, legendRow);
-    legendRow->addElement(0, 0, legend);
-    legendRow->addElement(0, 1, new QCPLayoutElement(this));
-    legendRow->setColumnStretchFactor(0, 0.001);
-    legend->setFillOrder(QCPLegend::foColumnsFirst);
-    plotLayout()->setRowStretchFactor(1, 0.001);
-
-    ShowColours();
-    ShowData();
+    ShowAll();
     // A chart is filled value by value; it is shown once when that is done.
     KeepWith(*this, chart.Changed.Connect([this] {
         if (!std::exchange(isStale_, true))
-            QTimer::singleShot(0, this, [this] { ShowData(); });
+            QTimer::singleShot(0, this, [this] { ShowAll(); });
     }));
 }
 
-void ChartView::ShowData() {
-    isStale_ = false;
-    std::array<QVector<double>, 2> keys;
-    std::array<QVector<double>, 2> values;
-    std::array<int, 2> highest{};
-    double place = 0.0;
-    for (const Chart::Row& row : chart_->Rows()) {
-        for (std::size_t i = 0; i < series_.size(); ++i) {
-            keys[i].append(place + (i == 0 ? -BarWidth / 2 : BarWidth / 2));
-            values[i].append(row.Values[i].Value());
-            highest[i] = std::max(highest[i], row.Values[i].Value());
-        }
-        place += 1.0;
-    }
-    ShowLabels();
+void ChartView::MakeHeading() {
+    heading_ = new QCPLayoutGrid;
+    plotLayout()->insertRow(0);
+    plotLayout()->addElement(0, 0, heading_);
+    plotLayout()->setRowStretchFactor(0, 0.001);
+    title_->setText(ToQt(chart_->Title));
+    title_->setTextFlags(Qt::AlignLeft | Qt::AlignVCenter);
+    heading_->addElement(0, 0, title_);
+    heading_->addElement(0, 1, new QCPLayoutElement(this));
+    heading_->addElement(0, 2, legend);
+    heading_->setColumnStretchFactor(0, 0.001);
+    heading_->setColumnStretchFactor(2, 0.001);
+    legend->setVisible(true);
+    legend->setFillOrder(QCPLegend::foColumnsFirst);
+    legend->setBrush(Qt::NoBrush);
+    legend->setBorderPen(Qt::NoPen);
+}
+
+void ChartView::MakeAxes() {
+    xAxis->setLabel(ToQt(chart_->CategoryTitle));
+    yAxis->setLabel(ToQt(chart_->ValueTitles[0]));
+    yAxis2->setLabel(ToQt(chart_->ValueTitles[1]));
+    yAxis2->setVisible(true);
+    // No category occurs more often than always.
+    yAxis->setTicker(QSharedPointer<WholeNumbers>::create(100.0));
+    yAxis2->setTicker(QSharedPointer<WholeNumbers>::create(std::numeric_limits<double>::infinity()));
+    for (QCPAxis* axis : {xAxis, yAxis, yAxis2})
+        axis->setSubTicks(false);
+    // The mean is told above the area.
+    axisRect()->setMinimumMargins({0, fontMetrics().height() * 5 / 4, 0, 0});
+    xAxis->setTickLength(0);
+    xAxis->grid()->setVisible(false);
+    xAxis->setRange(-Margin, static_cast<double>(chart_->Rows().size()) - 1.0 + Margin);
+}
+
+void ChartView::MakePlottables() {
+    addLayer(BehindColumns, layer("grid"), limBelow);
+    setAutoAddPlottableToLegend(false);
+    // The turns are drawn first, but stand second in the legend.
+    series_[1] = new QCPBars(xAxis, yAxis2);
+    series_[0] = new QCPBars(xAxis, yAxis);
+    series_[0]->setWidth(ColumnWidth);
+    series_[1]->setWidth(ThinColumnWidth);
     for (std::size_t i = 0; i < series_.size(); ++i) {
-        series_[i]->setData(keys[i], values[i], true);
-        series_[i]->valueAxis()->setRange(0.0, AxisEnd(highest[i]));
+        series_[i]->setName(ToQt(chart_->ValueTitles[i]));
+        series_[i]->addToLegend();
     }
-    setAccessibleDescription(QString::fromStdString(chart_->Description()));
+    exact_ = new Marks(xAxis, yAxis);
+    exact_->setName(ToQt(chart_->ExactTitle));
+    exact_->setLineStyle(QCPGraph::lsNone);
+    exact_->setLayer("overlay");
+}
+
+void ChartView::ShowAll() {
+    isStale_ = false;
+    clearItems();
+    ShowColours();
+    ShowColumns();
+    sentence_->setText(ToQt(chart_->Beside.Get().Sentence));
+    // What follows depends on the room that there is.
+    PlaceLegend();
+    updateLayout();
+    ShowFigures();
+    ShowMean();
+    ShowLabels();
+    ShowUnreachable();
+    setAccessibleDescription(ToQt(chart_->Description()));
+    setMinimumSize(std::max({WidthOf(*title_), WidthOf(*legend), WidthOf(*sentence_)}) +
+                       fontMetrics().height() * 2,
+                   fontMetrics().height() * 15);
     replot(rpQueuedReplot);
 }
 
-int ChartView::WidthOfLabels() const {
-    return static_cast<int>(chart_->Rows().size()) * fontMetrics().horizontalAdvance(QStringLiteral("000"));
+void ChartView::PlaceLegend() {
+    const bool fitsBeside = WidthOf(*title_) + WidthOf(*legend) + 2 * fontMetrics().height() <= width();
+    heading_->take(legend);
+    heading_->simplify();
+    if (fitsBeside)
+        heading_->addElement(0, 2, legend);
+    else
+        heading_->addElement(1, 0, legend);
+}
+
+void ChartView::ShowColumns() {
+    std::array<QVector<double>, 2> keys;
+    std::array<QVector<double>, 2> values;
+    QVector<double> exactKeys;
+    QVector<double> exactValues;
+    double category = 0.0;
+    for (const Chart::Row& row : chart_->Rows()) {
+        if (!row.IsEmpty) {
+            keys[0].append(category);
+            values[0].append(row.Values[0].Value());
+            keys[1].append(category + ThinColumnOffset);
+            values[1].append(row.Values[1].Value());
+        }
+        if (row.Exact) {
+            exactKeys.append(category);
+            exactValues.append(*row.Exact);
+        }
+        category += 1.0;
+    }
+    const std::array<double, 2>& highest = chart_->Beside.Get().Highest;
+    for (std::size_t i = 0; i < series_.size(); ++i) {
+        series_[i]->setData(keys[i], values[i], true);
+        series_[i]->valueAxis()->setRange(0.0, std::max(LeastAxisEnd, highest[i] * Headroom));
+    }
+    exact_->setData(exactKeys, exactValues, true);
+    if (chart_->HasExactValues())
+        exact_->addToLegend();
+    else
+        exact_->removeFromLegend();
+}
+
+void ChartView::ShowFigures() {
+    QFont bold = font();
+    bold.setBold(true);
+    double category = 0.0;
+    for (const Chart::Row& row : chart_->Rows()) {
+        if (!row.Figure.empty()) {
+            QCPItemText* const figure = MakeText(ToQt(row.Figure), ColourOfSide());
+            figure->setFont(bold);
+            figure->setBrush(palette().color(QPalette::Base));
+            figure->setPositionAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+            const double column = row.Values[0].Value();
+            figure->position->setCoords(category, std::max(column, row.Exact.value_or(0.0)));
+            const double markHeight = row.Exact ? exact_->scatterStyle().size() / 2.0 : 0.0;
+            figure->setPadding(QMargins(0, 0, 0, qRound(markHeight) + 1));
+        }
+        category += 1.0;
+    }
+}
+
+void ChartView::ShowMean() {
+    const Chart::Remarks& beside = chart_->Beside;
+    if (!beside.Mean)
+        return;
+    QCPItemText* const label = MakeText(ToQt(beside.MeanText), Shaded(Shade::Quiet));
+    label->position->setTypeY(QCPItemPosition::ptAxisRectRatio);
+    label->position->setCoords(*beside.Mean, 0.0);
+    // Near an end of the axis the label stands beside the line instead of on the axis.
+    const double last = static_cast<double>(chart_->Rows().size()) - 1.0;
+    const Qt::Alignment side = *beside.Mean < 1.0          ? Qt::AlignLeft
+                               : *beside.Mean > last - 1.0 ? Qt::AlignRight
+                                                           : Qt::AlignHCenter;
+    label->setPositionAlignment(side | Qt::AlignBottom);
+    auto* const line = new QCPItemLine(this);
+    line->setLayer(BehindColumns);
+    line->setPen(QPen(Shaded(Shade::Quiet), 1.0, Qt::DashLine));
+    line->start->setCoords(*beside.Mean, 0.0);
+    line->end->setTypeY(QCPItemPosition::ptAxisRectRatio);
+    line->end->setCoords(*beside.Mean, 0.0);
 }
 
 void ChartView::ShowLabels() {
     const auto& rows = chart_->Rows();
     const auto step = static_cast<std::size_t>(WidthOfLabels() / std::max(1, axisRect()->width()) + 1);
     const QSharedPointer<QCPAxisTickerText> labels(new QCPAxisTickerText);
-    for (std::size_t row = 0; row < rows.size(); row += step)
-        labels->addTick(static_cast<double>(row), QString::fromStdString(rows[row].Label));
+    for (std::size_t row = 0; row < rows.size(); row += step) {
+        const QString label = ToQt(rows[row].Label);
+        const auto category = static_cast<double>(row);
+        if (row < chart_->Beside.Get().Reachable.Index()) {
+            labels->addTick(category, label);
+            continue;
+        }
+        QCPItemText* const text = MakeText(label, Shaded(Shade::Unreachable));
+        text->position->setTypeY(QCPItemPosition::ptAxisRectRatio);
+        text->position->setCoords(category, 1.0);
+        text->setPositionAlignment(Qt::AlignHCenter | Qt::AlignTop);
+        text->setPadding(QMargins(0, xAxis->tickLabelPadding() - 1, 0, 0));
+    }
     xAxis->setTicker(labels);
 }
 
-void ChartView::ShowColours() {
-    const QColor text = palette().color(QPalette::Text);
-    const QColor base = palette().color(QPalette::Base);
-    const SeriesColours& colours = base.lightness() < 128 ? OnDark : OnLight;
-    QColor faint = text;
-    faint.setAlphaF(0.2F);
+void ChartView::ShowUnreachable() {
+    const Chart::Remarks& beside = chart_->Beside;
+    if (beside.Reachable >= SizeOf(chart_->Rows()))
+        return;
+    const double first = beside.Reachable.Value() - 0.5;
+    const double end = xAxis->range().upper;
+    auto* const area = new QCPItemRect(this);
+    area->setLayer(BehindColumns);
+    area->setPen(Qt::NoPen);
+    area->setBrush(Shaded(Shade::Area));
+    for (QCPItemPosition* corner : {area->topLeft, area->bottomRight})
+        corner->setTypeY(QCPItemPosition::ptAxisRectRatio);
+    area->topLeft->setCoords(first, 0.0);
+    area->bottomRight->setCoords(end, 1.0);
 
-    setBackground(base);
-    for (QCPAxis* axis : {xAxis, yAxis, yAxis2}) {
-        axis->setBasePen(text);
-        axis->setTickPen(text);
-        axis->setSubTickPen(text);
-        axis->setLabelColor(text);
-        axis->setTickLabelColor(text);
+    QCPItemText* const reason = MakeText(ToQt(beside.WhyUnreachable), Shaded(Shade::Quiet));
+    reason->position->setTypeY(QCPItemPosition::ptAxisRectRatio);
+    reason->position->setCoords((first + end) / 2.0, 0.5);
+    const double length = fontMetrics().horizontalAdvance(reason->text());
+    if (length <= xAxis->coordToPixel(end) - xAxis->coordToPixel(first))
+        return;
+    // Upright where it fits so; otherwise the details of the categories tell it alone.
+    reason->setRotation(-90.0);
+    reason->setVisible(length <= axisRect()->height());
+}
+
+QCPItemText* ChartView::MakeText(const QString& text, const QColor& colour) {
+    auto* const item = new QCPItemText(this);
+    item->setClipToAxisRect(false);
+    item->setText(text);
+    item->setFont(font());
+    item->setColor(colour);
+    return item;
+}
+
+QColor ChartView::Shaded(double share) const {
+    return Mixed(palette().color(QPalette::Text), palette().color(QPalette::Base), share);
+}
+
+QColor ChartView::ColourOfSide() const {
+    return SideColour(std::max(0, chart_->Index), palette());
+}
+
+void ChartView::ShowColours() {
+    const QColor text = Shaded(Shade::Full);
+    const QColor quiet = Shaded(Shade::Quiet);
+    const std::array<std::pair<QCPAxis*, QColor>, 3> axes{
+        {{xAxis, text}, {yAxis, ColourOfSide()}, {yAxis2, quiet}}};
+
+    setBackground(palette().color(QPalette::Base));
+    for (const auto& [axis, colour] : axes) {
+        axis->setBasePen(colour);
+        axis->setTickPen(colour);
+        axis->setLabelColor(colour);
+        axis->setTickLabelColor(colour);
         axis->setLabelFont(font());
         axis->setTickLabelFont(font());
-        axis->grid()->setPen(QPen(faint, 0, Qt::DotLine));
+        axis->grid()->setPen(QPen(Shaded(Shade::TableLine), 0, Qt::DotLine));
+        axis->grid()->setZeroLinePen(Qt::NoPen);
     }
     QFont titleFont = font();
     titleFont.setBold(true);
     title_->setFont(titleFont);
     title_->setTextColor(text);
-    legend->setBrush(Qt::NoBrush);
-    legend->setBorderPen(Qt::NoPen);
+    sentence_->setFont(font());
+    sentence_->setTextColor(text);
+
+    const int em = fontMetrics().height();
     legend->setFont(font());
     legend->setTextColor(text);
-    series_[0]->setBrush(colours.First);
-    series_[0]->setPen(colours.First);
-    series_[1]->setBrush(colours.Second);
-    series_[1]->setPen(colours.Second);
+    legend->setIconSize(em * 3 / 4, em * 3 / 4);
+    for (std::size_t i = 0; i < series_.size(); ++i) {
+        series_[i]->setBrush(i == 0 ? ColourOfSide() : Shaded(ThinColumnShade));
+        series_[i]->setPen(Qt::NoPen);
+    }
+    exact_->setScatterStyle({QCPScatterStyle::ssDiamond, QPen(text, 1.5), palette().color(QPalette::Base),
+                             fontMetrics().height() * 0.6});
+}
+
+int ChartView::WidthOfLabels() const {
+    return static_cast<int>(chart_->Rows().size()) * fontMetrics().horizontalAdvance(QStringLiteral("000"));
 }
 
 QString ChartView::DetailsAt(const QPoint& place) const {
@@ -173,12 +368,12 @@ QString ChartView::DetailsAt(const QPoint& place) const {
     const int row = qRound(xAxis->pixelToCoord(place.x()));
     if (row < 0 || row >= static_cast<int>(chart_->Rows().size()))
         return {};
-    return QString::fromStdString(chart_->Rows()[static_cast<std::size_t>(row)].Details);
+    return ToQt(chart_->Rows()[static_cast<std::size_t>(row)].Details);
 }
 
 QSize ChartView::sizeHint() const {
     // Room for the label of every category, and for the axes beside them.
-    return {WidthOfLabels() * 5 / 4, minimumHeight() * 5 / 4};
+    return {std::max(minimumWidth(), WidthOfLabels() * 6 / 5), fontMetrics().height() * 19};
 }
 
 bool ChartView::event(QEvent* event) {
@@ -195,16 +390,13 @@ bool ChartView::event(QEvent* event) {
 
 void ChartView::changeEvent(QEvent* event) {
     QCustomPlot::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
-        ShowColours();
-        replot(rpQueuedReplot);
-    }
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+        ShowAll();
 }
 
 void ChartView::resizeEvent(QResizeEvent* event) {
     QCustomPlot::resizeEvent(event);
-    ShowLabels();
-    replot(rpQueuedReplot);
+    ShowAll();
 }
 
 void ChartView::contextMenuEvent(QContextMenuEvent* event) {
@@ -214,8 +406,21 @@ void ChartView::contextMenuEvent(QContextMenuEvent* event) {
 void ChartView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
         OpenMenu(mapToGlobal(axisRect()->topLeft()));
+    else if (event->key() == Qt::Key_Left)
+        ShowDetails(current_ - 1);
+    else if (event->key() == Qt::Key_Right)
+        ShowDetails(current_ + 1);
+    else if (event->matches(QKeySequence::Copy))
+        CopyNumbers();
     else
         QCustomPlot::keyPressEvent(event);
+}
+
+void ChartView::ShowDetails(int row) {
+    current_ = std::clamp(row, 0, static_cast<int>(chart_->Rows().size()) - 1);
+    const QPoint place(qRound(xAxis->coordToPixel(current_)), axisRect()->bottom());
+    QToolTip::showText(mapToGlobal(place), ToQt(chart_->Rows()[static_cast<std::size_t>(current_)].Details),
+                       this);
 }
 
 void ChartView::focusInEvent(QFocusEvent* event) {
@@ -230,22 +435,27 @@ void ChartView::focusOutEvent(QFocusEvent* event) {
 
 void ChartView::paintEvent(QPaintEvent* event) {
     QCustomPlot::paintEvent(event);
-    if (!hasFocus())
-        return;
     QPainter painter(this);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2.0));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    if (hasFocus()) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2.0));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    } else {
+        painter.setPen(Shaded(Shade::TableLine));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+void ChartView::CopyNumbers() const {
+    QGuiApplication::clipboard()->setText(ToQt(chart_->Numbers()));
 }
 
 void ChartView::OpenMenu(const QPoint& position) {
     // Not executed but popped up: a run that pumps this event goes on behind the menu.
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(QString::fromStdString(chart_->CopyPicture), this,
+    menu->addAction(ToQt(chart_->CopyPicture), this,
                     [this] { QGuiApplication::clipboard()->setPixmap(toPixmap(0, 0, devicePixelRatioF())); });
-    menu->addAction(QString::fromStdString(chart_->CopyNumbers), this, [this] {
-        QGuiApplication::clipboard()->setText(QString::fromStdString(chart_->Numbers()));
-    });
+    menu->addAction(ToQt(chart_->CopyNumbers), this, &ChartView::CopyNumbers);
     menu->popup(position);
 }
 

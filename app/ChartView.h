@@ -8,7 +8,9 @@
 
 namespace vorhaven {
 
-/// A chart's columns: the first series on the left axis, the second on an axis of its own on the right.
+/// A chart's columns: the first series on the left axis in the colour of the chart's side, the second, thin
+/// and quiet, on an axis of its own on the right; what the chart tells beside them; and exact values as
+/// diamonds.
 class ChartView final : public QCustomPlot {
 public:
     /// `chart` must outlive the view.
@@ -27,21 +29,46 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void MakeHeading();
+    void MakeAxes();
+    void MakePlottables();
+
     /// Opens the chart's own menu.
     void OpenMenu(const QPoint& position);
-    void ShowData();
+    void CopyNumbers() const;
+    /// Tells about a category as hovering does, and makes it the current one.
+    void ShowDetails(int row);
+
+    // What is shown is made anew whenever the chart, the colours, the font or the size change.
+    void ShowAll();
+    void ShowColours();
+    /// Puts the legend beside the title, or below it where there is no room.
+    void PlaceLegend();
+    void ShowColumns();
+    void ShowFigures();
+    void ShowMean();
+    /// Labels as many categories as there is room for, those that cannot occur more faintly.
+    void ShowLabels();
+    void ShowUnreachable();
+    QCPItemText* MakeText(const QString& text, const QColor& colour);
+
     /// What the labels of all categories take side by side, in pixels.
     [[nodiscard]] int WidthOfLabels() const;
-    /// Labels as many categories as there is room for.
-    void ShowLabels();
-    void ShowColours();
     /// What there is to tell about the category at a place in the view; empty outside of the chart's area.
     [[nodiscard]] QString DetailsAt(const QPoint& place) const;
+    /// Text colour over the Base colour, in a share of the text's.
+    [[nodiscard]] QColor Shaded(double share) const;
+    [[nodiscard]] QColor ColourOfSide() const;
 
     Chart* chart_;
+    QCPLayoutGrid* heading_ = nullptr;
     QCPTextElement* title_;
+    QCPTextElement* sentence_;
     std::array<QCPBars*, 2> series_{};
-    /// The chart has changed since its data were shown.
+    QCPGraph* exact_ = nullptr;
+    /// The category that the arrow keys have led to.
+    int current_ = -1;
+    /// The chart has changed since it was shown.
     bool isStale_ = false;
 };
 

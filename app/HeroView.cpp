@@ -3,6 +3,7 @@
 #include "app/HeroView.h"
 
 #include "app/BoundWidgets.h"
+#include "app/Shade.h"
 
 #include <QGroupBox>
 #include <QPushButton>
@@ -21,6 +22,19 @@ QList<NumberBox*> AddFields(frmHero& hero, QFormLayout& layout, std::span<HeroFi
     return boxes;
 }
 
+/// The hero's name and, quietly beside it, which line it is.
+QWidget* MakeName(frmHero& hero) {
+    auto* const place = Make<QLabel>(hero.lblWhereabouts);
+    SetShade(*place, Shade::Quiet);
+    auto* const both = new QWidget;
+    auto* const layout = new QHBoxLayout(both);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(Make<QLabel>(hero.lblName));
+    layout->addSpacing(both->fontMetrics().height());
+    layout->addWidget(place, 1);
+    return both;
+}
+
 } // namespace
 
 HeroView::HeroView(frmHero& hero, QWidget* parent) : SecondaryWindow(hero, parent) {
@@ -29,7 +43,7 @@ HeroView::HeroView(frmHero& hero, QWidget* parent) : SecondaryWindow(hero, paren
     auto* const unitInfo = Make<QGroupBox>(hero.fraUnitInfo);
     auto* const unitLayout = new QFormLayout;
     unitInfo->setLayout(unitLayout);
-    AddRow(*unitLayout, hero.lblNameCaption, Make<QLabel>(hero.lblName));
+    AddRow(*unitLayout, hero.lblNameCaption, MakeName(hero));
     firstField_ = AddFields(hero, *unitLayout, hero.UnitFields).front();
     auto* const stackBonus = Make<QGroupBox>(hero.fraStackBonus);
     auto* const stackLayout = new QFormLayout;
@@ -39,7 +53,14 @@ HeroView::HeroView(frmHero& hero, QWidget* parent) : SecondaryWindow(hero, paren
     auto* const layout = new QGridLayout(this);
     layout->addWidget(unitInfo, 0, 0);
     layout->addWidget(stackBonus, 0, 1);
-    layout->addWidget(MakeDone(hero, hero.cmdProceed), 1, 1, Qt::AlignRight);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch();
+    auto* const lastValues = MakeFocusable<QPushButton>(hero, hero.cmdLastValues);
+    buttons->addWidget(lastValues);
+    // On to the fields that it has filled: Enter presses Done then, not the same button once more.
+    connect(lastValues, &QPushButton::clicked, this, &HeroView::GoToFirstField);
+    buttons->addWidget(MakeDone(hero, hero.cmdProceed));
+    layout->addLayout(buttons, 1, 0, 1, 2);
     // Wide enough for the caption, with the frame's buttons beside it.
     layout->addItem(new QSpacerItem(fontMetrics().horizontalAdvance(windowTitle()) * 5 / 4 + 100, 0), 2, 0, 1,
                     2);
@@ -47,6 +68,10 @@ HeroView::HeroView(frmHero& hero, QWidget* parent) : SecondaryWindow(hero, paren
 
 void HeroView::showEvent(QShowEvent* event) {
     SecondaryWindow::showEvent(event);
+    GoToFirstField();
+}
+
+void HeroView::GoToFirstField() {
     firstField_->setFocus(Qt::TabFocusReason);
     firstField_->selectAll();
 }

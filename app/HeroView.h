@@ -19,6 +19,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void GoToFirstField();
+
     NumberBox* firstField_ = nullptr;
 };
 

@@ -5,6 +5,7 @@
 #include "app/BoundWidgets.h"
 #include "app/ChartView.h"
 #include "app/Scroller.h"
+#include "app/Shade.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -13,7 +14,8 @@ namespace vorhaven {
 
 MoreResultsView::MoreResultsView(frmMoreResults& results, QWidget* parent)
     : SecondaryWindow(results, parent) {
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    // A window of its own right: as a dialog it would stay in front of the main window.
+    setWindowFlags(Qt::Window);
     auto* const charts = new QWidget;
     auto* const chartLayout = new QVBoxLayout(charts);
     chartLayout->setContentsMargins(0, 0, 0, 0);
@@ -21,7 +23,12 @@ MoreResultsView::MoreResultsView(frmMoreResults& results, QWidget* parent)
         chartLayout->addWidget(new ChartView(*chart), 1);
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(new Scroller(charts), 1);
-    layout->addWidget(MakeDone(results, results.sscDone), 0, Qt::AlignRight);
+    auto* const bottom = new QHBoxLayout;
+    auto* const newerRun = Make<QLabel>(results.lblNewerRun);
+    SetShade(*newerRun, Shade::Quiet);
+    bottom->addWidget(newerRun, 1);
+    bottom->addWidget(MakeDone(results, results.sscDone));
+    layout->addLayout(bottom);
 }
 
 } // namespace vorhaven

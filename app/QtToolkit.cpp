@@ -162,12 +162,22 @@ void QtToolkit::ShowModal(frmStats& window) {
 }
 
 void QtToolkit::Show(frmMoreResults& window) {
-    // Without a parent, so that it can lie behind the main window.
-    moreResultsView_ = std::make_unique<MoreResultsView>(window, nullptr);
-    MoreResultsView& view = *moreResultsView_;
-    KeepWith(view, window.Unloading.Connect([&view] { view.close(); }));
-    Load(view, window);
-    view.show();
+    if (moreResultsView_ == nullptr) {
+        // Without a parent, so that it can lie behind the main window.
+        moreResultsView_ = std::make_unique<MoreResultsView>(window, nullptr);
+        MoreResultsView& view = *moreResultsView_;
+        KeepWith(view, window.Unloading.Connect([&view] { view.close(); }));
+        Load(view, window);
+    } else {
+        // The view stays where the user has put it, unless its screen is gone.
+        window.Form_Load();
+        if (QGuiApplication::screenAt(moreResultsView_->geometry().center()) == nullptr)
+            Fit(*moreResultsView_, window);
+    }
+    moreResultsView_->setWindowState(moreResultsView_->windowState() & ~Qt::WindowMinimized);
+    moreResultsView_->show();
+    moreResultsView_->raise();
+    moreResultsView_->activateWindow();
 }
 
 } // namespace vorhaven

@@ -3,39 +3,17 @@
 #include "app/StatsView.h"
 
 #include "app/BoundWidgets.h"
+#include "app/GridView.h"
 #include "app/Scroller.h"
+#include "app/Shade.h"
 
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QPushButton>
-#include <QScrollBar>
-#include <QTableWidget>
 
 #include <span>
 
 namespace vorhaven {
 namespace {
-
-/// A grid that asks for the room of all its columns and of eight armies; the rest is scrolled to.
-class ArmyGrid final : public QTableWidget {
-public:
-    ArmyGrid() {
-        setSelectionBehavior(SelectRows);
-        setHorizontalScrollMode(ScrollPerPixel);
-        verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-        verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 3);
-    }
-
-    [[nodiscard]] QSize sizeHint() const override { return SizeForRows(8); }
-    [[nodiscard]] QSize minimumSizeHint() const override { return {0, SizeForRows(3).height()}; }
-
-private:
-    [[nodiscard]] QSize SizeForRows(int rows) const {
-        return {horizontalHeader()->length() + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
-                horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() +
-                    2 * frameWidth()};
-    }
-};
 
 QFrame* MakeSeparator() {
     auto* const line = new QFrame;
@@ -78,11 +56,18 @@ StatsView::StatsView(frmStats& stats, QWidget* parent) : SecondaryWindow(stats, 
     for (std::size_t side = 0; side < frames.size(); ++side) {
         auto* const frame = Make<QGroupBox>(*frames[side]);
         auto* const frameLayout = new QVBoxLayout(frame);
-        auto* const grid = Make<ArmyGrid>(stats.msfgStackStats[side]);
+        auto* const grid = new GridView(stats.msfgStackStats[side]);
         grid->setAccessibleName(frame->title());
-        frameLayout->addWidget(grid);
+        frameLayout->addWidget(grid, 1);
+        auto* const strength = Make<QLabel>(stats.lblStrength[side]);
+        SetShade(*strength, Shade::Quiet);
+        QObject::connect(grid, &QTableWidget::currentCellChanged, strength,
+                         [strength] { SetShade(*strength, Shade::Full); });
+        // A long one does not widen the window.
+        strength->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        frameLayout->addWidget(strength);
         frameLayout->addLayout(MakePanel(stats.Panels[side]));
-        stackLayout->addWidget(frame, 1);
+        stackLayout->addWidget(frame);
     }
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(new Scroller(stacks), 1);

@@ -19,7 +19,8 @@ inline bool AbortRequested = false;
 /// results. `dice`: faces of the combat die. `viewStats`: show the stack statistics in battle 1. `cityLevel`:
 /// 0 none, 1 village, 2 castle, 3 citadel. A battle in which neither side can ever lose a point does not end:
 /// no limit is set and no event is processed inside a battle. Raises error 5 when a side has no army to send,
-/// error 6 when a sum does not fit, error 7 when the results do not fit into memory, error 11 for no battles.
+/// error 6 when a sum does not fit, error 7 when the results do not fit into memory, error 9 for a negative
+/// number of battles or a unit outside the catalogue, error 11 for no battles.
 void Add(BattleHost& host, Long numBattles, Long dice, bool viewStats, Long cityLevel);
 
 /// Limits a stack value, raw or reduced by the enemy's, to -1..5.

@@ -24,13 +24,13 @@ bool SendToAttackFront();
 void SendToDefendFront();
 /// Remembers the current hits of every army of a stack as its start hits.
 void CacheStartHits(CStackAtt& stack);
-/// Who has won, given the sizes of the fronts. Sends the next attacking stack when a front is wiped out; the
-/// front defender then gets its start hits back.
+/// Who has won, given the sizes of the fronts. Sends the next attacking stack when the attacking front is
+/// wiped out; the front defender then gets its start hits back.
 [[nodiscard]] Victor CheckIfVictor(Long attackCount, Long defendCount, CStackAtt& defendFront);
 
 // StackEffects.cpp
 
-/// Each front by itself, then with the city behind the defender.
+/// Evaluates each front by itself, the defending one with what its city gives.
 void EvalStacksSelfEffect(Long cityLevel);
 /// Poison, disease and curse, then the stack bonuses that the fronts leave each other.
 void EvalStacksMutualEffect();

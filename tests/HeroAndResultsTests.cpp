@@ -129,8 +129,11 @@ TEST(MoreResults, ChartsHowOftenEachLossCameAndWhatItLastCost) {
                     "Number of Armies Destroyed\t% Chance\tProduction Turns Lost\n0\t98\t0\n1\t0\t0\n"));
     EXPECT_EQ(window.mscAttMore.Description(),
               "Distribution of Number of Attacking Armies Destroyed\n"
-              "0 armies destroyed: 199 of 200 battles, 100 %, 0 production turns lost\n"
-              "32 armies destroyed: 1 of 200 battles, 0 %, 1 production turn lost");
+              "0 armies destroyed: 199 of 200 battles, 0 production turns lost\n"
+              "exactly 0: 99.5%\nat most 0: 99.5%\nat least 0: 100.0%\n"
+              "32 armies destroyed: 1 of 200 battles, 1 production turn lost\n"
+              "exactly 32: 0.5%\nat most 32: 100.0%\nat least 32: 0.5%\n"
+              "mean 0.2\nThe attacker won no battle");
 
     const auto load = [&] { window.Form_Load(); };
     BattleResults(200, 4) = 33;
@@ -142,7 +145,7 @@ TEST(MoreResults, ChartsHowOftenEachLossCameAndWhatItLastCost) {
 TEST(Stats, ShowTheArmiesAndTheRawAdjustedAndTotalValues) {
     const SmallCatalogue catalogue;
     FakeToolkit toolkit;
-    frmStats window{toolkit, catalogue};
+    frmStats window{toolkit, catalogue, ""};
     CStackAtt attack, defend;
     for (int count = 0; count < 35; ++count)
         (count < 3 ? attack : defend).Add(CArmy{}, "").TotalStrength = 7;

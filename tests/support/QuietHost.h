@@ -35,6 +35,10 @@ public:
     /// Adds an attacker on a line from 0, and a defender.
     CArmy& BringAttacker(Long line) { return *attack_.Add(Plain(10), LineKey(line)); }
     CArmy& BringDefender() { return *defend_.Add(Plain(10), LineKey(defend_.Count())); }
+    /// Adds an army on the next line of a side.
+    CArmy& AddAttacker(const ArmyEntry& entry) { return *attack_.Add(entry, LineKey(attack_.Count())); }
+    CArmy& AddDefender(const ArmyEntry& entry) { return *defend_.Add(entry, LineKey(defend_.Count())); }
+    [[nodiscard]] const std::string& Terrain() const { return owner_.Terrain(); }
     void Clear() { attack_ = defend_ = CAttackArmies{owner_}; }
 
     [[nodiscard]] const CAttackArmies& AttackArmies() const override { return attack_; }

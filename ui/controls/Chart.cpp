@@ -4,6 +4,8 @@
 
 #include "base/Conversion.h"
 
+#include <algorithm>
+
 namespace vorhaven {
 
 Chart::Row& Chart::At(Long row) {
@@ -24,6 +26,20 @@ void Chart::SetData(Long row, Long series, Long value) {
     Changed.Raise();
 }
 
+void Chart::SetFigure(Long row, std::string figure) {
+    At(row).Figure = std::move(figure);
+    Changed.Raise();
+}
+
+void Chart::SetExact(Long row, std::optional<double> exact) {
+    At(row).Exact = exact;
+    Changed.Raise();
+}
+
+bool Chart::HasExactValues() const {
+    return std::ranges::any_of(rows_, [](const Row& row) { return row.Exact.has_value(); });
+}
+
 void Chart::SetDetails(Long row, std::string details, bool isEmpty) {
     At(row).Details = std::move(details);
     At(row).IsEmpty = isEmpty;
@@ -34,6 +50,8 @@ std::string Chart::Numbers() const {
     std::string table = CategoryTitle + "\t" + ValueTitles[0] + "\t" + ValueTitles[1] + "\n";
     for (const Row& row : rows_)
         table += row.Label + "\t" + ToText(row.Values[0]) + "\t" + ToText(row.Values[1]) + "\n";
+    for (const auto& [name, total] : Beside.Get().Totals)
+        table += name + "\t" + ToText(total) + "\n";
     return table;
 }
 
@@ -42,6 +60,10 @@ std::string Chart::Description() const {
     for (const Row& row : rows_)
         if (!row.IsEmpty)
             description += "\n" + row.Details;
+    for (const std::string& remark :
+         {Beside.Get().MeanText, Beside.Get().WhyUnreachable, Beside.Get().Sentence})
+        if (!remark.empty())
+            description += "\n" + remark;
     return description;
 }
 

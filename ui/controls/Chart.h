@@ -5,7 +5,9 @@
 #include "ui/controls/Controls.h"
 
 #include <array>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vorhaven {
@@ -17,9 +19,29 @@ public:
         std::string Label;
         /// By series.
         std::array<Long, 2> Values;
+        /// The first value as it stands above its column; empty for none.
+        std::string Figure;
+        /// What the first value would be without chance.
+        std::optional<double> Exact;
         /// What the user is told about the row, and whether there is anything to tell beyond zeros.
         std::string Details;
         bool IsEmpty = true;
+    };
+
+    /// What the chart tells beside its columns.
+    struct Remarks {
+        /// The mean of the categories, as a category.
+        std::optional<double> Mean;
+        std::string MeanText;
+        /// How many categories can occur, from the first one on; and why no others.
+        Long Reachable;
+        std::string WhyUnreachable;
+        std::string Sentence;
+        /// The highest value of each series that the chart has to have room for.
+        std::array<double, 2> Highest{};
+        /// Numbers that are copied below those of the rows, with their names.
+        std::vector<std::pair<std::string, Long>> Totals;
+        bool operator==(const Remarks&) const = default;
     };
 
     Chart(Long rows, std::string title, std::string categoryTitle, std::array<std::string, 2> valueTitles)
@@ -30,21 +52,29 @@ public:
     const std::string CategoryTitle;
     /// The axis title of each series, which is its name in the legend too.
     const std::array<std::string, 2> ValueTitles;
+    /// The name of the exact values in the legend.
+    const std::string ExactTitle = "Exact";
 
     /// The captions of the chart's own menu.
     const std::string CopyPicture = "Copy Picture";
     const std::string CopyNumbers = "Copy Numbers";
 
     [[nodiscard]] const std::vector<Row>& Rows() const { return rows_; }
+    [[nodiscard]] bool HasExactValues() const;
 
     // These raise error 9 outside the chart.
     void SetRowLabel(Long row, std::string label);
     void SetData(Long row, Long series, Long value);
+    void SetFigure(Long row, std::string figure);
+    void SetExact(Long row, std::optional<double> exact);
     void SetDetails(Long row, std::string details, bool isEmpty);
 
-    /// The numbers as a table, columns separated by tabs and rows by line ends, headings first.
+    Property<Remarks> Beside{*this, {}};
+
+    /// The numbers as a table, columns separated by tabs and rows by line ends, headings first, totals last.
     [[nodiscard]] std::string Numbers() const;
-    /// The details of the rows that are not empty, a line each: the chart for those who cannot see it.
+    /// The details of the rows that are not empty and the remarks, a line each: the chart for those who
+    /// cannot see it.
     [[nodiscard]] std::string Description() const;
 
 private:

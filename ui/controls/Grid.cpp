@@ -2,6 +2,8 @@
 
 #include "ui/controls/Grid.h"
 
+#include <algorithm>
+
 namespace vorhaven {
 
 Grid::Grid(Long rows, std::string_view headerFormat, std::string toolTip) : Control(std::move(toolTip)) {
@@ -22,6 +24,7 @@ Grid::Grid(Long rows, std::string_view headerFormat, std::string toolTip) : Cont
         headerFormat.remove_prefix(bar + 1);
     }
     cells_.assign(rows.Index(), std::vector<std::string>(columns_.size()));
+    details_.resize(cells_.size());
     for (std::size_t column = 0; column < columns_.size(); ++column)
         cells_[0][column] = columns_[column].Header;
 }
@@ -46,6 +49,45 @@ void Grid::Emphasise(Long row, Long column) {
 
 bool Grid::IsEmphasised(Long row, Long column) const {
     return emphasised_.contains({row, column});
+}
+
+void Grid::Quieten(Long row, Long column) {
+    (void)Text(row, column);
+    quiet_.emplace(row, column);
+    Changed.Raise();
+}
+
+bool Grid::IsQuiet(Long row, Long column) const {
+    return quiet_.contains({row, column});
+}
+
+void Grid::SetDetails(Long row, std::string details) {
+    (void)Text(row, 0);
+    details_[row.Index()] = std::move(details);
+    Changed.Raise();
+}
+
+const std::string& Grid::Details(Long row) const {
+    (void)Text(row, 0);
+    return details_[row.Index()];
+}
+
+Long Grid::LastFilledRow() const {
+    Long row = RowCount() - 1;
+    while (row > 0 && std::ranges::all_of(cells_[row.Index()], &std::string::empty))
+        --row;
+    return row;
+}
+
+std::string Grid::Numbers() const {
+    std::string table;
+    for (Long row = 0; row <= LastFilledRow(); ++row) {
+        std::string line;
+        for (const std::string& text : cells_[row.Index()])
+            line += (&text == &cells_[row.Index()].front() ? "" : "\t") + text;
+        table += line + "\n";
+    }
+    return table;
 }
 
 } // namespace vorhaven

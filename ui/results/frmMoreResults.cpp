@@ -5,17 +5,38 @@
 #include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
 
+#include <algorithm>
+
 namespace vorhaven {
 namespace {
 
 using MBattleCalc::BattleResults;
 namespace ResultColumn = MBattleCalc::ResultColumn;
 
-/// "2 armies destroyed: 333 of 1000 battles, 33 %, 5 production turns lost"
-std::string DetailsOf(Long armies, Long battles, Long numBattles, Long percent, Long turns) {
-    return ToText(armies) + (armies == 1 ? " army" : " armies") + " destroyed: " + ToText(battles) + " of " +
-           ToText(numBattles) + " battles, " + ToText(percent) + " %, " + ToText(turns) +
-           (turns == 1 ? " production turn" : " production turns") + " lost";
+/// Exact values below this, in percent, are as good as none.
+constexpr double LeastExact = 0.05;
+
+/// The battles that were fought: an aborted run leaves zeros behind them, while a battle that was fought cost
+/// someone an army.
+Long CountFought(Long numBattles) {
+    const auto isFought = [](Long battle) {
+        for (Long column = 1; column <= ResultColumn::Last; ++column)
+            if (BattleResults(battle, column) != 0)
+                return true;
+        return false;
+    };
+    while (numBattles > 0 && !isFought(numBattles))
+        --numBattles;
+    return numBattles;
+}
+
+void Count(LossSummary& summary, Long slain, Long turns, bool hasWon) {
+    ++summary.Counts.at(slain.Index());
+    if (!hasWon)
+        return;
+    ++summary.Wins;
+    summary.ArmiesLostInWins += slain.Value();
+    summary.TurnsLostInWins += turns.Value();
 }
 
 } // namespace
@@ -23,6 +44,8 @@ std::string DetailsOf(Long armies, Long battles, Long numBattles, Long percent, 
 frmMoreResults::frmMoreResults(Desktop& desktop, std::function<Long()> numBattles)
     : Form("Detailed Combat Results"), desktop_(&desktop), numBattles_(std::move(numBattles)) {
     sscDone.Click = [this] { sscDone_Click(); };
+    mscAttMore.Index = 0;
+    mscDefMore.Index = 1;
 }
 
 // Several of the location texts below carry another window's name. They stay so: they are what reports show.
@@ -34,6 +57,12 @@ void frmMoreResults::Form_Load() {
     ConvertResults();
     CalculateResultPercent();
     FillChart();
+    Annotate();
+    lblNewerRun.Caption = "";
+}
+
+void frmMoreResults::RunFinished() {
+    lblNewerRun.Caption = "A newer run exists: press More Results to see it";
 }
 
 void frmMoreResults::InitializeResultArrays() {
@@ -76,16 +105,86 @@ void frmMoreResults::FillChart() {
     FillChart(mscDefMore, defendLosses_);
 }
 
-void frmMoreResults::FillChart(Chart& chart, const LossTable& losses) const {
-    const Long numBattles = numBattles_();
+void frmMoreResults::FillChart(Chart& chart, const LossTable& losses) {
     for (Long armies = 0; armies < LossCounts; ++armies) {
         const LossRow& row = losses[armies.Index()];
         chart.SetRowLabel(armies + 1, ToText(armies));
         chart.SetData(armies + 1, 1, row.Percent);
         chart.SetData(armies + 1, 2, row.Turns);
-        chart.SetDetails(armies + 1, DetailsOf(armies, row.Battles, numBattles, row.Percent, row.Turns),
-                         row.Battles == 0);
     }
+}
+
+std::array<LossSummary, 2> frmMoreResults::Summaries() const {
+    std::array<LossSummary, 2> sides;
+    const Long numBattles = numBattles_();
+    const Long numFought = CountFought(numBattles);
+    for (LossSummary& side : sides) {
+        side.Battles = numBattles;
+        side.Fought = numFought;
+    }
+    for (Long battle = 1; battle <= numFought; ++battle) {
+        const bool attackerWon = BattleResults(battle, ResultColumn::Winner) == 1;
+        Count(sides[0], BattleResults(battle, ResultColumn::AttackersSlain),
+              BattleResults(battle, ResultColumn::AttackTurnsLost), attackerWon);
+        Count(sides[1], BattleResults(battle, ResultColumn::DefendersSlain),
+              BattleResults(battle, ResultColumn::DefendTurnsLost), !attackerWon);
+    }
+    return sides;
+}
+
+void frmMoreResults::Annotate() {
+    const Trap trap{"frmMoreResults::Annotate"};
+    // Both charts have the same scales, so that they can be compared.
+    std::array<double, 2> highest{};
+    for (const LossTable* losses : {&attackLosses_, &defendLosses_})
+        for (const LossRow& row : *losses) {
+            highest[0] = std::max(highest[0], static_cast<double>(row.Percent.Value()));
+            highest[1] = std::max(highest[1], static_cast<double>(row.Turns.Value()));
+        }
+    if (Known && Known->ExactLosses)
+        for (const LossOdds& odds : *Known->ExactLosses)
+            highest[0] = std::max(highest[0], *std::ranges::max_element(odds) * 100.0);
+    const std::array<LossSummary, 2> summaries = Summaries();
+    Annotate(mscAttMore, attackLosses_, summaries[0], highest);
+    Annotate(mscDefMore, defendLosses_, summaries[1], highest);
+}
+
+void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossSummary& summary,
+                              std::array<double, 2> highest) const {
+    const auto side = static_cast<std::size_t>(chart.Index);
+    const std::optional<LossOdds> exact =
+        Known && Known->ExactLosses ? std::optional((*Known->ExactLosses)[side]) : std::nullopt;
+
+    Chart::Remarks remarks;
+    remarks.Reachable = LossCounts;
+    if (Known && Known->ArmyCounts[side] < MaxLines) {
+        const Long armies = Known->ArmyCounts[side];
+        remarks.Reachable = armies + 1;
+        remarks.WhyUnreachable =
+            "only " + ToText(armies) + (armies == 1 ? " army was" : " armies were") + " in the list";
+    }
+    remarks.Mean = summary.Mean();
+    if (remarks.Mean)
+        remarks.MeanText = "mean " + OneDecimal(*remarks.Mean);
+    remarks.Sentence = summary.Sentence(side == 0 ? "attacker" : "defender");
+    remarks.Highest = highest;
+    remarks.Totals = {{"Number of Battles", summary.Battles}};
+    if (summary.Fought < summary.Battles)
+        remarks.Totals.emplace_back("Battles Fought", summary.Fought);
+
+    for (std::int32_t armies = 0; armies < LossCounts; ++armies) {
+        const LossRow& row = losses[static_cast<std::size_t>(armies)];
+        const bool hasOccurred = row.Battles != 0;
+        const double percent = exact ? (*exact)[static_cast<std::size_t>(armies)] * 100.0 : 0.0;
+        chart.SetFigure(armies + 1, !hasOccurred ? "" : row.Percent == 0 ? "<1" : ToText(row.Percent));
+        chart.SetExact(armies + 1, percent >= LeastExact ? std::optional(percent) : std::nullopt);
+        chart.SetDetails(armies + 1,
+                         hasOccurred || armies < remarks.Reachable
+                             ? summary.Details(armies, row.Turns, exact)
+                             : ToText(armies) + " armies destroyed: " + remarks.WhyUnreachable,
+                         !hasOccurred);
+    }
+    chart.Beside = remarks;
 }
 
 void frmMoreResults::sscDone_Click() {

@@ -2,12 +2,13 @@
 
 #pragma once
 
-#include "model/CAttackArmies.h"
 #include "ui/controls/Chart.h"
 #include "ui/controls/Form.h"
+#include "ui/results/LossSummary.h"
 
 #include <array>
 #include <functional>
+#include <optional>
 
 namespace vorhaven {
 
@@ -18,9 +19,24 @@ public:
     /// `desktop` must outlive the window. `numBattles`: the main window's number of battles.
     frmMoreResults(Desktop& desktop, std::function<Long()> numBattles);
 
+    /// What is known about the battles of the last run beside their results, attackers first.
+    struct Background {
+        /// Armies in the lists.
+        std::array<Long, 2> ArmyCounts;
+        /// The exact odds of each number of losses, where they could be computed.
+        std::optional<std::array<LossOdds, 2>> ExactLosses;
+    };
+    /// Set before the window is loaded. Without it the charts tell the results alone.
+    std::optional<Background> Known;
+
     void Form_Load() override;
 
+    /// A run has ended: what the window shows, if it is open, is no longer the last one.
+    void RunFinished();
+
     Button sscDone{"&Done"};
+    /// Says so when there are newer results than those in the charts.
+    Label lblNewerRun;
     Chart mscAttMore{LossCounts,
                      "Distribution of Number of Attacking Armies Destroyed",
                      "Number of Armies Destroyed",
@@ -31,9 +47,6 @@ public:
                      {"% Chance", "Production Turns Lost"}};
 
 private:
-    /// From no army to all lines of a list.
-    static constexpr std::int32_t LossCounts = MaxLines + 1;
-
     /// What the run says about one number of losses.
     struct LossRow {
         Long Battles;
@@ -47,7 +60,12 @@ private:
     void ConvertResults();
     void CalculateResultPercent();
     void FillChart();
-    void FillChart(Chart& chart, const LossTable& losses) const;
+    static void FillChart(Chart& chart, const LossTable& losses);
+    /// Adds to the charts what they tell beside the columns.
+    void Annotate();
+    [[nodiscard]] std::array<LossSummary, 2> Summaries() const;
+    void Annotate(Chart& chart, const LossTable& losses, const LossSummary& summary,
+                  std::array<double, 2> highest) const;
     void sscDone_Click();
 
     Desktop* desktop_;

@@ -4,6 +4,7 @@
 
 #include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
+#include "ui/results/Strength.h"
 
 namespace vorhaven {
 namespace {
@@ -53,9 +54,13 @@ void StackPanel::ShowAdjusted(const CStackAtt& stack, const CStackAtt& enemy) {
         Adjusted[i].Figure.Caption = ToText(MBattleCalc::PowerFilter(values[i]));
 }
 
-frmStats::frmStats(Desktop& desktop, const CatalogueProvider& provider)
-    : Form("Stack Statistics"), desktop_(&desktop), provider_(&provider) {
+frmStats::frmStats(Desktop& desktop, const CatalogueProvider& provider, std::string terrain)
+    : Form("Stack Statistics"), desktop_(&desktop), provider_(&provider), terrain_(std::move(terrain)) {
     sscDone.Click = [this] { sscDone_Click(); };
+    for (std::size_t side = 0; side < msfgStackStats.size(); ++side)
+        msfgStackStats[side].RowPicked = [this, side](Long row) {
+            lblStrength[side].Caption = msfgStackStats[side].Details(row);
+        };
 }
 
 void frmStats::Form_Load() {
@@ -91,9 +96,15 @@ void frmStats::FillGrid(Grid& grid, const CStackAtt& stack) const {
                                                 BooleanText(army.Poisoned),
                                                 BooleanText(army.Diseased),
                                                 ToText(army.HasMedal)};
-        for (std::size_t column = 0; column < texts.size(); ++column)
-            grid.SetText(row, static_cast<std::int32_t>(column), texts[column]);
+        for (std::int32_t column = 0; column < SizeOf(texts); ++column) {
+            const std::string& text = texts[static_cast<std::size_t>(column)];
+            grid.SetText(row, column, text);
+            if (text == BooleanText(false) || text == ToText(0))
+                grid.Quieten(row, column);
+        }
         grid.Emphasise(row, TotalStrengthColumn);
+        grid.SetDetails(row, grid.Columns()[TotalStrengthColumn].Header + " of " + army.Name.Text() + ": " +
+                                 SumText(ExplainStrength(army, stack, terrain_)));
     }
 }
 

@@ -41,8 +41,8 @@ public:
 /// The stack statistics: what the engine has made of the two stacks before the dice roll.
 class frmStats final : public Form {
 public:
-    /// `desktop` and `provider` must outlive the window.
-    frmStats(Desktop& desktop, const CatalogueProvider& provider);
+    /// `desktop` and `provider` must outlive the window. `terrain`: the defender's.
+    frmStats(Desktop& desktop, const CatalogueProvider& provider, std::string terrain);
 
     void Form_Load() override;
 
@@ -66,14 +66,19 @@ public:
              "<Name                       |<Init Str |<Tot Str |<Hits    |<CB Name |<CB Val  |<Power Name |"
              "<Power Val |<Blessed |<Poisoned |<Diseased | Medals  ",
              "Dsiplays information about defending armies"}};
+    /// Below each grid: how the strength of its current army came about.
+    std::array<Label, 2> lblStrength{Label{StrengthHint}, Label{StrengthHint}};
     std::array<StackPanel, 2> Panels{StackPanel{"attacking"}, StackPanel{"defending"}};
 
 private:
+    static constexpr const char* StrengthHint = "Select an army to see how its Tot Str came about";
+
     void FillGrid(Grid& grid, const CStackAtt& stack) const;
     void sscDone_Click();
 
     Desktop* desktop_;
     const CatalogueProvider* provider_;
+    std::string terrain_;
 };
 
 } // namespace vorhaven

@@ -21,9 +21,11 @@ void frmBrawlpad::cmdAttack_Click() {
         sscSwapSides.Enabled = false;
         assembled_ = CurrentSetup();
         FillArmyCollections();
+        foughtBattle_ = DescribeBattle();
         sscAbort.Enabled = true;
         MBattleCalc::Add(*this, NumBattles(), CombatDice, sschkViewStats.Checked,
                          cboCityLevel.ListIndex() + 1);
+        moreResults_.RunFinished();
         sscAbort.Enabled = false;
         cmdAttack.Enabled = true;
         sscSwapSides.Enabled = true;
@@ -151,7 +153,7 @@ void frmBrawlpad::ShowAverage(Long column, const std::string& text) {
 }
 
 void frmBrawlpad::ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) {
-    frmStats stats{*toolkit_, *provider_};
+    frmStats stats{*toolkit_, *provider_, Terrain()};
     stats.ShowStats(attackStack, defendStack, [&] { toolkit_->ShowModal(stats); });
 }
 

@@ -13,10 +13,11 @@ namespace {
 /// Makes army lists as a run does, but sets the heroes' values instead of asking for them.
 class UnattendedHost final : public ArmyListHost {
 public:
-    UnattendedHost(const ArmyListHost& window) : window_(&window) {}
+    UnattendedHost(Long numArmies, std::string terrain)
+        : numArmies_(numArmies), terrain_(std::move(terrain)) {}
 
-    [[nodiscard]] Long NumArmies() const override { return window_->NumArmies(); }
-    [[nodiscard]] const std::string& Terrain() const override { return window_->Terrain(); }
+    [[nodiscard]] Long NumArmies() const override { return numArmies_; }
+    [[nodiscard]] const std::string& Terrain() const override { return terrain_; }
     void EditHero(CArmy& hero) override {
         if (NextHero)
             NextHero->ApplyTo(hero);
@@ -25,8 +26,16 @@ public:
     std::optional<HeroValues> NextHero;
 
 private:
-    const ArmyListHost* window_;
+    Long numArmies_;
+    std::string terrain_;
 };
+
+/// The odds of each number of losses, of all numbers that there can be.
+LossOdds LossOddsOf(const Odds::SideOdds& side) {
+    LossOdds odds{};
+    std::ranges::copy(side.ChanceOfLosing, odds.begin());
+    return odds;
+}
 
 } // namespace
 
@@ -55,7 +64,8 @@ void frmBrawlpad::ShowOdds() {
 std::optional<Odds::BattleOdds> frmBrawlpad::ComputeOdds(const BattleDescription& battle) const {
     using Clock = std::chrono::steady_clock;
     const auto start = Clock::now();
-    UnattendedHost host{*this};
+    UnattendedHost host{NumArmies(),
+                        cboTerrain.Items().at(static_cast<std::size_t>(battle.Terrain.value())).Text};
     std::array<CAttackArmies, 2> lists{CAttackArmies{host}, CAttackArmies{host}};
     for (std::size_t side = 0; side < lists.size(); ++side)
         for (Long line = 0; line < SizeOf(battle.Sides[side]); ++line) {
@@ -65,8 +75,19 @@ std::optional<Odds::BattleOdds> frmBrawlpad::ComputeOdds(const BattleDescription
         }
     MBattleCalc::BattleStacks stacks;
     stacks.Build(lists[0], lists[1]);
-    return Odds::OddsOf(stacks, MBattleCalc::Flyers{Armies(), Heroes()}, CombatDice,
-                        cboCityLevel.ListIndex() + 1, [&] { return Clock::now() - start < OddsBudget; });
+    return Odds::OddsOf(stacks, MBattleCalc::Flyers{Armies(), Heroes()}, battle.CombatDice.value(),
+                        battle.CityLevel.value_or(-1) + 1, [&] { return Clock::now() - start < OddsBudget; });
+}
+
+frmMoreResults::Background frmBrawlpad::BackgroundOfRun() const {
+    frmMoreResults::Background background{{gobjCAttArmies->Count(), gobjCDefArmies->Count()}, std::nullopt};
+    try {
+        if (const auto odds = ComputeOdds(foughtBattle_))
+            background.ExactLosses = {LossOddsOf(odds->Attackers), LossOddsOf(odds->Defenders)};
+    } catch (const RunTimeError&) {
+        // The charts tell the results alone.
+    }
+    return background;
 }
 
 std::string frmBrawlpad::HeroesInWords(const BattleDescription& battle) const {

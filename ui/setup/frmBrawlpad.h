@@ -302,6 +302,8 @@ private:
     void ShowOdds();
     /// The odds of a battle, or nothing where they take too long.
     [[nodiscard]] std::optional<Odds::BattleOdds> ComputeOdds(const BattleDescription& battle) const;
+    /// What the detailed results are told about the last run.
+    [[nodiscard]] frmMoreResults::Background BackgroundOfRun() const;
     /// How the heroes count in the odds.
     [[nodiscard]] std::string HeroesInWords(const BattleDescription& battle) const;
 
@@ -348,6 +350,8 @@ private:
     /// The set-up of the run under way, and of the run whose quick results are shown.
     Setup assembled_;
     std::optional<Setup> fought_;
+    /// The battle of the last run, with its heroes as they were entered.
+    BattleDescription foughtBattle_;
     /// The battle whose odds are shown, and those odds.
     BattleDescription oddsOf_;
     std::optional<Odds::BattleOdds> odds_;

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "base/Long.h"
+#include "model/CAttackArmies.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace vorhaven {
+
+/// How many numbers of losses there are: from no army to all lines of a list.
+inline constexpr std::int32_t LossCounts = MaxLines + 1;
+
+/// How likely each number of losses is, 0 to 1, by the number.
+using LossOdds = std::array<double, LossCounts>;
+
+/// What a run says about the losses of one side.
+struct LossSummary {
+    /// Battles that the run was to fight, and those that it fought before it was aborted.
+    Long Battles;
+    Long Fought;
+    /// In how many of the battles fought so many armies were lost, by their number.
+    std::array<Long, LossCounts> Counts;
+    /// Battles that the side won, and what it lost in them altogether.
+    Long Wins;
+    std::int64_t ArmiesLostInWins = 0;
+    std::int64_t TurnsLostInWins = 0;
+
+    /// The average number of armies lost in a battle fought; nothing without one.
+    [[nodiscard]] std::optional<double> Mean() const;
+
+    /// The side's losses when it wins, in words, and how far an aborted run came. `side`: "attacker" or
+    /// "defender".
+    [[nodiscard]] std::string Sentence(const std::string& side) const;
+
+    /// What there is to tell about a number of losses: how often exactly, at most and at least so many armies
+    /// were lost, in percent of all battles of the run. Battles that were not fought count to none of the
+    /// three, they are told by themselves. `turns`: the production turns that such a loss costs.
+    [[nodiscard]] std::string Details(std::int32_t losses, Long turns,
+                                      const std::optional<LossOdds>& exact) const;
+};
+
+/// A number with one decimal, whatever the user's locale is.
+[[nodiscard]] std::string OneDecimal(double value);
+
+} // namespace vorhaven
