@@ -11,7 +11,6 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPainter>
-#include <QTimer>
 #include <QToolTip>
 
 #include <algorithm>
@@ -101,7 +100,7 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
     // A chart is filled value by value; it is shown once when that is done.
     KeepWith(*this, chart.Changed.Connect([this] {
         if (!std::exchange(isStale_, true))
-            QTimer::singleShot(0, this, [this] { ShowAll(); });
+            QMetaObject::invokeMethod(this, &ChartView::ShowAll, Qt::QueuedConnection);
     }));
 }
 

@@ -39,8 +39,10 @@ GridView::GridView(Grid& grid, QWidget* parent) : QTableWidget(parent), grid_(&g
     ShowRows();
     KeepWith(*this, grid.Changed.Connect([this] { ShowRows(); }));
     connect(this, &QTableWidget::currentCellChanged, this, [this](int row, int /*column*/, int previousRow) {
-        if (row >= 0 && row != previousRow)
-            RunOutermost([&] { grid_->PickRow(row + 1); });
+        if (row < 0 || row == previousRow)
+            return;
+        selectRow(row);
+        RunOutermost([&] { grid_->PickRow(row + 1); });
     });
 }
 
