@@ -96,7 +96,7 @@ Lineup LineUp(const BattleStacks& stacks, Long cityLevel) {
     defend.CountSelfPowers(CStackAtt::Mode::Defend, cityLevel);
     attack.EvalSelfPowers();
     defend.EvalSelfPowers();
-    if (stacks.NumAttackStacks == 0 || attack.Count() == 0 || defend.Count() == 0)
+    if (attack.Count() == 0 || defend.Count() == 0)
         throw RunTimeError{ErrorNumber::InvalidCall};
     attack.TotalStackBonus = StackBonus(attack, defend);
     defend.TotalStackBonus = StackBonus(defend, attack);

@@ -99,6 +99,9 @@ const std::vector<Battle> stories{
     {"Lightning 8;Lightning 3/Lightning 5", "Hits 4 Strength 9;Hits 3 Warding 3 Lightning 1", 20},
     // An attempt to assassinate leaves no shots
     {"Assass 4 Missle 3 Hits 2;Missle 6 Assass 1", "Assass 2;Hits 3;Warding 4 Missle 1", 20},
+    // Strengths above the die
+    {"Strength 14 Hits 2;Strength 12 Medals 1", "Strength 5 Hits 2;Strength 8 Medals 2 Hits 3;Strength 9",
+     10},
     // Bonuses, banding, city and flyers
     {"Leader 4 Siege 1;Morale 2 Hits 3 Trample 1;Banding 1 Size 1;Banding 1 Size 3;Banding 1",
      "Fortify 1 IsFlying Hits 4;Chaos 2 Hits 3;Fear 1 Unit 1 Hits 2;Trample 2 Hits 2", 24, 3},
