@@ -29,21 +29,27 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void MakeHeading();
-    void MakeAxes();
-    void MakePlottables();
+    // ChartView.cpp
 
     /// Opens the chart's own menu.
     void OpenMenu(const QPoint& position);
     void CopyNumbers() const;
+    /// What there is to tell about the category at a place in the view; empty outside of the chart's area.
+    [[nodiscard]] QString DetailsAt(const QPoint& place) const;
     /// Tells about a category as hovering does, and makes it the current one.
     void ShowDetails(int row);
 
+    // ChartContents.cpp
+
+    void MakeHeading();
+    void MakeAxes();
+    void MakePlottables();
+
     // What is shown is made anew whenever the chart, the colours, the font or the size change.
     void ShowAll();
-    void ShowColours();
     /// Puts the legend beside the title, or below it where there is no room.
     void PlaceLegend();
+    void ShowColours();
     void ShowColumns();
     void ShowFigures();
     void ShowMean();
@@ -51,11 +57,8 @@ private:
     void ShowLabels();
     void ShowUnreachable();
     QCPItemText* MakeText(const QString& text, const QColor& colour);
-
     /// What the labels of all categories take side by side, in pixels.
     [[nodiscard]] int WidthOfLabels() const;
-    /// What there is to tell about the category at a place in the view; empty outside of the chart's area.
-    [[nodiscard]] QString DetailsAt(const QPoint& place) const;
     /// Text colour over the Base colour, in a share of the text's.
     [[nodiscard]] QColor Shaded(double share) const;
     [[nodiscard]] QColor ColourOfSide() const;
