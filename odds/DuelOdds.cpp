@@ -10,7 +10,7 @@ namespace {
 using namespace MBattleCalc;
 
 /// The live states beyond which a battle is given up: with all that belongs to them, some ten megabytes.
-constexpr std::size_t mostStates = 65'536;
+constexpr std::size_t MostStates = 65'536;
 
 DiceOdds::Roll RollOf(Long faces, Long strength) {
     if (faces <= strength)
@@ -201,7 +201,7 @@ void DuelOdds::Win(Side side, const PerSide<State>& fighters, double chance) {
     if (Sum(winner.Chances) <= 0.0)
         return;
     (*survivors_)[side].Add(winner.Is, winner.Chances);
-    if (survivors_->Attacker.Size() + survivors_->Defender.Size() > mostStates)
+    if (survivors_->Attacker.Size() + survivors_->Defender.Size() > MostStates)
         budget_->Exhaust();
 }
 

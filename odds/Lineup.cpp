@@ -5,7 +5,7 @@
 #include "odds/DuelOdds.h"
 
 #include <algorithm>
-#include <ranges>
+#include <iterator>
 
 namespace vorhaven::Odds {
 namespace {
@@ -58,6 +58,11 @@ void Enlist(Entrant& entrant, const Outcome& outcome) {
     AddTo(entrant.States, condition, hits, outcome.Chance);
 }
 
+/// A stack's armies in the order in which they fight: the last one first.
+std::vector<CArmy> InFightingOrder(const CStackAtt& stack) {
+    return {std::make_reverse_iterator(stack.end()), std::make_reverse_iterator(stack.begin())};
+}
+
 /// An army of a stack that is evaluated before the battle.
 Entrant Evaluated(const CArmy& army, const CStackAtt& enemy, Long bonus) {
     Entrant entrant{army};
@@ -96,17 +101,16 @@ Lineup LineUp(const BattleStacks& stacks, Long cityLevel) {
     defend.TotalStackBonus = StackBonus(defend, attack);
 
     Lineup lineup;
-    // The last army of a stack fights first.
-    for (const CArmy& army : std::views::reverse(defend))
+    for (const CArmy& army : InFightingOrder(defend))
         lineup.Defenders.push_back(Evaluated(army, attack, defend.TotalStackBonus));
-    for (const CArmy& army : std::views::reverse(attack))
+    for (const CArmy& army : InFightingOrder(attack))
         lineup.Attackers.push_back(Evaluated(army, defend, attack.TotalStackBonus));
     const std::size_t taking = stacks.NumAttackStacks.Index();
     for (Entrant& entrant : lineup.Attackers)
         entrant.StackBehind = taking > 1;
     for (std::size_t number = 1; number < taking; ++number) {
         const std::size_t first = lineup.Attackers.size();
-        for (const CArmy& army : std::views::reverse(stacks.AttackStacks[number])) {
+        for (const CArmy& army : InFightingOrder(stacks.AttackStacks[number])) {
             lineup.Attackers.push_back(Unchanged(army));
             lineup.Attackers.back().StackBehind = number + 1 < taking;
         }

@@ -11,7 +11,7 @@ constexpr std::size_t BlessedItem = 1;
 constexpr std::size_t DiseasedItem = 2;
 constexpr std::size_t PoisonedItem = 3;
 
-constexpr std::string_view mark = " *";
+constexpr std::string_view Mark = " *";
 
 /// The condition that each check item of the menu stands for; the medals' heading has none.
 constexpr std::array<bool HealthRow::*, 8> ConditionOfItem{
@@ -97,15 +97,15 @@ void frmBrawlpad::MarkLine(Side side, Long line) {
     ListBox& list = lstArmies[Of(side)];
     const std::string& text = list.Entry(line).Text;
     if (AsteriskEligible(text))
-        list.SetText(line, text + std::string(mark));
+        list.SetText(line, text + std::string(Mark));
 }
 
 void frmBrawlpad::UnmarkLine(Side side, Long line) {
     ListBox& list = lstArmies[Of(side)];
     const std::string& text = list.Entry(line).Text;
     // A line without conditions may be without a mark too, when it was selected together with marked ones.
-    if (RemoveAsteriskEligible(text, health_[Of(side)](line + 1)) && text.ends_with(mark))
-        list.SetText(line, text.substr(0, text.size() - mark.size()));
+    if (RemoveAsteriskEligible(text, health_[Of(side)](line + 1)) && text.ends_with(Mark))
+        list.SetText(line, text.substr(0, text.size() - Mark.size()));
 }
 
 void frmBrawlpad::EvaluateHealthConflicts(Side side) {
