@@ -5,7 +5,8 @@
 
 cd "$(dirname "${BASH_SOURCE[0]}")/../.." || exit 1
 
-build_packages=(g++ cmake ninja-build qt6-base-dev libqcustomplot-dev libfccp-dev libutfcpp-dev)
+# GCC starts its processes of link-time optimisation by make, and warns without it.
+build_packages=(g++ make cmake ninja-build qt6-base-dev libqcustomplot-dev libfccp-dev libutfcpp-dev)
 # A Wayland session without X needs Qt's own plug-in for it.
 [[ -z "${WAYLAND_DISPLAY:-}" || -n "${DISPLAY:-}" ]] || build_packages+=(qt6-wayland)
 # shellcheck disable=SC2034 # used by scripts/test
