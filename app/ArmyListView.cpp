@@ -59,7 +59,8 @@ private:
         const bool isLeftToRight = option.direction == Qt::LeftToRight;
         const QRect room = isLeftToRight ? option.rect.adjusted(nameWidth, 0, -gap, 0)
                                          : option.rect.adjusted(gap, 0, -nameWidth, 0);
-        painter.drawText(room, Qt::AlignVCenter | (isLeftToRight ? Qt::AlignRight : Qt::AlignLeft),
+        const Qt::Alignment alignment = Qt::AlignVCenter | (isLeftToRight ? Qt::AlignRight : Qt::AlignLeft);
+        painter.drawText(room, static_cast<int>(alignment.toInt()),
                          painter.fontMetrics().elidedText(note, Qt::ElideRight, room.width()));
     }
 

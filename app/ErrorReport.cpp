@@ -15,8 +15,17 @@
 namespace vorhaven {
 namespace {
 
+std::string catalogueOrigin;
+
+/// Which program it was, and which units it had.
+std::string Circumstances() {
+    const std::string version = "Version " + QApplication::applicationVersion().toStdString();
+    return catalogueOrigin.empty() ? version : version + ", unit catalogue: " + catalogueOrigin;
+}
+
 void Show(const ErrorReport& report, const std::string& advice) {
-    const std::string text = advice + (report.Details.empty() ? "" : "\n\n") + report.Details;
+    const std::string text =
+        advice + "\n\n" + report.Details + (report.Details.empty() ? "" : "\n\n") + Circumstances();
     std::cerr << report.Headline << '\n' << text << std::endl;
     QMessageBox box(QMessageBox::Critical, QApplication::applicationName(),
                     QString::fromStdString(report.Headline));
@@ -52,6 +61,10 @@ void RunOutermost(const std::function<void()>& handler) {
     } catch (const std::exception& error) {
         OnFatalError({"Unexpected error", error.what()});
     }
+}
+
+void NameCatalogueInReports(const std::string& origin) {
+    catalogueOrigin = origin;
 }
 
 void ReportStartUpFailure(const std::string& message) {

@@ -23,6 +23,9 @@ extern std::function<void(const ErrorReport&)> OnFatalError;
 /// Runs a handler for an event of the toolkit, as its outermost handler: no error leaves it.
 void RunOutermost(const std::function<void()>& handler);
 
+/// The unit catalogue that reports name from now on.
+void NameCatalogueInReports(const std::string& origin);
+
 /// Shows why the program cannot start, in a window and on standard error.
 void ReportStartUpFailure(const std::string& message);
 

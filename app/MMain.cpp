@@ -9,18 +9,31 @@
 #include "ui/setup/frmBrawlpad.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QIcon>
+#include <QStandardPaths>
 
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <vector>
 
 namespace vorhaven::MMain {
 namespace {
 
 /// Where a catalogue of the player's own may be, the first place first.
 std::vector<std::filesystem::path> CatalogueFolders() {
-    const std::filesystem::path program = QCoreApplication::applicationDirPath().toStdString();
-    return {program / "catalogue", program / VORHAVEN_DATA_FROM_BIN / "catalogue"};
+    const QDir data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const auto program = QDir(QCoreApplication::applicationDirPath()).filesystemPath();
+    return {data.filesystemPath() / "vorhaven3-combat-calculator" / "catalogue", program / "catalogue",
+            program / VORHAVEN_DATA_FROM_BIN / "catalogue"};
+}
+
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/icons/%1.png").arg(size));
+    return icon;
 }
 
 int Run(const CatalogueProvider& provider) {
@@ -37,8 +50,11 @@ int Main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Vorhaven 3 Combat Calculator"));
     QApplication::setApplicationVersion(QStringLiteral(VORHAVEN_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral(VORHAVEN_ID));
+    QApplication::setWindowIcon(ProgramIcon());
     try {
         const CsvCatalogue provider = CsvCatalogue::FromFirstFolder(CatalogueFolders());
+        NameCatalogueInReports(provider.Origin());
         return Run(provider);
     } catch (const std::exception& error) {
         // A catalogue that cannot be used, or no memory to start with.

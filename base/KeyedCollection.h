@@ -13,11 +13,11 @@ namespace vorhaven {
 
 /// An ordered collection whose items may carry a key, reached by 1-based position or by key.
 /// References to items hold until the next Add, Remove or Clear.
-template <class Item_>
+template <class Element>
 class KeyedCollection {
 public:
     /// Appends an item, under a key unless the key is empty. Raises error 457 when the key is taken.
-    Item_& Add(const Item_& item, std::string_view key) {
+    Element& Add(const Element& item, std::string_view key) {
         if (!key.empty() && std::ranges::find(keys_, key) != keys_.end())
             throw RunTimeError{ErrorNumber::DuplicateKey};
         if (!key.empty()) {
@@ -30,15 +30,15 @@ public:
     [[nodiscard]] Long Count() const { return SizeOf(items_); }
 
     /// The item at a position; raises error 5 when there is none.
-    [[nodiscard]] Item_& Item(Long position) { return items_[IndexOf(position)]; }
-    [[nodiscard]] const Item_& Item(Long position) const { return items_[IndexOf(position)]; }
+    [[nodiscard]] Element& Item(Long position) { return items_[IndexOf(position)]; }
+    [[nodiscard]] const Element& Item(Long position) const { return items_[IndexOf(position)]; }
 
     /// The item with a key; raises error 5 when there is none.
-    [[nodiscard]] Item_& Item(std::string_view key) { return items_[IndexOf(key)]; }
-    [[nodiscard]] const Item_& Item(std::string_view key) const { return items_[IndexOf(key)]; }
+    [[nodiscard]] Element& Item(std::string_view key) { return items_[IndexOf(key)]; }
+    [[nodiscard]] const Element& Item(std::string_view key) const { return items_[IndexOf(key)]; }
 
     /// The item with a key, or nothing when there is none.
-    [[nodiscard]] const Item_* Find(std::string_view key) const {
+    [[nodiscard]] const Element* Find(std::string_view key) const {
         const std::size_t place = PlaceOf(key);
         return place < keys_.size() ? &items_[place] : nullptr;
     }
@@ -91,7 +91,7 @@ private:
             keys_.erase(keys_.begin() + static_cast<std::ptrdiff_t>(place));
     }
 
-    std::vector<Item_> items_;
+    std::vector<Element> items_;
     /// The items' keys by place, as far as the last item that has one.
     std::vector<std::string> keys_;
 };

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "base/CheckedArithmetic.h"
 #include "base/RunTimeError.h"
 
 #include <compare>
@@ -56,7 +57,7 @@ constexpr std::strong_ordering operator<=>(Long a, Long b) {
 /// The sum of two counts; raises error 6 when it does not fit.
 constexpr Long operator+(Long a, Long b) {
     std::int32_t sum = 0;
-    if (__builtin_add_overflow(a.Value(), b.Value(), &sum))
+    if (AddOverflows(a.Value(), b.Value(), sum))
         throw RunTimeError{ErrorNumber::Overflow};
     return sum;
 }
@@ -64,7 +65,7 @@ constexpr Long operator+(Long a, Long b) {
 /// The difference of two counts; raises error 6 when it does not fit.
 constexpr Long operator-(Long a, Long b) {
     std::int32_t difference = 0;
-    if (__builtin_sub_overflow(a.Value(), b.Value(), &difference))
+    if (SubtractOverflows(a.Value(), b.Value(), difference))
         throw RunTimeError{ErrorNumber::Overflow};
     return difference;
 }
@@ -72,7 +73,7 @@ constexpr Long operator-(Long a, Long b) {
 /// The product of two counts; raises error 6 when it does not fit.
 constexpr Long operator*(Long a, Long b) {
     std::int32_t product = 0;
-    if (__builtin_mul_overflow(a.Value(), b.Value(), &product))
+    if (MultiplyOverflows(a.Value(), b.Value(), product))
         throw RunTimeError{ErrorNumber::Overflow};
     return product;
 }

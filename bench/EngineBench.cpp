@@ -30,10 +30,10 @@ std::uint64_t FineTimer() {
 class CountingGenerator final : public MBattleCalc::UniformSource {
 public:
     [[nodiscard]] float Draw() override {
-        ++draws;
+        ++Draws;
         return generator_.Draw();
     }
-    std::int64_t draws = 0;
+    std::int64_t Draws = 0;
 
 private:
     MBattleCalc::TimedGenerator generator_{1};
@@ -62,11 +62,11 @@ void BattleAgainstItsDraws(benchmark::State& state, MBattleCalc::Timer timer) {
     CountingGenerator counting;
     MBattleCalc::DrawFrom(counting);
     MBattleCalc::Add(host, battles, 20, false, 0);
-    const double drawsPerBattle = static_cast<double>(counting.draws) / battles.Value();
+    const double drawsPerBattle = static_cast<double>(counting.Draws) / battles.Value();
 
     MBattleCalc::TimedGenerator generator{1, timer};
     MBattleCalc::DrawFrom(generator);
-    const auto drawsPerRun = counting.draws;
+    const auto drawsPerRun = counting.Draws;
     double battleSeconds = 0.0;
     double drawSeconds = 0.0;
     for ([[maybe_unused]] auto iteration : state) {

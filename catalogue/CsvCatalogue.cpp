@@ -214,7 +214,9 @@ std::map<std::int16_t, std::string> ReadPowers(const TextFile& file) {
 
 } // namespace
 
-CsvCatalogue::CsvCatalogue(const TextFile& armies, const TextFile& heroes, const TextFile& powers) {
+CsvCatalogue::CsvCatalogue(const TextFile& armies, const TextFile& heroes, const TextFile& powers,
+                           std::string origin)
+    : origin_(std::move(origin)) {
     UnitNames names;
     armies_ = ReadUnits(armies, ArmyColumns, names);
     heroes_ = ReadUnits(heroes, HeroColumns, names);
@@ -224,14 +226,15 @@ CsvCatalogue::CsvCatalogue(const TextFile& armies, const TextFile& heroes, const
 CsvCatalogue CsvCatalogue::BuiltIn() {
     return CsvCatalogue{{"built-in armies.csv", BuiltInText::Armies},
                         {"built-in heroes.csv", BuiltInText::Heroes},
-                        {"built-in powers.csv", BuiltInText::Powers}};
+                        {"built-in powers.csv", BuiltInText::Powers},
+                        "built in"};
 }
 
 CsvCatalogue CsvCatalogue::FromFolder(const std::filesystem::path& folder) {
     CheckFileType(folder, std::filesystem::file_type::directory,
                   "a readable folder with armies.csv, heroes.csv and powers.csv");
     return CsvCatalogue{ReadTextFile(folder / "armies.csv"), ReadTextFile(folder / "heroes.csv"),
-                        ReadTextFile(folder / "powers.csv")};
+                        ReadTextFile(folder / "powers.csv"), folder.string()};
 }
 
 CsvCatalogue CsvCatalogue::FromFirstFolder(const std::vector<std::filesystem::path>& candidates) {

@@ -17,8 +17,9 @@ namespace vorhaven {
 /// docs/catalogue.md describes their columns and rules. A catalogue that breaks a rule is refused as a whole.
 class CsvCatalogue final : public CatalogueProvider {
 public:
-    /// Reads the three files from memory. Throws CatalogueError.
-    CsvCatalogue(const TextFile& armies, const TextFile& heroes, const TextFile& powers);
+    /// Reads the three files from memory; `origin` says where they come from. Throws CatalogueError.
+    CsvCatalogue(const TextFile& armies, const TextFile& heroes, const TextFile& powers,
+                 std::string origin = {});
 
     /// The catalogue that is compiled into the program.
     [[nodiscard]] static CsvCatalogue BuiltIn();
@@ -28,6 +29,9 @@ public:
     /// exists there is no readable folder.
     [[nodiscard]] static CsvCatalogue FromFirstFolder(const std::vector<std::filesystem::path>& candidates);
 
+    /// Where it was read from: a folder, or "built in".
+    [[nodiscard]] const std::string& Origin() const { return origin_; }
+
     [[nodiscard]] const Table& GetTable(Selector selector) const override;
     [[nodiscard]] std::string PowerName(std::int16_t code) const override;
 
@@ -36,6 +40,7 @@ private:
     /// the folder or a file is missing or cannot be read.
     [[nodiscard]] static CsvCatalogue FromFolder(const std::filesystem::path& folder);
 
+    std::string origin_;
     Table armies_;
     Table heroes_;
     std::map<std::int16_t, std::string> powers_;

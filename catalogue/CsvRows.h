@@ -6,8 +6,9 @@
 #include "catalogue/CatalogueError.h"
 #include "catalogue/TextFile.h"
 
+#include <csv.h>
+
 #include <array>
-#include <libfccp/csv.h>
 #include <string>
 #include <string_view>
 #include <tuple>

@@ -5,6 +5,7 @@
 #include "engine/Rules.h"
 #include "engine/State.h"
 
+#include <chrono>
 #include <cmath>
 #include <ctime>
 #include <random>
@@ -35,13 +36,14 @@ Long Roll(Long faces) {
 } // namespace
 
 std::uint64_t SystemTimer() {
+#if defined(CLOCK_MONOTONIC_COARSE) && !defined(VORHAVEN_PORTABLE)
     std::timespec now{};
-#ifdef CLOCK_MONOTONIC_COARSE
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
-#else
-    clock_gettime(CLOCK_MONOTONIC, &now);
-#endif
     return static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000U + static_cast<std::uint64_t>(now.tv_nsec);
+#else
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<std::uint64_t>(std::chrono::nanoseconds{now}.count());
+#endif
 }
 
 UniformSource& ProcessGenerator() {

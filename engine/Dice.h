@@ -23,8 +23,8 @@ public:
 /// A timer's reading; only its change from draw to draw matters.
 using Timer = std::uint64_t (*)();
 
-/// The system timer, in nanoseconds, at the resolution of the kernel's tick: the cheapest clock there is
-/// (bench/ compares them).
+/// The system timer, in nanoseconds, at the resolution of the kernel's tick where there is such a clock: the
+/// cheapest there is (bench/ compares them).
 [[nodiscard]] std::uint64_t SystemTimer();
 
 /// Uniform values by the SplitMix64 generator (Steele, Lea and Flood, "Fast splittable pseudorandom number

@@ -5,8 +5,8 @@
 namespace vorhaven::Odds {
 namespace {
 
-constexpr int firstBits = 5;
-constexpr std::size_t mostStatesKept = 1024;
+constexpr int FirstBits = 5;
+constexpr std::size_t MostStatesKept = 1024;
 
 } // namespace
 
@@ -26,12 +26,12 @@ void StateTable::Add(const Condition& condition, const HitChances& chances) {
 
 void StateTable::Clear() {
     states_.clear();
-    if (states_.capacity() > mostStatesKept) {
+    if (states_.capacity() > MostStatesKept) {
         states_.shrink_to_fit();
         slots_ = {};
     }
-    slots_.assign(std::size_t{1} << firstBits, 0);
-    shift_ = 64 - firstBits;
+    slots_.assign(std::size_t{1} << FirstBits, 0);
+    shift_ = 64 - FirstBits;
 }
 
 std::size_t StateTable::SlotOf(std::uint64_t key) const {

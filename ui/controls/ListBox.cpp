@@ -14,12 +14,12 @@ void ListBox::AddItem(const ListEntry& entry) {
 
 void ListBox::RemoveItem(Long line) {
     const std::size_t place = IndexOf(line);
-    const bool wasOnlyOne = lines_[place].selected && SelectedLines().size() == 1;
+    const bool wasOnlyOne = lines_[place].Selected && SelectedLines().size() == 1;
     lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(place));
     if (line == listIndex_) {
         listIndex_ = std::min(listIndex_, ListCount() - 1);
         if (wasOnlyOne && listIndex_ >= 0)
-            lines_[IndexOf(listIndex_)].selected = true;
+            lines_[IndexOf(listIndex_)].Selected = true;
     } else if (line < listIndex_) {
         listIndex_ = listIndex_ - 1;
     }
@@ -41,12 +41,12 @@ void ListBox::SetEntries(const std::vector<ListEntry>& entries) {
 }
 
 void ListBox::SetNote(Long line, const std::string& note) {
-    if (std::exchange(lines_[IndexOf(line)].note, note) != note)
+    if (std::exchange(lines_[IndexOf(line)].Note, note) != note)
         Changed.Raise();
 }
 
 void ListBox::SetEntry(Long line, const ListEntry& entry) {
-    lines_[IndexOf(line)].entry = entry;
+    lines_[IndexOf(line)].Entry = entry;
     Changed.Raise();
 }
 
@@ -58,7 +58,7 @@ void ListBox::SetListIndex(Long line) {
 }
 
 void ListBox::SetSelected(Long line, bool selected) {
-    lines_[IndexOf(line)].selected = selected;
+    lines_[IndexOf(line)].Selected = selected;
     Changed.Raise();
 }
 
@@ -72,10 +72,10 @@ std::vector<Long> ListBox::SelectedLines() const {
 
 void ListBox::Select(const Selection& selection) {
     for (Line& line : lines_)
-        line.selected = false;
+        line.Selected = false;
     for (const Long line : selection.Lines)
         if (line >= 0 && line < ListCount())
-            lines_[IndexOf(line)].selected = true;
+            lines_[IndexOf(line)].Selected = true;
     listIndex_ = selection.Current < ListCount() ? selection.Current : Long{-1};
     Changed.Raise();
 }

@@ -26,20 +26,20 @@ public:
     void SetEntries(const std::vector<ListEntry>& entries);
 
     [[nodiscard]] Long ListCount() const { return SizeOf(lines_); }
-    [[nodiscard]] const ListEntry& Entry(Long line) const { return lines_[IndexOf(line)].entry; }
+    [[nodiscard]] const ListEntry& Entry(Long line) const { return lines_[IndexOf(line)].Entry; }
     void SetEntry(Long line, const ListEntry& entry);
     void SetText(Long line, const std::string& text) {
         SetEntry(line, {text, Entry(line).Datum, Entry(line).Id});
     }
     /// What is told about a line beside its entry, for the view to show quietly.
-    [[nodiscard]] const std::string& Note(Long line) const { return lines_[IndexOf(line)].note; }
+    [[nodiscard]] const std::string& Note(Long line) const { return lines_[IndexOf(line)].Note; }
     void SetNote(Long line, const std::string& note);
 
     /// The current line, -1 for none. Making a line current selects nothing.
     [[nodiscard]] Long ListIndex() const { return listIndex_; }
     void SetListIndex(Long line);
 
-    [[nodiscard]] bool Selected(Long line) const { return lines_[IndexOf(line)].selected; }
+    [[nodiscard]] bool Selected(Long line) const { return lines_[IndexOf(line)].Selected; }
     void SetSelected(Long line, bool selected);
     [[nodiscard]] std::vector<Long> SelectedLines() const;
 
@@ -56,9 +56,9 @@ public:
 
 private:
     struct Line {
-        ListEntry entry;
-        bool selected = false;
-        std::string note;
+        ListEntry Entry;
+        bool Selected = false;
+        std::string Note;
     };
 
     [[nodiscard]] std::size_t IndexOf(Long line) const;

@@ -23,7 +23,9 @@ constexpr std::array<std::string_view, 5> MedalWords{"", "1 medal", "2 medals", 
 
 std::string InWords(const HealthRow& row) {
     std::string words;
-    const auto add = [&words](std::string_view word) { words.append(words.empty() ? "" : ", ").append(word); };
+    const auto add = [&words](std::string_view word) {
+        words.append(words.empty() ? "" : ", ").append(word);
+    };
     for (const auto& [word, mark] : BeforeMedals)
         if (row.*mark)
             add(word);
