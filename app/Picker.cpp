@@ -4,14 +4,13 @@
 
 #include "model/CAttackArmies.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
 
 namespace vorhaven {
 namespace {
-
-constexpr int LetterInterval = 1000; // ms
 
 bool HasLaterWord(const QString& name, const QString& beginning) {
     for (qsizetype space = name.indexOf(' '); space >= 0; space = name.indexOf(' ', space + 1))
@@ -42,7 +41,7 @@ QList<int> PickerList::RowsFoundBy(const QString& letters) const {
 void PickerList::keyboardSearch(const QString& text) {
     if (text.isEmpty())
         return;
-    if (!sinceLetter_.isValid() || sinceLetter_.hasExpired(LetterInterval))
+    if (!sinceLetter_.isValid() || sinceLetter_.hasExpired(QApplication::keyboardInputInterval()))
         typed_.clear();
     sinceLetter_.start();
 
@@ -63,6 +62,12 @@ void PickerList::keyboardSearch(const QString& text) {
         setCurrentIndex(model()->index(rows.front(), 0));
     else if (isNextWanted)
         setCurrentIndex(model()->index(rows[(place + 1) % rows.size()], 0));
+}
+
+void PickerList::focusInEvent(QFocusEvent* event) {
+    // By any other reason the toolkit would make the first entry current, which nobody has chosen.
+    QFocusEvent asByMouse(event->type(), Qt::MouseFocusReason);
+    QListView::focusInEvent(&asByMouse);
 }
 
 Picker::Picker(QWidget* parent) : DropDown(parent), list_(new PickerList) {
