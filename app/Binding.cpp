@@ -171,8 +171,8 @@ void Bind(QPushButton& widget, Button& control) {
     ShowToolTip(widget, control);
     ShowWith(widget, control, [](QPushButton& button, const Button& model) {
         // The window keeps the focus of a disabled button, not the next widget: a key that is held on the
-        // button must not go on elsewhere.
-        if (!model.Enabled && button.hasFocus())
+        // button must not go on elsewhere. It does so also while another window is the active one.
+        if (!model.Enabled && button.window()->focusWidget() == &button)
             button.window()->setFocus();
         button.setEnabled(model.Enabled);
         button.setText(ToQt(model.Caption));

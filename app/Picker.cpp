@@ -5,6 +5,7 @@
 #include "app/Shade.h"
 #include "model/CAttackArmies.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -14,8 +15,6 @@
 
 namespace vorhaven {
 namespace {
-
-constexpr int LetterInterval = 1000; // ms
 
 bool HasLaterWord(const QString& name, const QString& beginning) {
     for (qsizetype space = name.indexOf(' '); space >= 0; space = name.indexOf(' ', space + 1))
@@ -81,7 +80,7 @@ QList<int> PickerList::RowsFoundBy(const QString& letters) const {
 void PickerList::keyboardSearch(const QString& text) {
     if (text.isEmpty())
         return;
-    if (!sinceLetter_.isValid() || sinceLetter_.hasExpired(LetterInterval))
+    if (!sinceLetter_.isValid() || sinceLetter_.hasExpired(QApplication::keyboardInputInterval()))
         typed_.clear();
     sinceLetter_.start();
 
@@ -119,6 +118,12 @@ int PickerList::MeasureColumns() {
     for (const int column : columnWidths_)
         width += column + GapOf(fontMetrics());
     return width;
+}
+
+void PickerList::focusInEvent(QFocusEvent* event) {
+    // By any other reason the toolkit would make the first entry current, which nobody has chosen.
+    QFocusEvent asByMouse(event->type(), Qt::MouseFocusReason);
+    QListView::focusInEvent(&asByMouse);
 }
 
 Picker::Picker(QWidget* parent) : DropDown(parent), list_(new PickerList) {

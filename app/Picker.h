@@ -9,9 +9,9 @@
 
 namespace vorhaven {
 
-/// The open list of a picker. Letters typed within a second of each other look up an entry: first those whose
-/// name begins with them, then those of which a later word does. A letter that finds nothing changes nothing;
-/// the same letter again goes on to the next entry that it finds.
+/// The open list of a picker. Letters typed within the toolkit's keyboard input interval of each other look
+/// up an entry: first those whose name begins with them, then those of which a later word does. A letter that
+/// finds nothing changes nothing; the same letter again goes on to the next entry that it finds.
 class PickerList final : public QListView {
 public:
     using QListView::QListView;
@@ -25,6 +25,9 @@ public:
 
     /// Begins a new look-up with the next letter.
     void EndSearch() { typed_.clear(); }
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
     /// The rows that some letters find, in the order in which they are offered.

@@ -22,6 +22,9 @@ namespace {
 
 constexpr qint64 EventInterval = 16; // ms
 
+/// How long two letters that look up an entry of a list can be apart.
+constexpr int LetterInterval = 1000; // ms
+
 /// What the window manager puts around a window: about as much as it puts around another one, if that is
 /// known.
 QSize FrameOf(const QWidget& view, const QWidget* other) {
@@ -76,6 +79,7 @@ private:
 
 QtToolkit::QtToolkit() {
     qApp->installEventFilter(&autoRepeatFilter_);
+    QApplication::setKeyboardInputInterval(LetterInterval);
     sinceEvents_.start();
 }
 

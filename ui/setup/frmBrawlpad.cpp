@@ -2,6 +2,7 @@
 
 #include "ui/setup/frmBrawlpad.h"
 
+#include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
 #include "model/Terrain.h"
 
@@ -84,8 +85,10 @@ void frmBrawlpad::sscMoreResults_Click() {
 }
 
 bool frmBrawlpad::HasResultsToShow() const {
-    // A field that is being edited may be empty; leaving it puts a number into it.
-    return numBattles_.empty() || NumBattles() <= MBattleCalc::BattleResults.RowCount();
+    // Asked while the field changes, when the number of battles has yet to follow it. A field that is being
+    // edited may be empty; leaving it puts a number into it.
+    const std::string& text = txtNumSimulations.Text();
+    return text.empty() || ToLong(text) <= MBattleCalc::BattleResults.RowCount();
 }
 
 void frmBrawlpad::sscExit_Click() {

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/ChartView.h"
+#include "tests/app/WindowFixture.h"
+
+#include <QMimeData>
+#include <QToolTip>
+
+namespace vorhaven::test {
+namespace {
+
+/// What each battle of a run has cost: attackers and their turns, defenders and their turns.
+using Losses = std::vector<std::array<std::int32_t, 4>>;
+
+class Charts : public Window {
+protected:
+    /// Shows the results of a run of which the battles' losses are these: a battle's attackers and their
+    /// turns, defenders and their turns.
+    void ShowResultsOf(const Losses& battles) {
+        LineUp({"Oath Guard"}, {"Oath Guard"});
+        Attack(QString::number(battles.size()));
+        for (std::size_t battle = 0; battle < battles.size(); ++battle)
+            for (std::int32_t column = 0; column < 4; ++column)
+                MBattleCalc::BattleResults(static_cast<std::int32_t>(battle) + 1,
+                                           MBattleCalc::ResultColumn::AttackersSlain + column) =
+                    battles[battle][static_cast<std::size_t>(column)];
+        Click(ButtonCalled("More Results"));
+    }
+    static ChartView* ChartOf(const char* side) {
+        return Find<ChartView>(ResultsWindow(),
+                               QString("Distribution of Number of %1 Armies Destroyed").arg(side));
+    }
+    /// The bars of a series that are higher than nothing, as "category: height".
+    static QStringList BarsOf(ChartView* chart, const char* axis) {
+        QStringList bars;
+        for (int i = 0; i < chart->plottableCount(); ++i) {
+            const auto* const series = qobject_cast<QCPBars*>(chart->plottable(i));
+            if (series == nullptr || series->valueAxis()->label() != axis)
+                continue;
+            EXPECT_EQ(series->name(), axis);
+            for (const QCPBarsData& bar : *series->data()) {
+                EXPECT_TRUE(bar.value <= series->valueAxis()->range().upper);
+                EXPECT_TRUE(series->keyAxis()->range().contains(bar.key));
+                if (bar.value > 0.0)
+                    bars += QString("%1: %2").arg(qRound(bar.key)).arg(bar.value);
+            }
+        }
+        return bars;
+    }
+    /// The tooltip at a category.
+    static QString HoverOver(ChartView* chart, int category) {
+        const QPoint place(qRound(chart->xAxis->coordToPixel(category)), chart->axisRect()->center().y());
+        QHelpEvent help(QEvent::ToolTip, place, chart->mapToGlobal(place));
+        QApplication::sendEvent(chart, &help);
+        return QToolTip::text();
+    }
+};
+
+TEST_F(Charts, ShowTheLossesOfTheLastRun) {
+    // In 3 of 10 battles no attacker falls, in 7 two do; and so on.
+    Losses battles(3, {0, 0, 1, 4});
+    battles.insert(battles.end(), 5, {2, 9, 1, 4});
+    battles.insert(battles.end(), 2, {2, 9, 32, 64});
+    ShowResultsOf(battles);
+    QTest::qWait(1);
+    struct Case {
+        const char* Side;
+        QStringList Chances;
+        QStringList Turns;
+        int Category;
+        const char* ToolTip;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"Attacking", {"0: 30", "2: 70"}, {"2: 9"}, 2, "2 armies destroyed: 7 of 10 battles, 9 production turns lost\nexactly 2: 70.0%"},
+        {"Defending", {"1: 80", "32: 20"}, {"1: 4", "32: 64"}, 1, "1 army destroyed: 8 of 10 battles, 4 production turns lost\nexactly 1: 80.0%"},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Side);
+        ChartView* const chart = ChartOf(c.Side);
+        EXPECT_EQ(BarsOf(chart, "% Chance"), c.Chances);
+        EXPECT_EQ(BarsOf(chart, "Production Turns Lost"), c.Turns);
+        EXPECT_EQ(chart->xAxis->label(), "Number of Armies Destroyed");
+        QStringList titles;
+        for (QCPLayoutElement* element : chart->plotLayout()->elements(true))
+            if (const auto* const title = qobject_cast<QCPTextElement*>(element))
+                titles += title->text();
+        EXPECT_TRUE(titles.contains(NameOf(chart)));
+        EXPECT_EQ(chart->xAxis->ticker().dynamicCast<QCPAxisTickerText>()->ticks().value(0.0), "0");
+        EXPECT_TRUE(HoverOver(chart, c.Category).startsWith(c.ToolTip));
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(chart)->role(), QAccessible::Chart);
+        EXPECT_TRUE(chart->accessibleDescription().contains(c.ToolTip));
+    }
+
+    // Pressed again after another run, the button shows that one.
+    Activate();
+    ShowResultsOf(Losses(10, {1, 4, 0, 0}));
+    QTest::qWait(1);
+    EXPECT_EQ(BarsOf(ChartOf("Attacking"), "% Chance"), QStringList{"1: 100"});
+    EXPECT_EQ(BarsOf(ChartOf("Defending"), "% Chance"), QStringList{"0: 100"});
+}
+
+TEST_F(Charts, CopyTheirNumbersAndTheirPicture) {
+    ShowResultsOf(Losses(10, {2, 9, 1, 4}));
+    ChartView* const chart = ChartOf("Defending");
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"right click",
+         [&] {
+             QContextMenuEvent event(QContextMenuEvent::Mouse, {50, 50}, chart->mapToGlobal(QPoint(50, 50)));
+             QApplication::sendEvent(chart, &event);
+         }},
+        {"Shift+F10", [&] { QTest::keyClick(chart, Qt::Key_F10, Qt::ShiftModifier); }}};
+    for (const auto& [name, open] : ways) {
+        SCOPED_TRACE(name);
+        QGuiApplication::clipboard()->clear();
+        open();
+        Choose("Copy Numbers");
+        const QStringList rows = QGuiApplication::clipboard()->text().split('\n');
+        ASSERT_GE(rows.size(), 34);
+        EXPECT_EQ(rows[0], "Number of Armies Destroyed\t% Chance\tProduction Turns Lost");
+        EXPECT_EQ(rows[1], "0\t0\t0");
+        EXPECT_EQ(rows[2], "1\t100\t4");
+        open();
+        Choose("Copy Picture");
+        EXPECT_EQ(QGuiApplication::clipboard()->image().size(), chart->size() * chart->devicePixelRatioF());
+    }
+
+    // The focus is to be seen.
+    ResultsWindow()->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(ResultsWindow()));
+    const auto picture = [chart] {
+        chart->replot();
+        return chart->grab().toImage();
+    };
+    const QImage without = picture();
+    EXPECT_EQ(picture(), without);
+    chart->setFocus();
+    EXPECT_NE(picture(), without);
+}
+
+} // namespace
+} // namespace vorhaven::test

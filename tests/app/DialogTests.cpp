@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/app/WindowFixture.h"
+#include "ui/hero/frmHero.h"
+
+#include <QAbstractSpinBox>
+#include <QGroupBox>
+#include <QScreen>
+#include <QTableWidget>
+
+namespace vorhaven::test {
+namespace {
+
+using Dialogs = Window;
+
+TEST_F(Dialogs, HeroFieldsTakeAnyNumberAndKeepTheLastWhileTheirTextIsNone) {
+    struct Case {
+        const char* Box;
+        const char* Typed;
+        const char* StandsAfterwards;
+        std::int32_t Stored;
+        Long (*Read)(const CArmy&);
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"Strength", "300", "300", 255, [](const CArmy& hero) { return Long{hero.StartStrength}; }},
+        {"Hits", "", "3", 3, [](const CArmy& hero) { return Long{hero.Hits}; }},
+        {"Missle", "2.5", "2.5", 2, [](const CArmy& hero) { return hero.Missle; }},
+        {"Assassination", "-3", "-3", -3, [](const CArmy& hero) { return hero.Assass; }},
+        {"Curse", "x", "4", 4, [](const CArmy& hero) { return hero.Curse; }},
+        {"Acid", "5", "5", 5, [](const CArmy& hero) { return hero.Acid; }},
+        {"Lightning", "1234567", "123456", 123456, [](const CArmy& hero) { return hero.Lightning; }},
+        {"Trample", "1-", "1", 1, [](const CArmy& hero) { return hero.Trample; }},
+        {"Leadership", "6", "6", 6, [](const CArmy& hero) { return hero.Leadership; }},
+        {"Morale", "7", "7", 7, [](const CArmy& hero) { return hero.Morale; }},
+        {"Fortification", "8", "8", 8, [](const CArmy& hero) { return hero.Fortify; }},
+        {"Chaos", "9", "9", 9, [](const CArmy& hero) { return hero.Chaos; }},
+        {"Fear", "10", "10", 10, [](const CArmy& hero) { return hero.Fear; }},
+        {"Siege", "-", "0", 0, [](const CArmy& hero) { return hero.Siege; }},
+    };
+    // clang-format on
+    CArmy record;
+    record.Name = "An army with a name that is a good deal longer than any of the catalogue's names";
+    record.Hits = 3;
+    record.Curse = 4;
+    frmHero hero(toolkit_);
+    hero.Hero = &record;
+    hero.Whereabouts = "Defending Armies, line 9";
+    const auto fillIn = [&](QDialog& editor) {
+        EXPECT_EQ(editor.accessibleDescription(), "Defending Armies, line 9");
+        EXPECT_EQ(NameOf(editor.focusWidget()), "Strength");
+        const QLabel* const name = FieldOf(&editor, "Name:")->findChild<QLabel*>();
+        EXPECT_EQ(name->text().toStdString(), record.Name.Text());
+        EXPECT_GE(name->width(), name->sizeHint().width());
+        for (const Case& c : cases) {
+            auto* const box = Find<QAbstractSpinBox>(&editor, c.Box);
+            Type(box, c.Typed);
+            QTest::keyClick(EditOf(box), Qt::Key_Tab);
+            EXPECT_EQ(EditOf(box)->text(), c.StandsAfterwards) << c.Box;
+        }
+        // From a cleared box the arrows go on from the number that it stood for.
+        auto* const hits = Find<QAbstractSpinBox>(&editor, "Hits");
+        Type(hits, "");
+        QTest::keyClick(hits, Qt::Key_Up);
+        EXPECT_EQ(EditOf(hits)->text(), "4");
+        QTest::keyClick(hits, Qt::Key_Down);
+        Type(Find<QAbstractSpinBox>(&editor, "Siege"), "y");
+        QTest::keyClick(&editor, Qt::Key_D, Qt::AltModifier);
+    };
+    InModalWindows({{HeroTitle, fillIn}});
+    toolkit_.ShowModal(hero);
+    for (const Case& c : cases)
+        EXPECT_EQ(c.Read(record), c.Stored) << c.Box;
+}
+
+TEST_F(Dialogs, OneKeyOrDoubleClickConfirmsOneHero) {
+    LineUp({"Marshal", "Thane"}, {"Castellan"});
+    ClickLine(List(Side::Attack), 0);
+    QStringList opened;
+    // What is pressed soon after an editor came up was meant for the one before.
+    const auto confirmOnce = [&](QDialog& editor) {
+        opened += editor.accessibleDescription();
+        // The list behind the editor shows whose turn it is.
+        const Side side = opened.size() < 3 ? Side::Attack : Side::Defend;
+        EXPECT_EQ(List(side)->currentRow(), opened.size() == 2 ? 1 : 0);
+        auto* const done = Find<QPushButton>(&editor, "Done");
+        QApplication::setDoubleClickInterval(60'000);
+        QTest::mouseClick(done, Qt::LeftButton);
+        QTest::mouseDClick(done, Qt::LeftButton);
+        QTest::keyClick(&editor, Qt::Key_Return);
+        QTest::keyClick(done, Qt::Key_Space);
+        QApplication::setDoubleClickInterval(0);
+        HoldKey(Qt::Key_Return, "\r");
+        EXPECT_TRUE(editor.isVisible());
+        QTest::keyClick(opened.size() == 1 ? done : editor.focusWidget(),
+                        opened.size() == 3 ? Qt::Key_Escape : Qt::Key_Return);
+        EXPECT_FALSE(editor.isVisible());
+    };
+    InModalWindows({{HeroTitle, confirmOnce}, {HeroTitle, confirmOnce}, {HeroTitle, confirmOnce}});
+    Attack("10");
+    const QStringList lines{"Attacking Armies, line 1", "Attacking Armies, line 2",
+                            "Defending Armies, line 1"};
+    EXPECT_EQ(opened, lines);
+    EXPECT_EQ(List(Side::Attack)->currentRow(), 0);
+    EXPECT_EQ(List(Side::Defend)->currentRow(), -1);
+    EXPECT_NE(Beside(&main_, "Attacker Wins:"), "");
+}
+
+TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {
+    struct Case {
+        const char* Stack;
+        std::vector<QStringList> Rows; // name, strength, total strength, hits, terrain
+        QStringList Values;            // raw, adjusted, in total
+    };
+    const QStringList captions{"Raw Leadership:",      "Raw Morale:",      "Raw Fortification:",
+                               "Raw Chaos:",           "Raw Fear:",        "Raw Siege:",
+                               "Adjusted Leadership:", "Adjusted Morale:", "Adjusted Fortification:",
+                               "Total Stack Bonus:"};
+    // clang-format off
+    const Case cases[] = {
+        {"Attacking Stack",
+            {{"Oath Guard", "6", "10", "3", "city"}, {"Thane", "6", "10", "4", "hills"}, {"", "", "", "", ""}},
+            {"2", "2", "0", "1", "3", "1", "2", "2", "0", "4"}},
+        {"Defending Stack",
+            {{"Elder Boughs", "7", "6", "4", "woods"}, {"Floe Spears", "4", "3", "2", "ice"}, {"Night Blades", "4", "3", "1", "city"}},
+            {"0", "0", "2", "0", "0", "0", "-1", "-1", "1", "-1"}},
+    };
+    // clang-format on
+    const auto giveBonuses = [](QDialog& editor) {
+        for (const auto& [box, value] :
+             {std::pair{"Leadership", "2"}, {"Chaos", "1"}, {"Fear", "3"}, {"Siege", "1"}})
+            Type(Find<QAbstractSpinBox>(&editor, box), value);
+        QTest::keyClick(&editor, Qt::Key_Return);
+    };
+    const auto read = [&](QDialog& statistics) {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(c.Stack);
+            const auto* const grid = Find<QTableWidget>(&statistics, c.Stack);
+            EXPECT_EQ(grid->columnCount(), 12);
+            EXPECT_EQ(grid->horizontalHeaderItem(2)->text(), "Tot Str");
+            EXPECT_TRUE(grid->selectedItems().empty());
+            int row = 0;
+            for (const QStringList& expected : c.Rows) {
+                QStringList cells;
+                for (int column = 0; column < expected.size(); ++column)
+                    cells += grid->item(row, column)->text();
+                EXPECT_EQ(cells, expected);
+                EXPECT_EQ(grid->item(row, 2)->font().bold(), !expected.front().isEmpty());
+                EXPECT_FALSE(grid->item(row, 1)->font().bold());
+                ++row;
+            }
+            QStringList values;
+            for (const QString& caption : captions)
+                values += Beside(Find<QGroupBox>(&statistics, c.Stack), caption);
+            EXPECT_EQ(values, c.Values);
+        }
+        // In the middle of the screen, with a frame that is a title bar higher than wide.
+        const QPoint offset =
+            statistics.screen()->availableGeometry().center() - statistics.geometry().center();
+        EXPECT_LE(std::abs(offset.x()), 6);
+        EXPECT_LE(std::abs(offset.y()), 20);
+        EXPECT_TRUE(statistics.screen()->availableGeometry().contains(statistics.geometry()));
+        QTest::keyClick(statistics.focusWidget(), Qt::Key_Space);
+    };
+    LineUp({"Oath Guard", "Thane"}, {"Elder Boughs", "Floe Spears", "Night Blades"});
+    Click(Find<QAbstractButton>(&main_, "View Stack Statistics"));
+    InModalWindows({{HeroTitle, giveBonuses}, {"Stack Statistics", read}});
+    Attack("10");
+}
+
+TEST_F(Dialogs, ResultsLieBesideTheMainWindow) {
+    LineUp({"Oath Guard"}, {"Oath Guard"});
+    Attack("100");
+    Click(ButtonCalled("More Results"));
+    ASSERT_NE(ResultsWindow(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_FALSE(ResultsWindow()->isModal());
+    EXPECT_EQ(ResultsWindow()->windowHandle()->transientParent(), nullptr);
+    EXPECT_EQ(NameOf(ResultsWindow()->focusWidget()), "Done");
+    QTest::qWait(2);
+    Click(Find<QPushButton>(ResultsWindow(), "Done"));
+    EXPECT_EQ(ResultsWindow(), nullptr);
+}
+
+} // namespace
+} // namespace vorhaven::test

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QGenericPlugin>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTextStream>
+#include <QTimer>
+
+/// A hand inside the real program, for the tests of whole processes: a plugin that the toolkit loads when the
+/// program starts. It tells on standard error what it sees, closes every message box, and does what
+/// VORHAVEN_HAND says: "fight", "close" (in the middle of a run) or "exit" (by the button, while results are
+/// open).
+class Hand final : public QObject {
+public:
+    Hand() {
+        connect(&timer_, &QTimer::timeout, this, [this] { Look(); });
+        timer_.start(10);
+    }
+
+private:
+    void Look() {
+        if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            const QString text = box->text() + "|" + box->informativeText();
+            QTextStream(stderr) << "box: " << QString(text).replace('\n', '/') << "\n";
+            box->accept();
+        } else if (!hasActed_) {
+            for (QWidget* window : QApplication::topLevelWidgets())
+                if (window->isVisible() && window->windowTitle() == "Vorhaven 3 Combat Calculator")
+                    Act(*window);
+        }
+    }
+
+    void Act(QWidget& window) {
+        hasActed_ = true;
+        QTextStream(stderr) << "first army: "
+                            << Called<QComboBox>(window, "Select Attacking Armies")->itemText(0) << "\n";
+        for (const char* picker : {"Select Attacking Armies", "Select Defending Armies"})
+            emit Called<QComboBox>(window, picker)->activated(0);
+        const bool exits = qEnvironmentVariable("VORHAVEN_HAND") == "exit";
+        Called<QLineEdit>(window, "Number of Battles")->setText(exits ? "10" : "9000000");
+        if (qEnvironmentVariable("VORHAVEN_HAND") == "close")
+            QTimer::singleShot(100, &window, [&window] {
+                QTextStream(stderr) << "closed in the middle\n";
+                window.close();
+            });
+        // Later: no message box can be closed while this has not returned.
+        QTimer::singleShot(0, &window, [&window, exits] {
+            for (const char* button : {"&Attack", "&More Results", "E&xit"})
+                if (exits || button == QByteArray("&Attack"))
+                    Called<QAbstractButton>(window, button)->click();
+        });
+    }
+
+    template <class Widget>
+    static Widget* Called(const QWidget& window, const QString& name) {
+        for (Widget* widget : window.findChildren<Widget*>())
+            if (widget->accessibleName() == name || widget->property("text").toString() == name)
+                return widget;
+        qFatal("no widget is called %s", qPrintable(name));
+    }
+
+    QTimer timer_;
+    bool hasActed_ = false;
+};
+
+class HandPlugin final : public QGenericPlugin {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "Hand.json")
+
+public:
+    QObject* create(const QString& /*name*/, const QString& /*specification*/) override { return new Hand; }
+};
+
+#include "Hand.moc"

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/app/WindowFixture.h"
+
+#include <QAbstractItemView>
+#include <QScrollBar>
+
+namespace vorhaven::test {
+namespace {
+
+using Lists = Window;
+
+TEST_F(Lists, PickersFindEntriesByTheBeginningOfAWord) {
+    EXPECT_EQ(QApplication::keyboardInputInterval(), 1000);
+    struct Case {
+        const char* Letters;
+        const char* Found; // nullptr: nothing
+        const char* Reason;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"z", nullptr, "nothing is picked so far, and no word begins so"},
+        {"oa", "Oath Guard", "a beginning"},
+        {"guard", "Oath Guard", "a later word"},
+        {"gu", "Guild Crossbows", "a beginning comes before a later word"},
+        {"oaz", "Oath Guard", "an unmatched letter changes nothing"},
+        {"oazth", "Oath Guard", "nor does it end the search"},
+        {"sn", "Snow Bear", "several letters are one beginning"},
+        {"s|n", "Night Blades", "after a pause a new search begins"},
+        {"tt", "Thorn Bows", "a letter repeated goes on to the next entry"},
+        {"tttt", "Tunnel Sappers", "and round and round"},
+    };
+    // clang-format on
+    QStringList lines;
+    for (const Case& c : cases) {
+        LookUp(Side::Attack, c.Letters);
+        QTest::keyClick(Picker(Side::Attack)->view(), Qt::Key_Return);
+        if (c.Found != nullptr)
+            lines += c.Found;
+        else // the open list still waits
+            QTest::keyClick(Picker(Side::Attack)->view(), Qt::Key_Escape);
+        Activate();
+        EXPECT_EQ(Lines(Side::Attack), lines) << c.Letters << ": " << c.Reason;
+    }
+    EXPECT_EQ(Lines(Side::Defend), QStringList());
+}
+
+TEST_F(Lists, PickersAddOnlyWhatIsPicked) {
+    QComboBox* const picker = Picker(Side::Defend);
+    // By mouse; the same entry again counts again.
+    for (int time = 1; time <= 2; ++time) {
+        Click(picker);
+        QAbstractItemView* const list = picker->view();
+        ASSERT_TRUE(list->isVisible());
+        const QPoint place = list->visualRect(list->model()->index(3, 0)).center();
+        QTest::mouseMove(list->viewport(), place);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+        Activate();
+        EXPECT_EQ(Lines(Side::Defend), QStringList(time, "Gate Wardens"));
+    }
+
+    // Neither by the wheel, nor by a key that is held since before, nor by leaving the list.
+    picker->setFocus();
+    Wheel(picker);
+    for (const auto key : {Qt::Key_Down, Qt::Key_Return, Qt::Key_O}) {
+        HoldKey(key, "o");
+        EXPECT_FALSE(picker->view()->isVisible());
+    }
+    QTest::keyClick(picker, Qt::Key_Down);
+    QTest::keyClick(picker->view(), Qt::Key_Down);
+    QTest::keyClick(picker->view(), Qt::Key_Escape);
+    EXPECT_EQ(Lines(Side::Defend).size(), 2);
+}
+
+TEST_F(Lists, MenuActsOnTheLinesThatAreShownSelected) {
+    QListWidget* const list = List(Side::Defend);
+    const auto ask = [&](QContextMenuEvent::Reason reason) {
+        const QPoint place = list->visualItemRect(list->currentItem()).center();
+        QContextMenuEvent event(reason, place, list->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(list->viewport(), &event);
+    };
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"right click", [&] { ask(QContextMenuEvent::Mouse); }},
+        {"menu key", [&] { ask(QContextMenuEvent::Keyboard); }},
+        {"Shift+F10", [&] { QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier); }}};
+    // Without a line nothing opens, also when the focus comes by the Tab key.
+    LineUp({}, {"Oath Guard", "Snow Bear"});
+    list->setCurrentRow(-1);
+    list->setFocus(Qt::TabFocusReason);
+    for (const auto& [name, open] : ways) {
+        open();
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << name;
+    }
+    QTest::keyClick(list, Qt::Key_Delete);
+    EXPECT_EQ(list->count(), 2);
+
+    for (const auto& [name, open] : ways) {
+        SCOPED_TRACE(name);
+        // The current line is not among the selected ones, so the menu belongs to it alone.
+        ClickLine(list, 0);
+        ClickLine(list, 1, Qt::ControlModifier);
+        ClickLine(list, 1, Qt::ControlModifier);
+        ASSERT_EQ(list->currentRow(), 1);
+        open();
+        EXPECT_FALSE(list->item(0)->isSelected());
+        EXPECT_TRUE(list->item(1)->isSelected());
+        Choose("Blessed");
+        EXPECT_EQ(list->item(0)->text(), "Oath Guard");
+        EXPECT_TRUE(list->item(1)->text().startsWith("Snow Bear *"));
+        open();
+        EXPECT_TRUE(Item(OpenMenu(), "Blessed")->isChecked());
+        EXPECT_FALSE(Item(OpenMenu(), "Flying")->isChecked());
+        QStringList greyed;
+        for (const char* item : {"Blessed", "Diseased", "Poisoned", "Medal", "Blacksmith", "Delete"})
+            if (!Item(OpenMenu(), item)->isEnabled())
+                greyed += item;
+        EXPECT_EQ(greyed, (QStringList{"Diseased", "Poisoned"}));
+        Choose("Blessed");
+        EXPECT_EQ(Lines(Side::Defend).back(), "Snow Bear");
+    }
+    // Medals have a menu of their own, with one mark.
+    ways[1].second();
+    Item(Item(OpenMenu(), "Medal")->menu(), "2 Medals")->trigger();
+    OpenMenu()->close();
+    ways[1].second();
+    QStringList marked;
+    for (const QAction* medals : Item(OpenMenu(), "Medal")->menu()->actions())
+        if (medals->isChecked())
+            marked += medals->text();
+    EXPECT_EQ(marked, QStringList{"2 Medals"});
+    Choose("Delete");
+    EXPECT_EQ(Lines(Side::Defend), QStringList{"Oath Guard"});
+    // The Delete key, too, acts on the current line that is not selected.
+    ClickLine(list, 0);
+    ClickLine(list, 0, Qt::ControlModifier);
+    QTest::keyClick(list, Qt::Key_Delete);
+    EXPECT_EQ(list->count(), 0);
+}
+
+TEST_F(Lists, ButtonsKeysAndMouseMoveCopyAndRemoveLines) {
+    for (const Side side : {Side::Attack, Side::Defend}) {
+        QListWidget* const list = List(side);
+        const auto click = [&](const QString& button) {
+            Click(ButtonCalled(button + ", " + SideName(side)));
+        };
+        click("Duplicate"); // no line to copy
+        for (const char* army : {"Oath Guard", "Snow Bear", "Thane"})
+            Pick(side, army);
+        ClickLine(list, 1);
+        click("Army Up");
+        EXPECT_EQ(Lines(side), (QStringList{"Snow Bear", "Oath Guard", "Thane"}));
+        EXPECT_EQ(list->currentRow(), 0);
+        EXPECT_TRUE(list->item(0)->isSelected());
+        EXPECT_FALSE(list->item(1)->isSelected());
+        click("Army Dn");
+        click("Army Dn");
+        EXPECT_EQ(Lines(side), (QStringList{"Oath Guard", "Thane", "Snow Bear"}));
+        EXPECT_EQ(list->currentRow(), 2);
+        Type(Find<QWidget>(&main_, "Number of Duplicates, " + SideName(side)), "2");
+        click("Duplicate");
+        EXPECT_EQ(Lines(side), (QStringList{"Oath Guard", "Thane", "Snow Bear", "Snow Bear", "Snow Bear"}));
+        EXPECT_EQ(list->currentRow(), 2);
+        for (const auto& [button, line] : {std::pair{Qt::MiddleButton, 1}, {Qt::LeftButton, 0}}) {
+            const QPoint place = list->visualItemRect(list->item(line)).center();
+            QTest::mouseClick(list->viewport(), button, {}, place);
+            QTest::mouseDClick(list->viewport(), button, {}, place);
+        }
+        EXPECT_EQ(Lines(side), (QStringList{"Thane", "Snow Bear", "Snow Bear", "Snow Bear"}));
+        ClickLine(list, 0);
+        ClickLine(list, 2, Qt::ShiftModifier);
+        QTest::keyClick(list, Qt::Key_Delete);
+        EXPECT_EQ(Lines(side), QStringList{"Snow Bear"});
+        click("Clear List");
+        EXPECT_EQ(list->count(), 0);
+    }
+}
+
+TEST_F(Lists, ShowWhatIsAddedAndWhatWillBeActedOn) {
+    QListWidget* const list = List(Side::Attack);
+    const auto isWhollyVisible = [&](int line) {
+        return list->viewport()->rect().contains(list->visualItemRect(list->item(line)));
+    };
+    const auto outline = [&](int line) {
+        const QRect place = list->visualItemRect(list->item(line));
+        const QImage picture = list->viewport()->grab(place).toImage();
+        return picture.pixelColor(picture.width() / 2, 0) == list->palette().color(QPalette::Highlight) &&
+               picture.pixelColor(picture.width() / 2, 2) != list->palette().color(QPalette::Highlight);
+    };
+    LineUp({"Oath Guard"}, {});
+    const int lineHeight = list->visualItemRect(list->item(0)).height();
+    EXPECT_GE(list->sizeHint().height(), 32 * lineHeight);
+
+    // The Tab key brings the focus into the list, but no line becomes the one that is acted on.
+    list->setCurrentRow(-1);
+    QTest::keyClick(Picker(Side::Attack), Qt::Key_Tab);
+    ASSERT_TRUE(list->hasFocus());
+    EXPECT_EQ(list->currentRow(), -1);
+    Click(ButtonCalled("Duplicate, Attacking Armies"));
+    EXPECT_EQ(list->count(), 1);
+    ClickLine(list, 0);
+    ClickLine(list, 0, Qt::ControlModifier);
+    EXPECT_TRUE(outline(0)) << "current, but not selected";
+
+    main_.resize(main_.width(), main_.minimumSizeHint().height());
+    list->setFixedHeight(12 * lineHeight);
+    Type(Find<QWidget>(&main_, "Number of Duplicates, Attacking Armies"), "25");
+    Click(ButtonCalled("Duplicate, Attacking Armies"));
+    QTest::qWait(1);
+    EXPECT_EQ(list->count(), 26);
+    EXPECT_TRUE(isWhollyVisible(25));
+    EXPECT_FALSE(outline(25));
+    list->scrollToTop();
+    Pick(Side::Attack, "Thane");
+    EXPECT_TRUE(isWhollyVisible(26));
+
+    // Beside every eighth line stands its stack's label, as far as the line is in view.
+    for (const int top : {0, 6, 14}) {
+        list->verticalScrollBar()->setValue(top * lineHeight);
+        QTest::qWait(1);
+        for (int stack = 0; stack < 4; ++stack) {
+            const auto* const label = Find<QLabel>(&main_, "Stack " + QString::number(stack + 1));
+            const QRect line = list->visualItemRect(list->item(8 * stack));
+            const bool isInView = list->viewport()->rect().contains(line.adjusted(0, 0, 0, -1));
+            EXPECT_EQ(label->isVisible(), isInView) << "stack " << stack + 1 << " from line " << top;
+            const int labelTop = label->mapTo(&main_, QPoint(0, 0)).y();
+            EXPECT_TRUE(!isInView || labelTop == list->viewport()->mapTo(&main_, line.topLeft()).y());
+        }
+    }
+}
+
+} // namespace
+} // namespace vorhaven::test

@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/HeroView.h"
+#include "app/MoreResultsView.h"
+#include "app/StatsView.h"
+#include "tests/app/WindowFixture.h"
+#include "ui/hero/frmHero.h"
+
+#include <QAbstractSpinBox>
+
+#include <algorithm>
+
+namespace vorhaven::test {
+namespace {
+
+using MainWindow = Window;
+
+TEST_F(MainWindow, ButtonsAndBoxesDoWhatTheySay) {
+    auto* const terrain = Find<QComboBox>(&main_, "Defender's Terrain");
+    auto* const cityLevel = Find<QComboBox>(&main_, "City Level");
+    EXPECT_EQ(terrain->currentText(), "field");
+    EXPECT_FALSE(cityLevel->isEnabled());
+    // What is chosen arrives: a city has a level, and nothing else has.
+    struct Case {
+        QComboBox* Box;
+        Qt::Key Key;
+        QStringList Shown;
+        int CityLevel;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {terrain, Qt::Key_Home, {"city", "Village (+1)"}, 1},
+        {cityLevel, Qt::Key_Down, {"city", "Castle (+2)"}, 2},
+        {terrain, Qt::Key_End, {"woods", ""}, 0},
+        {terrain, Qt::Key_Home, {"city", "Village (+1)"}, 1},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        QTest::keyClick(c.Box, c.Key);
+        EXPECT_EQ((QStringList{terrain->currentText(), cityLevel->currentText()}), c.Shown);
+        EXPECT_EQ(cityLevel->isEnabled(), c.CityLevel > 0);
+        EXPECT_EQ(pad_.Terrain(), c.Shown.front().toStdString());
+        EXPECT_EQ(pad_.cboCityLevel.ListIndex() + 1, c.CityLevel);
+        // The wheel is meant for what lies behind a box.
+        Wheel(c.Box);
+        EXPECT_EQ(terrain->currentText(), c.Shown.front());
+    }
+    // Nine defenders stand in a city and nowhere else.
+    LineUp({"Oath Guard"}, QStringList(9, "Oath Guard"));
+    EXPECT_FALSE(terrain->isEnabled());
+
+    // The access keys press the buttons, which blink before they act.
+    const auto pressAccessKey = [&](Qt::Key key, const std::function<bool()>& isDone) {
+        QTest::keyClick(Battles(), key, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor(isDone)) << QKeySequence(key).toString().toStdString();
+    };
+    Type(Battles(), "55");
+    pressAccessKey(Qt::Key_A, [&] { return ButtonCalled("More Results")->isEnabled(); });
+    EXPECT_EQ(Battles()->text(), "50") << "an access key leaves the field that is being edited";
+    pressAccessKey(Qt::Key_M, [] { return ResultsWindow() != nullptr; });
+    Activate();
+    pressAccessKey(Qt::Key_X, [&] { return !main_.isVisible(); });
+}
+
+TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
+    struct Case {
+        const char* Box;
+        const char* Typed;
+        const TextBox& Model;
+        std::string Arrives;
+        QString StandsAfterwards;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"Combat Dice", "24", pad_.txtCombatDice, "24", "24"},
+        {"Combat Dice", "", pad_.txtCombatDice, "24", "24"},
+        {"Combat Dice", "x", pad_.txtCombatDice, "24", "24"},
+        {"Combat Dice", "7", pad_.txtCombatDice, "24", "24"},           // below the arrows' limits
+        {"Combat Dice", "101", pad_.txtCombatDice, "24", "24"},
+        {"Combat Dice", "1234567", pad_.txtCombatDice, "24", "24"},
+        {"Number of Duplicates, Attacking Armies", "32", pad_.txtDup[0], "32", "32"},
+        {"Number of Duplicates, Attacking Armies", "33", pad_.txtDup[0], "3", "3"},
+        {"Number of Duplicates, Attacking Armies", "0", pad_.txtDup[0], "3", "3"},
+        {"Number of Duplicates, Defending Armies", "3", pad_.txtDup[1], "3", "3"},
+        {"Number of Duplicates, Defending Armies", "-1", pad_.txtDup[1], "3", "3"},
+        {"Number of Battles", "1x2-3.4e5", pad_.txtNumSimulations, "12345", "12340"},
+        {"Number of Battles", "123456789", pad_.txtNumSimulations, "12345678", "12345670"},
+        {"Number of Battles", "", pad_.txtNumSimulations, "", "10"},
+        {"Number of Battles", "7", pad_.txtNumSimulations, "7", "10"},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        auto* const box = Find<QWidget>(&main_, c.Box);
+        // Left by the Tab key, by a click on a button, and by Enter where that does not attack.
+        for (const char* way : {"Tab", "click", "Enter"}) {
+            Type(box, c.Typed);
+            EXPECT_EQ(c.Model.Text(), c.Arrives) << c.Box << ", typed " << c.Typed;
+            if (*way == 'T')
+                QTest::keyClick(EditOf(box), Qt::Key_Tab);
+            else if (*way == 'c' || box == Battles())
+                Click(ButtonCalled("Clear List, Attacking Armies"));
+            else
+                QTest::keyClick(EditOf(box), Qt::Key_Return);
+            EXPECT_EQ(EditOf(box)->text(), c.StandsAfterwards)
+                << c.Box << ", typed " << c.Typed << ", left by " << way;
+        }
+    }
+    // Attack, too, brings the last number back first.
+    auto* const dice = Find<QAbstractSpinBox>(&main_, "Combat Dice");
+    Type(dice, "x");
+    InModalWindows({{MainTitle, [](QDialog& box) { box.accept(); }}});
+    Click(ButtonCalled("Attack"));
+    EXPECT_EQ(EditOf(dice)->text(), "24");
+    Type(dice, "");
+    QTest::keyClick(dice, Qt::Key_Up);
+    EXPECT_EQ(EditOf(dice)->text(), "25");
+    QTest::keyClick(dice, Qt::Key_PageDown);
+    EXPECT_EQ(EditOf(dice)->text(), "24") << "one step, whatever the key asks for";
+}
+
+TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
+    CArmy record;
+    frmHero hero(toolkit_);
+    hero.Hero = &record;
+    frmStats statistics(toolkit_, catalogue_, "field");
+    frmMoreResults results(toolkit_, [] { return Long{10}; });
+    HeroView heroView(hero, nullptr);
+    StatsView statisticsView(statistics, nullptr);
+    MoreResultsView resultsView(results, nullptr);
+
+    const auto takesTab = [](const QWidget* widget) {
+        return (widget->focusPolicy() & Qt::TabFocus) != 0 && !widget->isHidden() &&
+               qobject_cast<QAbstractSpinBox*>(widget->parentWidget()) == nullptr;
+    };
+    // What is told of the widgets that take the focus and of the figures is what the models tell.
+    std::vector<const Control*> models{&pad_.cmdAttack,
+                                       &pad_.sscAbort,
+                                       &pad_.sscExit,
+                                       &pad_.sscMoreResults,
+                                       &pad_.sschkViewStats,
+                                       &pad_.txtCombatDice,
+                                       &pad_.txtNumSimulations,
+                                       &pad_.cboTerrain,
+                                       &pad_.cboCityLevel,
+                                       &pad_.lblAttWinPercent,
+                                       &statistics.msfgStackStats[0],
+                                       &statistics.msfgStackStats[1]};
+    for (Button& button : pad_.sscListArrow)
+        models.push_back(&button);
+    for (const std::size_t i : {0U, 1U})
+        models.insert(models.end(), {&pad_.cboArmies[i], &pad_.lstArmies[i], &pad_.sscDup[i], &pad_.txtDup[i],
+                                     &pad_.sscClearList[i]});
+    for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column)
+        models.push_back(&pad_.lblAvg[column]);
+    for (StackPanel& panel : statistics.Panels)
+        for (StackPanel::Value& value : panel.Raw)
+            models.push_back(&value.Figure);
+    for (const Control* model : models) {
+        const auto count = [](const auto& list, const auto& isTold) {
+            return std::ranges::count_if(list, isTold);
+        };
+        const auto shows = [&](const QWidget* widget) {
+            return widget->toolTip().toStdString() == model->ToolTip &&
+                   widget->accessibleDescription() == widget->toolTip() &&
+                   (takesTab(widget) || qobject_cast<const QLabel*>(widget) != nullptr);
+        };
+        const auto tellsTheSame = [&](const Control* other) { return other->ToolTip == model->ToolTip; };
+        EXPECT_EQ(count(main_.findChildren<QWidget*>() + statisticsView.findChildren<QWidget*>(), shows),
+                  count(models, tellsTheSame))
+            << model->ToolTip;
+    }
+
+    for (QWidget* window : std::initializer_list<QWidget*>{&main_, &heroView, &statisticsView, &resultsView})
+        for (QWidget* widget : window->findChildren<QWidget*>())
+            EXPECT_TRUE(!takesTab(widget) || widget->window() != window || !NameOf(widget).isEmpty())
+                << window->windowTitle().toStdString() << ": " << widget->metaObject()->className();
+    // The Tab key goes from the attackers over the middle to the defenders, through each once.
+    QString path;
+    QWidget* next = Picker(Side::Attack);
+    do {
+        const QString name = NameOf(next);
+        const auto* const part = name.endsWith(SideName(Side::Attack))   ? "a"
+                                 : name.endsWith(SideName(Side::Defend)) ? "d"
+                                                                         : "m";
+        if (takesTab(next) && !path.endsWith(part))
+            path += part;
+        next = next->nextInFocusChain();
+    } while (next != Picker(Side::Attack));
+    EXPECT_EQ(path, "amd");
+    EXPECT_EQ(main_.windowTitle(), MainTitle);
+}
+
+} // namespace
+} // namespace vorhaven::test

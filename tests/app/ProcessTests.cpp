@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/ErrorReport.h"
+#include "base/RunTimeError.h"
+#include "tests/app/WindowFixture.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <new>
+
+namespace vorhaven::test {
+namespace {
+
+/// The real program, in a folder of its own, with a hand inside it (Hand.cpp).
+class Process : public testing::Test {
+protected:
+    Process() {
+        EXPECT_TRUE(QFile::copy(VORHAVEN_PROGRAM, Program()));
+        QDir(folder_.path()).mkdir("catalogue");
+    }
+
+    [[nodiscard]] QString Program() const { return folder_.filePath("program"); }
+    void Write(const QString& name, const QString& text) const {
+        QFile file(folder_.filePath("catalogue/" + name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text.toUtf8());
+    }
+    /// A catalogue of one army type and one hero type; the army's combat bonus is in the field.
+    void WriteCatalogue(const QString& army, const QString& bonus) const {
+        // clang-format off
+        Write("armies.csv", "id,name,plural,faction,cost,strength,upkeep,hits,turns,moves,view,trait1,trait2,movement,building,weapon,armour,terrain,bonus,size,description,notes,power,powersize\n"
+                            "0," + army + ",,,0,5,0,2,1,0,0,,,walk,,,,field," + bonus + ",,,,0,0\n");
+        Write("heroes.csv", "id,name,plural,faction,cost,upkeep,moves,view,strength,weapon,hits,armour,movement,mount,description,notes,terrain,bonus\n"
+                            "0,Captain,,,0,0,0,0,5,,2,,walk,,,,,0\n");
+        Write("powers.csv", "code,name\n0,None\n");
+        // clang-format on
+    }
+    /// Runs the program to its end; its exit status.
+    int Run(const QString& deed) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        environment.insert("QT_PLUGIN_PATH", VORHAVEN_TEST_PLUGINS);
+        environment.insert("QT_QPA_GENERIC_PLUGINS", "hand");
+        environment.insert("VORHAVEN_HAND", deed);
+        process.setProcessEnvironment(environment);
+        process.start(Program(), QStringList());
+        EXPECT_TRUE(process.waitForFinished(30'000));
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        told_ = process.readAllStandardError();
+        return process.exitCode();
+    }
+
+    QTemporaryDir folder_;
+    QString told_;
+};
+
+TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
+    struct Case {
+        const char* Reason;
+        std::function<void()> Prepare;
+        const char* Deed;
+        int ExitStatus;
+        QStringList Told;
+    };
+    const char* const advice =
+        "The program cannot start. Correct this, or take the catalogue's folder away, and start it again.";
+    // clang-format off
+    const Case cases[] = {
+        {"an empty folder", [] {}, "exit", 1, {"armies.csv", advice, "box: "}},
+        {"a broken number", [&] { WriteCatalogue("Guard", "much"); }, "exit", 1, {"armies.csv", "much", advice, "box: "}},
+        {"a good one, and the windows close together", [&] { WriteCatalogue("Own Guard", "1"); }, "exit", 0, {"first army: Own Guard"}},
+        {"a run closed in the middle", [] {}, "close", 0, {"closed in the middle"}},
+        {"a fatal error", [&] { WriteCatalogue("Own Guard", "2147483647"); }, "fight", 1,
+            {"Run-time error '13':\nType mismatch\nThe program has to end.", "\nPassed on by: frmBrawlpad::cmdAttack_Click",
+             "box: Run-time error '13':/Type mismatch|The program has to end.", "//Original error: 6, Overflow/Raised in: CAttackArmies::InterpretCB/"}},
+        {"none", [&] { QDir(folder_.filePath("catalogue")).removeRecursively(); }, "exit", 0, {"first army: Vale Levy"}},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        c.Prepare();
+        EXPECT_EQ(Run(c.Deed), c.ExitStatus) << c.Reason;
+        for (const QString& text : c.Told)
+            EXPECT_TRUE(told_.contains(text)) << c.Reason << " should tell \"" << text.toStdString()
+                                              << "\" but told " << told_.toStdString();
+    }
+}
+
+TEST(OutermostHandler, ReportsWhateverAHandlerThrows) {
+    struct Case {
+        std::function<void()> Handler;
+        const char* Headline;
+        const char* Details;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {[] { const Trap trap{"frmHero::Form_Load"}; throw RunTimeError{ErrorNumber::DivisionByZero}; }, "Run-time error '13':\nType mismatch", "frmHero::Form_Load"},
+        {[] { throw std::bad_alloc(); }, "Run-time error '7':\nOut of memory", ""},
+        {[] { throw std::runtime_error("a library's own"); }, "Unexpected error", "a library's own"},
+    };
+    // clang-format on
+    std::vector<ErrorReport> reports;
+    OnFatalError = [&](const ErrorReport& report) { reports.push_back(report); };
+    for (const Case& c : cases) {
+        RunOutermost(c.Handler);
+        EXPECT_EQ(reports.back().Headline, c.Headline);
+        EXPECT_NE(reports.back().Details.find(c.Details), std::string::npos) << reports.back().Details;
+    }
+    OnFatalError = ReportAndEnd;
+    EXPECT_EQ(reports.size(), std::size(cases));
+}
+
+} // namespace
+} // namespace vorhaven::test

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/app/WindowFixture.h"
+
+#include <QDateTime>
+#include <QMessageBox>
+#include <QStatusBar>
+
+#include <set>
+
+namespace vorhaven::test {
+namespace {
+
+/// What the status bar and its neighbours show.
+class Run : public Window {
+protected:
+    int Bar() { return Find<QProgressBar>(&main_, "Progress Indicator")->value(); }
+    QString StatusText() {
+        for (const QLabel* panel : main_.statusBar()->findChildren<QLabel*>())
+            if (panel->toolTip() == "Percent Completed")
+                return panel->text();
+        return "no panel";
+    }
+    QStringList Figures() {
+        return {Beside(&main_, "Attacker Wins:"), Beside(&main_, "Avg. Att. Units Lost:"),
+                Beside(&main_, "Avg. Att. Prod. Turns Lost:"), Beside(&main_, "Avg. Def Units Lost:"),
+                Beside(&main_, "Avg. Def. Prod. Turns Lost:")};
+    }
+    static bool IsBusy() {
+        return QGuiApplication::overrideCursor() != nullptr &&
+               QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
+    }
+};
+
+TEST_F(Run, ShowsItsFiguresWhereThePlayerReadsThem) {
+    // Rolls of 4 and 5 on 20 faces: the blessed Spears (5) always hit, the others (4) sometimes, Kites never.
+    TurningDice dice({0.16F, 0.21F, 0.21F});
+    MBattleCalc::DrawFrom(dice);
+    EXPECT_FALSE(Find<QProgressBar>(&main_, "Progress Indicator")->isVisible());
+    LineUp({"Floe Spears", "Cliff Kites"}, {"Floe Spears", "Floe Spears", "Floe Spears"});
+    ClickLine(List(Side::Attack), 0);
+    QTest::keyClick(List(Side::Attack), Qt::Key_F10, Qt::ShiftModifier);
+    Choose("Blessed");
+
+    // Enter in the field attacks.
+    Type(Battles(), "30");
+    QTest::keyClick(Battles(), Qt::Key_Return);
+    EXPECT_EQ(Figures(), (QStringList{"100%", "1", "2", "3", "9"}));
+    EXPECT_TRUE(Find<QProgressBar>(&main_, "Progress Indicator")->isVisible());
+    EXPECT_EQ(Bar(), 100);
+    EXPECT_EQ(StatusText(), "100% Completed");
+    for (const auto* name : {"Attack", "More Results", "Exit"})
+        EXPECT_TRUE(ButtonCalled(name)->isEnabled()) << name;
+    EXPECT_FALSE(ButtonCalled("Abort")->isEnabled());
+
+    QStringList clocks;
+    for (const QLabel* panel : main_.statusBar()->findChildren<QLabel*>())
+        clocks += panel->text();
+    const QDateTime now = QDateTime::currentDateTime();
+    EXPECT_TRUE(clocks.contains(QLocale().toString(now.date(), QLocale::ShortFormat)));
+    EXPECT_TRUE(clocks.contains(QLocale().toString(now.time(), QLocale::ShortFormat)) ||
+                clocks.contains(QLocale().toString(now.addSecs(-2).time(), QLocale::ShortFormat)));
+}
+
+TEST_F(Run, KeepsBarAndTextInStepUntilItIsAborted) {
+    LineUp({"Oath Guard"}, {"Oath Guard"});
+    std::set<int> bars;
+    std::set<int> told;
+    QTimer sampler;
+    QObject::connect(&sampler, &QTimer::timeout, [&] {
+        bars.insert(Bar());
+        if (StatusText() == QString::number(Bar()) + "% Completed")
+            told.insert(Bar());
+        if (bars.size() < 4)
+            return;
+        sampler.stop();
+        EXPECT_TRUE(IsBusy());
+        EXPECT_FALSE(ButtonCalled("Attack")->isEnabled());
+        EXPECT_FALSE(ButtonCalled("Exit")->isEnabled());
+        QTest::keyClick(&main_, Qt::Key_Escape);
+    });
+    sampler.start(0);
+    Attack("900000");
+    // There is no text before the first step, and the last step may have been seen half done.
+    told.insert({*bars.begin(), *bars.rbegin()});
+    EXPECT_GE(bars.size(), 4U);
+    EXPECT_EQ(told, bars);
+    EXPECT_FALSE(IsBusy());
+    EXPECT_EQ(Figures(), QStringList(5, QString()));
+    EXPECT_TRUE(ButtonCalled("Attack")->hasFocus());
+
+    // What the player has moved to in the meantime keeps the focus, and the Abort button aborts too.
+    Attack("900000", [this] {
+        Click(ButtonCalled("Abort"));
+        List(Side::Defend)->setFocus();
+    });
+    EXPECT_TRUE(List(Side::Defend)->hasFocus());
+    EXPECT_LT(Bar(), 100);
+}
+
+TEST_F(Run, LiftsTheHourglassWhileAWindowWaitsAndGivesTheFocusBack) {
+    LineUp({"Oath Guard"}, {"Oath Guard"});
+    auto* const viewStatistics = Find<QAbstractButton>(&main_, "View Stack Statistics");
+    QTest::keyClick(viewStatistics, Qt::Key_Space);
+    const auto goOn = [this](QDialog& statistics) {
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+        QTimer::singleShot(100, &main_, [this] {
+            EXPECT_TRUE(IsBusy());
+            Click(ButtonCalled("Abort"));
+        });
+        QTest::keyClick(&statistics, Qt::Key_Return);
+    };
+    InModalWindows({{"Stack Statistics", goOn}});
+    Attack("9000000");
+    EXPECT_FALSE(IsBusy());
+    Activate();
+    EXPECT_TRUE(ButtonCalled("Attack")->hasFocus());
+
+    // Unmarked, the box opens nothing.
+    QTest::keyClick(viewStatistics, Qt::Key_Space);
+    Attack("10");
+    EXPECT_FALSE(Figures().front().isEmpty());
+}
+
+TEST_F(Run, IsRefusedWithoutArmiesAndOffersNoResultsThatItDoesNotHave) {
+    struct Case {
+        QStringList Attackers, Defenders;
+        bool IsFought;
+    };
+    const QStringList stackOfNone(8, "None");
+    // clang-format off
+    const Case cases[] = {
+        {{}, {}, false},
+        {{"Oath Guard"}, {}, false},
+        {{"None"}, {"None"}, false},
+        {stackOfNone + QStringList{"Oath Guard"}, {"Oath Guard"}, false}, // the first stack is empty
+        {{"None", "Oath Guard"}, {"None", "Oath Guard"}, true},
+    };
+    // clang-format on
+    QString warning;
+    const auto read = [&](QDialog& box) {
+        warning = dynamic_cast<QMessageBox&>(box).text();
+        box.accept();
+    };
+    for (const Case& c : cases) {
+        Click(ButtonCalled("Clear List, Attacking Armies"));
+        Click(ButtonCalled("Clear List, Defending Armies"));
+        LineUp(c.Attackers, c.Defenders);
+        warning.clear();
+        if (!c.IsFought)
+            InModalWindows({{MainTitle, read}});
+        Click(ButtonCalled("Attack"));
+        EXPECT_EQ(warning, c.IsFought ? "" : "You need to specify attacking and defending armies.")
+            << c.Attackers.join(' ').toStdString();
+        EXPECT_EQ(ButtonCalled("More Results")->isEnabled(), c.IsFought);
+        EXPECT_TRUE(ButtonCalled("Attack")->isEnabled());
+        EXPECT_TRUE(ButtonCalled("Exit")->isEnabled());
+    }
+    for (const auto& [battles, isOffered] :
+         {std::pair{"1010", false}, {"1000", true}, {"99999999", false}, {"20", true}, {"", true}}) {
+        Type(Battles(), battles);
+        EXPECT_EQ(ButtonCalled("More Results")->isEnabled(), isOffered) << battles;
+    }
+}
+
+TEST_F(Run, KeepsAKeyThatIsHeldOnAttackAwayFromEverythingElse) {
+    LineUp({"Oath Guard"}, {"Oath Guard"});
+    for (const auto& [key, text] : {std::pair{Qt::Key_Return, "\r"}, std::pair{Qt::Key_Space, " "}}) {
+        Type(Battles(), "20000");
+        ButtonCalled("Attack")->setFocus();
+        QTimer::singleShot(0, &main_, [k = key, t = text] { HoldKey(k, t); });
+        QTest::keyClick(ButtonCalled("Attack"), key);
+        HoldKey(key, text);
+        EXPECT_EQ(Lines(Side::Attack) + Lines(Side::Defend), QStringList(2, "Oath Guard"));
+        EXPECT_TRUE(ButtonCalled("Attack")->hasFocus());
+        EXPECT_FALSE(Figures().front().isEmpty());
+    }
+}
+
+TEST_F(Run, EndsWhenTheWindowIsClosed) {
+    LineUp({"Oath Guard"}, {"Oath Guard"});
+    Attack("900000", [this] { main_.close(); });
+    EXPECT_FALSE(main_.isVisible());
+    EXPECT_LT(Bar(), 100);
+    EXPECT_EQ(Figures(), QStringList(5, QString()));
+}
+
+TEST_F(Run, EndsWhenTheWindowIsClosedWhileAnotherWaits) {
+    LineUp({"Marshal"}, {"Oath Guard"});
+    InModalWindows({{HeroTitle, [this](QDialog& /*editor*/) { main_.close(); }}});
+    Attack("900000");
+    EXPECT_FALSE(main_.isVisible());
+    EXPECT_EQ(Figures(), QStringList(5, QString()));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+} // namespace
+} // namespace vorhaven::test
