@@ -7,6 +7,7 @@
 #include "app/DropDown.h"
 #include "app/ErrorReport.h"
 #include "app/OddsView.h"
+#include "app/QuickResultsView.h"
 #include "app/Scroller.h"
 #include "app/Shade.h"
 
@@ -26,30 +27,12 @@
 #include <QStatusBar>
 #include <QTimer>
 
-#include <algorithm>
-
 namespace vorhaven {
 
 namespace {
 
 /// What the three columns take side by side in their usual shape.
 constexpr int UsualWidthInEm = 80;
-
-/// Wide enough for any percentage and any average that the quick results show.
-constexpr const char* WidestPercentage = "00.0000000000000%";
-constexpr const char* WidestAverage = "000.000000";
-
-/// Indents numbers so that their decimal points stand below each other.
-void AlignPoints(const QList<QLabel*>& numbers) {
-    const auto widthBeforePoint = [](const QLabel& number) {
-        return number.fontMetrics().horizontalAdvance(number.text().section('.', 0, 0));
-    };
-    int widest = 0;
-    for (const QLabel* number : numbers)
-        widest = std::max(widest, widthBeforePoint(*number));
-    for (QLabel* number : numbers)
-        number->setIndent(widest - widthBeforePoint(*number));
-}
 
 } // namespace
 
@@ -86,7 +69,9 @@ QLayout* MainView::MakeMiddle() {
     layout->addWidget(MakeSettings());
     layout->addWidget(new OddsView(pad_->OddsFrame));
     layout->addLayout(MakeRunButtons());
-    layout->addWidget(MakeQuickResults());
+    auto* const results = new QuickResultsView(*pad_, compact_);
+    layout->addWidget(results);
+    middleTabs_ += results->MoreResults();
     layout->addStretch();
     layout->addWidget(MakeButton(pad_->sscExit), 0, Qt::AlignRight);
     return layout;
@@ -140,71 +125,6 @@ QLayout* MainView::MakeRunButtons() {
     layout->addWidget(attack_, 3);
     layout->addWidget(abort, 1);
     return layout;
-}
-
-QWidget* MainView::MakeQuickResults() {
-    frmBrawlpad& pad = *pad_;
-    auto* const frame = Make<QGroupBox>(pad.fraQuickResults);
-    const auto makeFigure = [](Label& control, const char* widest) {
-        auto* const figure = Make<QLabel>(control);
-        figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        figure->setMinimumWidth(figure->fontMetrics().horizontalAdvance(QString::fromLatin1(widest)));
-        return figure;
-    };
-    auto* const wins = makeFigure(pad.lblAttWinPercent, "");
-    Enlarge(*wins, compact_ ? 1.4 : 1.8);
-    wins->setMinimumHeight(wins->fontMetrics().height());
-    auto* const winsCaption = Make<QLabel>(pad.lblAttWinPercentCaption);
-    LabelField(*wins, *winsCaption);
-    auto* const margin = Make<QLabel>(pad.lblWinMargin);
-    SetShade(*margin, Shade::Quiet);
-    KeepWith(*margin, pad.lblWinMargin.Changed.Connect([this, margin] {
-        margin->setToolTip(QString::fromStdString(pad_->WinMarginInWords));
-        margin->setAccessibleDescription(margin->toolTip());
-    }));
-    auto* const outOfDate = Make<QLabel>(pad.lblOutOfDate);
-
-    auto* const averages = new QFormLayout;
-    for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column)
-        AddRow(*averages, pad.lblAvgCaption[column], makeFigure(pad.lblAvg[column], WidestAverage));
-    auto* const moreResults = MakeButton(pad.sscMoreResults);
-    // A number of battles that the last run did not have cannot be shown.
-    const auto showIfPossible = [this, moreResults] {
-        moreResults->setEnabled(pad_->sscMoreResults.Enabled && pad_->HasResultsToShow());
-    };
-    KeepWith(*moreResults, pad.txtNumSimulations.Changed.Connect(showIfPossible));
-    KeepWith(*moreResults, pad.sscMoreResults.Changed.Connect(showIfPossible));
-
-    auto* const details = new QBoxLayout(compact_ ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-    details->addLayout(averages, 1);
-    details->addWidget(moreResults, 0, Qt::AlignRight | Qt::AlignBottom);
-    QList<QLabel*> figures{wins};
-    for (int row = 0; row < averages->rowCount(); ++row)
-        figures += qobject_cast<QLabel*>(averages->itemAt(row, QFormLayout::FieldRole)->widget());
-    for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column)
-        KeepWith(*frame, pad.lblAvg[column].Changed.Connect([figures] { AlignPoints(figures.mid(1)); }));
-    KeepWith(*frame, pad.lblOutOfDate.Changed.Connect([this, figures] {
-        const bool isOutOfDate = !pad_->lblOutOfDate.Caption.Get().empty();
-        for (QLabel* figure : figures)
-            SetShade(*figure, isOutOfDate ? Shade::Dimmed : Shade::Full);
-    }));
-
-    auto* const caption = new QHBoxLayout;
-    caption->addWidget(winsCaption, 1);
-    caption->addWidget(outOfDate);
-    auto* const percentage = new QHBoxLayout;
-    percentage->addWidget(wins);
-    percentage->addWidget(margin, 1, Qt::AlignVCenter);
-    auto* const layout = new QVBoxLayout(frame);
-    layout->addLayout(caption);
-    layout->addLayout(percentage);
-    // Room for the widest percentage with its margin behind it.
-    layout->addItem(
-        new QSpacerItem(wins->fontMetrics().horizontalAdvance(QString::fromLatin1(WidestPercentage)) +
-                            margin->fontMetrics().horizontalAdvance(QStringLiteral("  ± 00.0")),
-                        0));
-    layout->addLayout(details);
-    return frame;
 }
 
 void MainView::MakeStatusBar() {

@@ -30,7 +30,6 @@ private:
     [[nodiscard]] QLayout* MakeMiddle();
     [[nodiscard]] QWidget* MakeSettings();
     [[nodiscard]] QLayout* MakeRunButtons();
-    [[nodiscard]] QWidget* MakeQuickResults();
     [[nodiscard]] QWidget* MakeButton(Button& control);
     void MakeSettling();
     void MakeShortcuts();
