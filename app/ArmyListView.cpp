@@ -56,6 +56,8 @@ private:
         painter.setPen(isSelected ? text : Mixed(text, option.palette.color(QPalette::Base), Shade::Quiet));
         const int gap = option.fontMetrics.averageCharWidth();
         const int nameWidth = option.fontMetrics.horizontalAdvance(index.data().toString()) + 3 * gap;
+        // The words keep their order where the window is mirrored.
+        painter.setLayoutDirection(Qt::LeftToRight);
         const bool isLeftToRight = option.direction == Qt::LeftToRight;
         const QRect room = isLeftToRight ? option.rect.adjusted(nameWidth, 0, -gap, 0)
                                          : option.rect.adjusted(gap, 0, -nameWidth, 0);

@@ -19,7 +19,9 @@ ArmyPanel::ArmyPanel(frmBrawlpad& pad, Side side, bool compact)
     : pad_(&pad), side_(side), index_(static_cast<std::size_t>(side)) {
     Bind(*this, pad.FrameOf(side));
     auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(MakePicker());
+    if (compact)
+        layout->setContentsMargins(6, 6, 6, 6);
+    layout->addLayout(MakePicker(compact));
     layout->addLayout(MakeList(), 1);
     layout->addLayout(MakeTools(compact));
 }
@@ -32,7 +34,7 @@ Widget* ArmyPanel::MakePaired(ControlType& control) {
     return widget;
 }
 
-QLayout* ArmyPanel::MakePicker() {
+QLayout* ArmyPanel::MakePicker(bool compact) {
     auto* const label = Make<QLabel>(pad_->lblArmies[index_]);
     auto* const picker = MakeFocusable<Picker>(*pad_, pad_->cboArmies[index_]);
     picker->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -41,11 +43,16 @@ QLayout* ArmyPanel::MakePicker() {
     tabs_ += picker;
     auto* const layout = new QGridLayout;
     layout->addWidget(label, 0, 0);
-    auto* const count = Make<QLabel>(pad_->lblCount[index_]);
-    SetShade(*count, Shade::Quiet);
-    layout->addWidget(count, 0, 1, Qt::AlignRight);
+    if (!compact)
+        layout->addWidget(MakeCount(), 0, 1, Qt::AlignRight);
     layout->addWidget(picker, 1, 0, 1, 2);
     return layout;
+}
+
+QLabel* ArmyPanel::MakeCount() {
+    auto* const count = Make<QLabel>(pad_->lblCount[index_]);
+    SetShade(*count, Shade::Quiet);
+    return count;
 }
 
 QLayout* ArmyPanel::MakeList() {
@@ -103,6 +110,7 @@ QLayout* ArmyPanel::MakeTools(bool compact) {
     if (compact) {
         layout->addWidget(duplicate, 1, 1);
         layout->addWidget(copiesLabel, 2, 0, 1, 2);
+        layout->addWidget(MakeCount(), 3, 0);
         layout->addWidget(copies, 3, 1);
     } else {
         layout->addWidget(duplicate, 0, 2);

@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QPoint>
 
+class QLabel;
 class QMenu;
 
 namespace vorhaven {
@@ -29,7 +30,9 @@ private:
     template <class Widget, class ControlType>
     Widget* MakePaired(ControlType& control);
 
-    [[nodiscard]] QLayout* MakePicker();
+    [[nodiscard]] QLayout* MakePicker(bool compact);
+    /// How many lines the list has.
+    [[nodiscard]] QLabel* MakeCount();
     [[nodiscard]] QLayout* MakeList();
     [[nodiscard]] QLayout* MakeTools(bool compact);
 

@@ -34,6 +34,8 @@ namespace {
 /// What the three columns take side by side in their usual shape.
 constexpr int UsualWidthInEm = 80;
 
+constexpr int CompactMargin = 4;
+
 } // namespace
 
 MainView::MainView(frmBrawlpad& pad)
@@ -42,12 +44,16 @@ MainView::MainView(frmBrawlpad& pad)
     setWindowTitle(QString::fromStdString(pad.Caption));
     auto* const contents = new QWidget;
     auto* const columns = new QHBoxLayout(contents);
+    if (compact_) {
+        columns->setContentsMargins(CompactMargin, CompactMargin, CompactMargin, 0);
+        columns->setSpacing(CompactMargin);
+    }
     for (const Side side : {Side::Attack, Side::Defend}) {
         ArmyPanel*& panel = armies_[static_cast<std::size_t>(side)];
         panel = new ArmyPanel(pad, side, compact_);
         columns->addWidget(panel, 1);
     }
-    columns->insertLayout(1, MakeMiddle());
+    columns->insertWidget(1, MakeMiddle());
     setCentralWidget(new Scroller(contents));
     MakeStatusBar();
     MakeMenu();
@@ -64,17 +70,19 @@ void MainView::closeEvent(QCloseEvent* event) {
     QCoreApplication::exit();
 }
 
-QLayout* MainView::MakeMiddle() {
-    auto* const layout = new QVBoxLayout;
+QWidget* MainView::MakeMiddle() {
+    auto* const middle = new QWidget;
+    auto* const layout = new QVBoxLayout(middle);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(MakeSettings());
-    layout->addWidget(new OddsView(pad_->OddsFrame));
+    layout->addWidget(new OddsView(pad_->OddsFrame, compact_));
     layout->addLayout(MakeRunButtons());
     auto* const results = new QuickResultsView(*pad_, compact_);
     layout->addWidget(results);
     middleTabs_ += results->MoreResults();
     layout->addStretch();
     layout->addWidget(MakeButton(pad_->sscExit), 0, Qt::AlignRight);
-    return layout;
+    return new ColumnScroller(middle);
 }
 
 QWidget* MainView::MakeButton(Button& control) {

@@ -27,7 +27,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    [[nodiscard]] QLayout* MakeMiddle();
+    [[nodiscard]] QWidget* MakeMiddle();
     [[nodiscard]] QWidget* MakeSettings();
     [[nodiscard]] QLayout* MakeRunButtons();
     [[nodiscard]] QWidget* MakeButton(Button& control);

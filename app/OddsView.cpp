@@ -84,7 +84,7 @@ QWidget* MakeRule() {
 
 } // namespace
 
-OddsView::OddsView(OddsPanel& panel) : panel_(&panel) {
+OddsView::OddsView(OddsPanel& panel, bool compact) : panel_(&panel), compact_(compact) {
     Bind(*this, panel.fraOdds);
     auto* const bar = new OddsBar(panel);
     KeepWith(*bar, panel.fraOdds.Changed.Connect([bar] { bar->update(); }));
@@ -116,7 +116,8 @@ QLayout* OddsView::MakeChances() {
         Enlarge(*chances[side], 1.25);
     }
     layout->addWidget(sides[0]);
-    layout->addWidget(chances[0], 1);
+    layout->addWidget(chances[0]);
+    layout->addStretch();
     layout->addWidget(chances[1]);
     layout->addWidget(sides[1]);
     return layout;
@@ -126,7 +127,7 @@ QLayout* OddsView::MakeLosses() {
     auto* const table = new QGridLayout;
     table->setVerticalSpacing(1);
     table->setColumnStretch(0, 1);
-    table->addWidget(Make<QLabel>(panel_->lblLosses), 1, 0);
+    table->addWidget(Make<QLabel>(panel_->lblLosses), compact_ ? 0 : 1, 0, Qt::AlignLeft);
     for (int side = 0; side < 2; ++side) {
         auto* const key = new QHBoxLayout;
         key->addStretch();
@@ -142,14 +143,17 @@ QLayout* OddsView::MakeLosses() {
         table->addWidget(header, 1, 1 + column + column / 2, Qt::AlignRight);
     }
     table->addWidget(MakeRule(), 2, 0, 1, 6);
-    int place = 3;
     for (OddsPanel::Row& row : panel_->Rows)
-        AddRow(*table, place++, row);
+        AddRow(*table, row);
     return table;
 }
 
-void OddsView::AddRow(QGridLayout& table, int place, OddsPanel::Row& row) {
-    table.addWidget(Make<QLabel>(row.Caption), place, 0);
+void OddsView::AddRow(QGridLayout& table, OddsPanel::Row& row) {
+    int place = table.rowCount();
+    table.addWidget(Make<QLabel>(row.Caption), place, 0, 1, compact_ ? table.columnCount() : 1,
+                    Qt::AlignLeft);
+    if (compact_)
+        ++place;
     for (std::size_t column = 0; column < row.Losses.size(); ++column) {
         Label& control = row.Losses[column];
         auto* const figure = Make<QLabel>(control);

@@ -14,15 +14,17 @@ namespace vorhaven {
 /// The frame of exact odds on the screen.
 class OddsView final : public QGroupBox {
 public:
-    /// `panel` must outlive the view.
-    explicit OddsView(OddsPanel& panel);
+    /// `panel` must outlive the view. `compact`: take more height and less width.
+    OddsView(OddsPanel& panel, bool compact);
 
 private:
     [[nodiscard]] QLayout* MakeChances();
     [[nodiscard]] QLayout* MakeLosses();
-    void AddRow(QGridLayout& table, int place, OddsPanel::Row& row);
+    /// Adds a row of figures with its caption before them, or above them where width is short.
+    void AddRow(QGridLayout& table, OddsPanel::Row& row);
 
     OddsPanel* panel_;
+    bool compact_;
 };
 
 } // namespace vorhaven

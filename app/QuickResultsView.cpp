@@ -68,10 +68,10 @@ QLayout* QuickResultsView::MakeWinPercent(bool compact) {
     }));
 
     auto* const layout = new QGridLayout;
-    layout->addWidget(caption, 0, 0, 1, 2);
+    layout->addWidget(caption, 0, 0, 1, 2, Qt::AlignLeft);
     layout->addWidget(Make<QLabel>(pad_->lblOutOfDate), 0, 2);
     layout->addWidget(wins, 1, 0);
-    layout->addWidget(margin, 1, 1, 1, 2);
+    layout->addWidget(margin, 1, 1, 1, 2, Qt::AlignLeft | Qt::AlignVCenter);
     // Room for any percentage with its margin behind it.
     layout->addItem(new QSpacerItem(WidthOf(*wins, "00.0000000000000%") + WidthOf(*margin, "  ± 00.0"), 0), 2,
                     0, 1, 3);
