@@ -71,7 +71,7 @@ class HandPlugin final : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "Hand.json")
 
 public:
-    QObject* create(const QString& /*name*/, const QString& /*specification*/) override { return new Hand; }
+    QObject* create(const QString& /*name*/, const QString& /*arguments*/) override { return new Hand; }
 };
 
 #include "Hand.moc"
