@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+class QKeyEvent;
+
 namespace vorhaven {
 
 /// Lets a key that confirms or cancels count once, however long it is held: held through one window it would
@@ -13,6 +15,15 @@ public:
     using QObject::QObject;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /// Whether the key has been held since an earlier press. X repeats a key as a release and a press at one
+    /// moment, which the toolkit takes for two presses when they do not arrive together.
+    [[nodiscard]] bool IsHeld(const QKeyEvent& press) const;
+
+    int releasedKey_ = 0;
+    /// When that was, by the system's clock of events; 0 for a synthetic event, which has no time.
+    quint64 releasedAt_ = 0;
 };
 
 } // namespace vorhaven
