@@ -34,8 +34,8 @@ double Median(std::vector<double> values) {
     return *middle;
 }
 
-/// What the odds add to a pick, when both sides have as many lines already. Half of the picks are given no time for
-/// the odds; both kinds take turns, so that the machine's noise meets both.
+/// What the odds add to a pick, when both sides have as many lines already. Half of the picks are given no
+/// time for the odds; both kinds take turns, so that the machine's noise meets both.
 void PickWithOdds(benchmark::State& state) {
     const CsvCatalogue catalogue = CsvCatalogue::BuiltIn();
     NoToolkit toolkit;

@@ -111,7 +111,7 @@ template <Long CArmy::*Power>
 struct Quiver {
     Long ShotsLeft;
     /// No more shots for the rest of the battle.
-    bool UsedUp;
+    bool UsedUp = false;
 };
 
 /// After the shot that hit, counted from 1.

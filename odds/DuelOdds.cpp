@@ -154,7 +154,7 @@ void DuelOdds::Rounds(const PerSide<State>& fighters) {
         return;
     }
     PerSide<State> survivors{{fighters.Attacker.Is, {}}, {fighters.Defender.Is, {}}};
-    std::array<HitChances, 4> both;
+    std::array<HitChances, 4> both{};
     for (std::size_t a = 0; a < 4; ++a)
         for (std::size_t d = 0; d < 4; ++d)
             both[a][d] = fighters.Attacker.Chances[a] * fighters.Defender.Chances[d];

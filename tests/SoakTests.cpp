@@ -127,7 +127,7 @@ void ExpectChart(const Chart& chart, const std::vector<Long>& falling, std::int3
 TEST(SoakTest, RandomBattlesKeepTheirInvariants) {
     std::mt19937 random{2026};
     constexpr std::int32_t battles = 40;
-    for (int repeat = 0; repeat < 300 && !HasFailure(); ++repeat) {
+    for (int repeat = 0; repeat < 2000 && !HasFailure(); ++repeat) {
         SCOPED_TRACE(repeat);
         RandomBattle sides{random};
         sides.Run(battles);

@@ -49,8 +49,9 @@ inline QString NameOf(QWidget* widget) {
 
 template <class Widget>
 Widget* Find(QWidget* window, const QString& name) {
-    for (Widget* widget : window->findChildren<Widget*>())
-        if (NameOf(widget) == name)
+    // Not findChildren<Widget*>: from Qt 6.7 on that wants classes with a meta-object of their own.
+    for (QWidget* child : window->findChildren<QWidget*>())
+        if (auto* const widget = dynamic_cast<Widget*>(child); widget != nullptr && NameOf(widget) == name)
             return widget;
     qFatal("no such widget is called %s", qPrintable(name));
 }
@@ -221,8 +222,11 @@ protected:
     }
     /// Chooses an item of the menu that is open.
     static void Choose(const QString& text) {
-        QTest::mouseClick(OpenMenu(), Qt::LeftButton, {},
-                          OpenMenu()->actionGeometry(Item(OpenMenu(), text)).center());
+        QMenu* const menu = OpenMenu();
+        QAction* const item = Item(menu, text);
+        // By the keys, since not every Qt takes a simulated click on a menu.
+        menu->setActiveAction(item);
+        QTest::keyClick(menu, Qt::Key_Return);
     }
 
     /// Runs battles, at first doing something while the run is under way.

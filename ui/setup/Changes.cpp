@@ -12,6 +12,7 @@ namespace {
 
 std::vector<ListEntry> EntriesOf(const std::vector<SetupLine>& lines) {
     std::vector<ListEntry> entries;
+    entries.reserve(lines.size());
     for (const SetupLine& line : lines)
         entries.push_back(line.Entry);
     return entries;
