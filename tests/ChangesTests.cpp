@@ -230,8 +230,16 @@ TEST(BattleText, IsPlainAndTakesWhatAPersonTypes) {
     EXPECT_EQ(player.Pad.lstArmies[0].ListCount() + player.Pad.lstArmies[1].ListCount(), 1);
     player.Pad.lstArmies[0].Select({0, {0}});
     EXPECT_EQ(player.Pad.SelectedLinesAsText(Side::Attack), "Midges\n");
-    player.Pad.Paste(Side::Defend, "Midges\nNone\n");
+    player.Pad.mnuCopy.Choose();
+    player.Do([&] { player.Pad.Paste(Side::Defend, "Midges\nNone\n"); });
     EXPECT_EQ(player.Pad.lstArmies[1].Entry(1).Text, "None");
+
+    player.Pad.lstArmies[0].Select({});
+    player.Pad.mnuCopy.Choose();
+    EXPECT_EQ(player.Toolkit.Clipboard, "Midges\n") << "there was nothing to copy";
+    player.Pad.txtNumSimulations.SetText("5");
+    player.Pad.Paste(Side::Attack, player.Pad.BattleAsText());
+    EXPECT_EQ(player.Toolkit.Message, "") << "a number that is still being typed is left out";
 }
 
 TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
@@ -259,6 +267,19 @@ TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
         player.Pad.Paste(Side::Defend, text);
         EXPECT_EQ(player.Toolkit.Message, fault + ".\nNothing was pasted.");
         EXPECT_EQ(player.Pad.CurrentSetup(), before) << fault;
+    }
+
+    // What can be read does not always fit.
+    std::string notice;
+    const Connection noticed = player.Pad.Noticed.Connect([&](const std::string& text) { notice = text; });
+    std::string full = "Attacking Armies\n";
+    for (int line = 0; line < 32; ++line)
+        full += "Midges\n";
+    for (const std::string& text : {full.substr(full.find('\n')), "Midges\n" + full}) {
+        player.Pad.Paste(Side::Attack, text);
+        EXPECT_EQ(std::exchange(notice, ""),
+                  "The list would hold more than 32 armies, so nothing was pasted");
+        EXPECT_EQ(player.Pad.CurrentSetup(), before);
     }
 }
 

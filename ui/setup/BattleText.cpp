@@ -146,8 +146,7 @@ private:
         } else if (IsSame(key, DiceKey)) {
             battle_.CombatDice = Number(value, vocabulary_->LowestDice, vocabulary_->HighestDice);
         } else if (IsSame(key, BattlesKey)) {
-            constexpr std::int32_t fewest = 10, most = 99'999'999;
-            battle_.NumBattles = Number(value, fewest, most);
+            battle_.NumBattles = Number(value, FewestBattles, MostBattles);
         } else {
             return false;
         }

@@ -117,6 +117,8 @@ public:
 
     /// The selected lines of a side as text; empty without any.
     [[nodiscard]] std::string SelectedLinesAsText(Side side) const;
+    /// Copies the selected lines of a side; without any, what was copied before stays.
+    void Copy(Side side);
     /// The whole set-up as text, with the quick results below it.
     [[nodiscard]] std::string BattleAsText() const;
     /// Takes a text as SelectedLinesAsText and BattleAsText write them: lines alone are added to a side, a
