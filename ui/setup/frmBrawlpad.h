@@ -292,6 +292,9 @@ private:
 
     // Changes.cpp
     void ShowState();
+    /// Whether the quick results are of another battle than the one that is set up. A hero of other values
+    /// makes it another one, the number of battles and the marks behind the names do not.
+    [[nodiscard]] bool AreResultsOutOfDate() const;
     void Restore(const Setup& setup);
     void sscSwapSides_Click();
     /// A new line's entry, told apart from all others.
@@ -349,14 +352,12 @@ private:
     std::int32_t lastLineId_ = 0;
     /// What was entered for heroes in the last run, by their line's identity.
     std::map<std::int32_t, HeroValues> heroValues_;
-    /// The set-up of the run under way, and of the run whose quick results are shown.
-    Setup assembled_;
-    std::optional<Setup> fought_;
-    /// The battle of the last run, with its heroes as they were entered.
-    BattleDescription foughtBattle_;
-    /// The battle whose odds are shown, and those odds.
+    /// The battle of the last run, under way or over, and that of the run whose quick results are shown: an
+    /// aborted run shows none. The heroes are as they were entered.
+    BattleDescription assembled_;
+    std::optional<BattleDescription> fought_;
+    /// The battle whose odds are shown.
     BattleDescription oddsOf_;
-    std::optional<Odds::BattleOdds> odds_;
     std::vector<Connection> touching_;
     /// The line that is being put into its army list.
     Side assembledSide_ = Side::Attack;
