@@ -27,7 +27,7 @@ enum class Side : std::size_t { Attack = 0, Defend = 1 };
 
 /// The main window: settings, the two army lists with their conditions, and the runs. What concerns the
 /// window as a whole is in frmBrawlpad.cpp; the other sources go by topic: Settings.cpp, Lists.cpp,
-/// Conditions.cpp, Assembly.cpp.
+/// Conditions.cpp, Assembly.cpp, Changes.cpp, LiveOdds.cpp, Exchange.cpp.
 class frmBrawlpad final : public Form, private ArmyListHost, private MBattleCalc::BattleHost {
 public:
     /// `provider` and `toolkit` must outlive the window.
@@ -350,7 +350,7 @@ private:
     Setup settled_;
     History<Setup, std::string Setup::*> history_;
     std::int32_t lastLineId_ = 0;
-    /// What was entered for heroes in the last run, by their line's identity.
+    /// What was entered for heroes in the last run, or pasted with them, by their line's identity.
     std::map<std::int32_t, HeroValues> heroValues_;
     /// The battle of the last run, under way or over, and that of the run whose quick results are shown: an
     /// aborted run shows none. The heroes are as they were entered.
