@@ -305,15 +305,15 @@ TEST(BattleText, IsPlainAndTakesWhatAPersonTypes) {
 }
 
 TEST(BattleText, TakesUnitsByTheirWholeNamesAndKeepsAnyValueOfAHero) {
-    const std::vector<ListEntry> units{{"Guard", 0}, {"Guard, blessed", 1}, {"Guard, bl", 2}};
+    const std::vector<ListEntry> units{{"Guard", 0}, {"Guard, blessed", 1}, {"Guard, bl", 2}, {"GUARD", 3}};
     const std::vector<ListEntry> cityLevels;
     const BattleText format{{units, cityLevels, 15, 100, [](Long) { return HeroValues{}; }}};
     HeroValues entered;
     entered.Hits = 3;
     entered.Morale = -3;
     BattleDescription battle;
-    battle.Loose = {{1, {}, {}}, {0, HealthRow{.Flying = true}, entered}};
-    EXPECT_EQ(format.Write(battle), "Guard, blessed\n"
+    battle.Loose = {{1, {}, {}}, {3, {}, {}}, {0, HealthRow{.Flying = true}, entered}};
+    EXPECT_EQ(format.Write(battle), "Guard, blessed\nGUARD\n"
                                     "Guard, flying, strength 0, hits 3, leadership 0, morale -3\n");
     EXPECT_EQ(format.Read(format.Write(battle)), battle);
 }
