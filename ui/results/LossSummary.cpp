@@ -4,7 +4,6 @@
 
 #include "base/Conversion.h"
 
-#include <charconv>
 #include <functional>
 #include <numeric>
 
@@ -12,7 +11,7 @@ namespace vorhaven {
 namespace {
 
 std::string Percent(double part, Long whole) {
-    return OneDecimal(part / whole.Value() * 100.0) + "%";
+    return ToFixedText(part / whole.Value() * 100.0, 1) + "%";
 }
 
 std::string Counted(Long number, const std::string& noun, const std::string& nouns) {
@@ -20,13 +19,6 @@ std::string Counted(Long number, const std::string& noun, const std::string& nou
 }
 
 } // namespace
-
-std::string OneDecimal(double value) {
-    std::array<char, 400> digits{};
-    const auto end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, 1);
-    return {digits.data(), end.ptr};
-}
 
 std::optional<double> LossSummary::Mean() const {
     if (Fought == 0)
@@ -44,8 +36,8 @@ std::string LossSummary::Sentence(const std::string& side) const {
     if (Wins == 0)
         return sentence + "The " + side + " won no battle";
     return sentence + "When the " + side + " wins (" + ToText(Wins) + " of " + ToText(Fought) +
-           "): " + OneDecimal(static_cast<double>(ArmiesLostInWins) / Wins.Value()) + " armies, " +
-           OneDecimal(static_cast<double>(TurnsLostInWins) / Wins.Value()) + " turns lost";
+           "): " + ToFixedText(static_cast<double>(ArmiesLostInWins) / Wins.Value(), 1) + " armies, " +
+           ToFixedText(static_cast<double>(TurnsLostInWins) / Wins.Value(), 1) + " turns lost";
 }
 
 std::string LossSummary::Details(std::int32_t losses, Long turns,

@@ -44,7 +44,4 @@ struct LossSummary {
                                       const std::optional<LossOdds>& exact) const;
 };
 
-/// A number with one decimal, whatever the user's locale is.
-[[nodiscard]] std::string OneDecimal(double value);
-
 } // namespace vorhaven

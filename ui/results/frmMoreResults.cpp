@@ -165,7 +165,7 @@ void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossS
     }
     remarks.Mean = summary.Mean();
     if (remarks.Mean)
-        remarks.MeanText = "mean " + OneDecimal(*remarks.Mean);
+        remarks.MeanText = "mean " + ToFixedText(*remarks.Mean, 1);
     remarks.Sentence = summary.Sentence(side == 0 ? "attacker" : "defender");
     remarks.Highest = highest;
     remarks.Totals = {{"Number of Battles", summary.Battles}};

@@ -19,9 +19,8 @@ void frmBrawlpad::cmdAttack_Click() {
             gobjCDefArmies = CAttackArmies{*this};
         cmdAttack.Enabled = false;
         sscSwapSides.Enabled = false;
-        assembled_ = CurrentSetup();
         FillArmyCollections();
-        foughtBattle_ = DescribeBattle();
+        assembled_ = DescribeBattle();
         sscAbort.Enabled = true;
         MBattleCalc::Add(*this, NumBattles(), CombatDice, sschkViewStats.Checked,
                          cboCityLevel.ListIndex() + 1);

@@ -146,8 +146,7 @@ private:
         } else if (IsSame(key, DiceKey)) {
             battle_.CombatDice = Number(value, vocabulary_->LowestDice, vocabulary_->HighestDice);
         } else if (IsSame(key, BattlesKey)) {
-            constexpr std::int32_t fewest = 10, most = 99'999'999;
-            battle_.NumBattles = Number(value, fewest, most);
+            battle_.NumBattles = Number(value, FewestBattles, MostBattles);
         } else {
             return false;
         }
@@ -192,7 +191,8 @@ private:
         list_->push_back(army);
     }
 
-    /// The unit that a line begins with. A unit's name may have commas itself, so the longest one counts.
+    /// The unit that a line begins with. A unit's name may have commas itself, so the longest one counts; of
+    /// names that differ in letter case alone, the one that is written as it stands.
     [[nodiscard]] const ListEntry& UnitOf(std::string_view line) const {
         const ListEntry* longest = nullptr;
         for (const ListEntry& unit : vocabulary_->Units) {
@@ -200,7 +200,9 @@ private:
                 continue;
             const std::string_view rest = Trimmed(line.substr(unit.Text.size()), Blanks);
             const bool isMeant = rest.empty() || rest.front() == ',';
-            if (isMeant && (longest == nullptr || unit.Text.size() > longest->Text.size()))
+            const bool isBetter = longest == nullptr || unit.Text.size() > longest->Text.size() ||
+                                  (unit.Text.size() == longest->Text.size() && line.starts_with(unit.Text));
+            if (isMeant && isBetter)
                 longest = &unit;
         }
         if (longest == nullptr)

@@ -63,6 +63,10 @@ public:
 /// What follows the heading "Quick Results" is for people alone.
 class BattleText {
 public:
+    /// The limits of the number of battles.
+    static constexpr std::int32_t FewestBattles = 10;
+    static constexpr std::int32_t MostBattles = 99'999'999;
+
     struct Vocabulary {
         /// The units by name, with their data in the lists.
         const std::vector<ListEntry>& Units;

@@ -5,7 +5,7 @@
 #include "ui/setup/WinMargin.h"
 #include "ui/setup/frmBrawlpad.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace vorhaven {
 namespace {
@@ -96,7 +96,18 @@ void frmBrawlpad::ShowState() {
     mnuRedo.Enabled = history_.CanRedo();
     lblTerrainLocked.Caption =
         cboTerrain.Enabled ? "" : "More than " + ToText(LinesPerStack) + " defenders stand in a city";
-    lblOutOfDate.Caption = fought_ && !fought_->IsSameBattle(settled_) ? "before the latest changes" : "";
+    lblOutOfDate.Caption = AreResultsOutOfDate() ? "before the latest changes" : "";
+}
+
+bool frmBrawlpad::AreResultsOutOfDate() const {
+    if (!fought_)
+        return false;
+    BattleDescription now = DescribeBattle();
+    for (auto& lines : now.Sides)
+        for (BattleDescription::Line& line : lines)
+            if (!line.Hero)
+                line.Hero = UntouchedHero(line.Datum);
+    return now != *fought_;
 }
 
 void frmBrawlpad::sscSwapSides_Click() {

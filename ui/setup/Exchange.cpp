@@ -45,6 +45,11 @@ std::string frmBrawlpad::SelectedLinesAsText(Side side) const {
     return TextFormat().Write(selected);
 }
 
+void frmBrawlpad::Copy(Side side) {
+    if (const std::string text = SelectedLinesAsText(side); !text.empty())
+        toolkit_->SetClipboardText(text);
+}
+
 BattleDescription frmBrawlpad::DescribeBattle() const {
     BattleDescription battle;
     for (const Side side : {Side::Attack, Side::Defend})
@@ -58,7 +63,8 @@ BattleDescription frmBrawlpad::DescribeBattle() const {
 
 std::string frmBrawlpad::BattleAsText() const {
     BattleDescription battle = DescribeBattle();
-    if (!numBattles_.empty())
+    // A number that is still being typed may be none yet, or too few.
+    if (!numBattles_.empty() && NumBattles() >= BattleText::FewestBattles)
         battle.NumBattles = NumBattles();
     return TextFormat().Write(battle) + ResultsAsText();
 }
@@ -83,9 +89,10 @@ void frmBrawlpad::Paste(Side side, const std::string& text) {
     try {
         const BattleDescription battle = TextFormat().Read(text);
         const bool isWhole = !battle.Sides[0].empty() || !battle.Sides[1].empty();
-        if (!isWhole && lstArmies[Of(side)].ListCount() + SizeOf(battle.Loose) > MaxLines) {
+        const Long kept = isWhole ? SizeOf(battle.Sides[Of(side)]) : lstArmies[Of(side)].ListCount();
+        if (kept + SizeOf(battle.Loose) > MaxLines) {
             Noticed.Raise("The list would hold more than " + ToText(MaxLines) +
-                          " armies, so nothing was added");
+                          " armies, so nothing was pasted");
             return;
         }
         if (isWhole)

@@ -44,15 +44,14 @@ void frmBrawlpad::ShowOdds() {
     if (battle == oddsOf_)
         return;
     oddsOf_ = battle;
-    odds_.reset();
     if (!HasArmy(Side::Attack, LinesPerStack) || !HasArmy(Side::Defend, MaxLines)) {
         OddsFrame.Show(std::nullopt, "Pick armies for both sides");
         return;
     }
     try {
-        odds_ = ComputeOdds(battle);
-        OddsFrame.Show(odds_, odds_ ? HeroesInWords(battle)
-                                    : "Too many outcomes to sum up at once: Attack will tell");
+        const auto odds = ComputeOdds(battle);
+        OddsFrame.Show(odds, odds ? HeroesInWords(battle)
+                                  : "Too many outcomes to sum up at once: Attack will tell");
     } catch (const RunTimeError& error) {
         OddsFrame.Show(std::nullopt,
                        std::string("There are no odds of this battle: ") + Description(error.Number()));
@@ -82,10 +81,12 @@ std::optional<Odds::BattleOdds> frmBrawlpad::ComputeOdds(const BattleDescription
 frmMoreResults::Background frmBrawlpad::BackgroundOfRun() const {
     frmMoreResults::Background background{{gobjCAttArmies->Count(), gobjCDefArmies->Count()}, std::nullopt};
     try {
-        if (const auto odds = ComputeOdds(foughtBattle_))
+        if (const auto odds = ComputeOdds(assembled_))
             background.ExactLosses = {LossOddsOf(odds->Attackers), LossOddsOf(odds->Defenders)};
     } catch (const RunTimeError&) {
         // The charts tell the results alone.
+    } catch (const std::bad_alloc&) {
+        // Likewise.
     }
     return background;
 }

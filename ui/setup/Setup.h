@@ -34,9 +34,6 @@ struct Setup {
     std::string NumBattles;
 
     bool operator==(const Setup&) const = default;
-
-    /// Whether both set up the same battle: the number of battles and the marks behind the names have no say.
-    [[nodiscard]] bool IsSameBattle(const Setup& other) const;
 };
 
 } // namespace vorhaven

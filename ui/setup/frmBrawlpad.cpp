@@ -44,7 +44,7 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
     sscSwapSides.Click = [this] { sscSwapSides_Click(); };
     mnuUndo.Click = [this] { Undo(); };
     mnuRedo.Click = [this] { Redo(); };
-    mnuCopy.Click = [this] { toolkit_->SetClipboardText(SelectedLinesAsText(FocusedSide())); };
+    mnuCopy.Click = [this] { Copy(FocusedSide()); };
     mnuCopyBattle.Click = [this] { toolkit_->SetClipboardText(BattleAsText()); };
     mnuPaste.Click = [this] { Paste(FocusedSide(), toolkit_->ClipboardText()); };
     for (Control* control : std::initializer_list<Control*>{

@@ -27,7 +27,7 @@ enum class Side : std::size_t { Attack = 0, Defend = 1 };
 
 /// The main window: settings, the two army lists with their conditions, and the runs. What concerns the
 /// window as a whole is in frmBrawlpad.cpp; the other sources go by topic: Settings.cpp, Lists.cpp,
-/// Conditions.cpp, Assembly.cpp.
+/// Conditions.cpp, Assembly.cpp, Changes.cpp, LiveOdds.cpp, Exchange.cpp.
 class frmBrawlpad final : public Form, private ArmyListHost, private MBattleCalc::BattleHost {
 public:
     /// `provider` and `toolkit` must outlive the window.
@@ -117,6 +117,8 @@ public:
 
     /// The selected lines of a side as text; empty without any.
     [[nodiscard]] std::string SelectedLinesAsText(Side side) const;
+    /// Copies the selected lines of a side; without any, what was copied before stays.
+    void Copy(Side side);
     /// The whole set-up as text, with the quick results below it.
     [[nodiscard]] std::string BattleAsText() const;
     /// Takes a text as SelectedLinesAsText and BattleAsText write them: lines alone are added to a side, a
@@ -290,6 +292,9 @@ private:
 
     // Changes.cpp
     void ShowState();
+    /// Whether the quick results are of another battle than the one that is set up. A hero of other values
+    /// makes it another one, the number of battles and the marks behind the names do not.
+    [[nodiscard]] bool AreResultsOutOfDate() const;
     void Restore(const Setup& setup);
     void sscSwapSides_Click();
     /// A new line's entry, told apart from all others.
@@ -345,16 +350,14 @@ private:
     Setup settled_;
     History<Setup, std::string Setup::*> history_;
     std::int32_t lastLineId_ = 0;
-    /// What was entered for heroes in the last run, by their line's identity.
+    /// What was entered for heroes in the last run, or pasted with them, by their line's identity.
     std::map<std::int32_t, HeroValues> heroValues_;
-    /// The set-up of the run under way, and of the run whose quick results are shown.
-    Setup assembled_;
-    std::optional<Setup> fought_;
-    /// The battle of the last run, with its heroes as they were entered.
-    BattleDescription foughtBattle_;
-    /// The battle whose odds are shown, and those odds.
+    /// The battle of the last run, under way or over, and that of the run whose quick results are shown: an
+    /// aborted run shows none. The heroes are as they were entered.
+    BattleDescription assembled_;
+    std::optional<BattleDescription> fought_;
+    /// The battle whose odds are shown.
     BattleDescription oddsOf_;
-    std::optional<Odds::BattleOdds> odds_;
     std::vector<Connection> touching_;
     /// The line that is being put into its army list.
     Side assembledSide_ = Side::Attack;
