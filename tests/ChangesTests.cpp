@@ -218,6 +218,8 @@ TEST(WinMargin, IsHalfTheScoreIntervalAndNeverNothing) {
     EXPECT_EQ(MarginOf(4'500'000, 9'000'000).Sentence,
               "With a confidence of 95%, the attacker's chance of winning is within 0.1 points of this "
               "percentage");
+    EXPECT_EQ(MarginOf(1, 10).Sentence,
+              "With a confidence of 95%, the attacker's chance of winning is between 1.8% and 40.4%");
 }
 
 bool IsSameBattle(const vorhaven::Setup& a, const vorhaven::Setup& b) {

@@ -19,6 +19,7 @@ void frmBrawlpad::cmdAttack_Click() {
             gobjCDefArmies = CAttackArmies{*this};
         cmdAttack.Enabled = false;
         sscSwapSides.Enabled = false;
+        assembledSetup_ = CurrentSetup();
         FillArmyCollections();
         assembled_ = DescribeBattle();
         sscAbort.Enabled = true;
@@ -63,10 +64,11 @@ void frmBrawlpad::WarnOfMissingArmies() {
 
 void frmBrawlpad::FillArmyCollections() {
     const Trap trap{"frmBrawlpad::FillArmyCollections"};
-    for (Long line = 0; line < lstArmies[0].ListCount(); ++line)
-        AddAttacker(lstArmies[0].Entry(line).Datum, line);
-    for (Long line = 0; line < lstArmies[1].ListCount(); ++line)
-        AddDefender(lstArmies[1].Entry(line).Datum, line);
+    // As the lists stood when Attack was pressed: between two heroes' editors events are processed.
+    for (Long line = 0; line < SizeOf(assembledSetup_.Sides[0]); ++line)
+        AddAttacker(assembledSetup_.Sides[0][line.Index()].Entry.Datum, line);
+    for (Long line = 0; line < SizeOf(assembledSetup_.Sides[1]); ++line)
+        AddDefender(assembledSetup_.Sides[1][line.Index()].Entry.Datum, line);
 }
 
 void frmBrawlpad::AddAttacker(Long row, Long position) {
@@ -117,7 +119,7 @@ ArmyEntry frmBrawlpad::EntryOf(Long row, const HealthRow& health) const {
 }
 
 void frmBrawlpad::AddEntry(Side side, Long row, Long position) {
-    const ArmyEntry entry = EntryOf(row, health_[Of(side)](position + 1));
+    const ArmyEntry entry = EntryOf(row, assembledSetup_.Sides[Of(side)][position.Index()].Health);
     assembledSide_ = side;
     assembledLine_ = position;
     (side == Side::Attack ? gobjCAttArmies : gobjCDefArmies)->Add(entry, LineKey(position));
@@ -139,7 +141,7 @@ void frmBrawlpad::EditHero(CArmy& hero) {
     frmHero editor{*toolkit_};
     editor.Hero = &hero;
     editor.Whereabouts = FrameOf(assembledSide_).Caption.Get() + ", line " + ToText(assembledLine_ + 1);
-    const std::int32_t id = list.Entry(assembledLine_).Id;
+    const std::int32_t id = assembledSetup_.Sides[Of(assembledSide_)][assembledLine_.Index()].Entry.Id;
     if (const auto values = heroValues_.find(id); values != heroValues_.end())
         editor.LastValues = values->second;
     toolkit_->ShowModal(editor);

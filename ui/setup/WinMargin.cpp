@@ -34,11 +34,15 @@ WinMargin MarginOf(Long wins, Long battles) {
     }
     const double p = wins.Value() / n;
     constexpr double square = TwoSided * TwoSided;
+    const double middle = 100.0 * (p + square / (2.0 * n)) / (1.0 + square / n);
     const double halfWidth =
         100.0 * TwoSided / (1.0 + square / n) * std::sqrt(p * (1.0 - p) / n + square / (4.0 * n * n));
-    const std::string figure = halfWidth < leastShown ? "< 0.1" : ToFixedText(halfWidth, 1);
-    return {"\u00B1 " + figure, "With a confidence of 95%, the attacker's chance of winning is within " +
-                                    (halfWidth < leastShown ? "0.1" : figure) + " points of this percentage"};
+    const std::string sentence = "With a confidence of 95%, the attacker's chance of winning is ";
+    if (halfWidth < leastShown)
+        return {"\u00B1 < 0.1", sentence + "within 0.1 points of this percentage"};
+    return {"\u00B1 " + ToFixedText(halfWidth, 1), sentence + "between " +
+                                                       ToFixedText(middle - halfWidth, 1) + "% and " +
+                                                       ToFixedText(middle + halfWidth, 1) + "%"};
 }
 
 } // namespace vorhaven

@@ -359,6 +359,8 @@ private:
     /// The battle whose odds are shown.
     BattleDescription oddsOf_;
     std::vector<Connection> touching_;
+    /// What was set up when the run's assembly began.
+    Setup assembledSetup_;
     /// The line that is being put into its army list.
     Side assembledSide_ = Side::Attack;
     Long assembledLine_;
