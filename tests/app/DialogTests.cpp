@@ -91,6 +91,7 @@ TEST_F(Dialogs, OneKeyOrDoubleClickConfirmsOneHero) {
         QTest::keyClick(done, Qt::Key_Space);
         QApplication::setDoubleClickInterval(0);
         HoldKey(Qt::Key_Return, "\r");
+        HoldKeyUnknown(Qt::Key_Return, "\r");
         EXPECT_TRUE(editor.isVisible());
         QTest::keyClick(opened.size() == 1 ? done : editor.focusWidget(),
                         opened.size() == 3 ? Qt::Key_Escape : Qt::Key_Return);

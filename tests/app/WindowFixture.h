@@ -99,6 +99,16 @@ inline void HoldKey(Qt::Key key, const QString& text) {
     }
 }
 
+/// Sends what X sends for a held key and the toolkit does not know for a repeat: a release and a press at one
+/// moment.
+inline void HoldKeyUnknown(Qt::Key key, const QString& text) {
+    for (const auto type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+        QKeyEvent event(type, key, Qt::NoModifier, text);
+        event.setTimestamp(12'345);
+        QApplication::sendEvent(QApplication::focusWidget(), &event);
+    }
+}
+
 /// Dice that always fall in the same few ways, in turn. The stronger army wins every duel.
 class TurningDice final : public MBattleCalc::UniformSource {
 public:
