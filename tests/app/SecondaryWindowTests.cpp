@@ -9,6 +9,7 @@
 #include "app/StatsView.h"
 #include "catalogue/CsvCatalogue.h"
 #include "engine/MBattleCalc.h"
+#include "tests/app/Descendants.h"
 #include "ui/setup/frmBrawlpad.h"
 
 #include <QApplication>
@@ -66,7 +67,7 @@ TEST(SecondaryWindow, ChartsShowFiguresMarksMeanAndWhatCannotBe) {
     NoScreen desktop;
     frmMoreResults results{desktop, [] { return Long{10}; }};
     MoreResultsView view(results, nullptr);
-    const QList<ChartView*> charts = view.findChildren<ChartView*>();
+    const QList<ChartView*> charts = Descendants<ChartView>(view);
     ASSERT_EQ(charts.size(), 2);
     results.Form_Load();
     view.resize(1000, 700);
@@ -144,7 +145,7 @@ TEST(SecondaryWindow, StatisticsShowTheArmiesAloneAndHowTheirStrengthsCameAbout)
     StatsView view(stats, nullptr);
     view.resize(1400, view.sizeHint().height());
     view.show();
-    auto* const grid = view.findChild<GridView*>();
+    GridView* const grid = Descendants<GridView>(view).value(0);
     EXPECT_FALSE(grid->isRowHidden(1));
     EXPECT_TRUE(grid->isRowHidden(2));
     EXPECT_FALSE(grid->verticalScrollBar()->isVisible());

@@ -8,6 +8,7 @@
 #include "catalogue/CsvCatalogue.h"
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
+#include "tests/app/Descendants.h"
 #include "ui/setup/frmBrawlpad.h"
 
 #include <QAccessible>
@@ -49,9 +50,8 @@ inline QString NameOf(QWidget* widget) {
 
 template <class Widget>
 Widget* Find(QWidget* window, const QString& name) {
-    // Not findChildren<Widget*>: from Qt 6.7 on that wants classes with a meta-object of their own.
-    for (QWidget* child : window->findChildren<QWidget*>())
-        if (auto* const widget = dynamic_cast<Widget*>(child); widget != nullptr && NameOf(widget) == name)
+    for (Widget* widget : Descendants<Widget>(*window))
+        if (NameOf(widget) == name)
             return widget;
     qFatal("no such widget is called %s", qPrintable(name));
 }
