@@ -24,7 +24,7 @@ public:
     /// The count as an index from 0; raises error 9 below 0.
     [[nodiscard]] constexpr std::size_t Index() const {
         if (value_ < 0)
-            throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+            Raise(ErrorNumber::SubscriptOutOfRange);
         return static_cast<std::size_t>(value_);
     }
 
@@ -42,7 +42,7 @@ private:
 template <class Container>
 [[nodiscard]] constexpr Long SizeOf(const Container& container) {
     if (std::size(container) > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()))
-        throw RunTimeError{ErrorNumber::Overflow};
+        Raise(ErrorNumber::Overflow);
     return static_cast<std::int32_t>(std::size(container));
 }
 
@@ -57,7 +57,7 @@ constexpr std::strong_ordering operator<=>(Long a, Long b) {
 constexpr Long operator+(Long a, Long b) {
     std::int32_t sum = 0;
     if (__builtin_add_overflow(a.Value(), b.Value(), &sum))
-        throw RunTimeError{ErrorNumber::Overflow};
+        Raise(ErrorNumber::Overflow);
     return sum;
 }
 
@@ -65,7 +65,7 @@ constexpr Long operator+(Long a, Long b) {
 constexpr Long operator-(Long a, Long b) {
     std::int32_t difference = 0;
     if (__builtin_sub_overflow(a.Value(), b.Value(), &difference))
-        throw RunTimeError{ErrorNumber::Overflow};
+        Raise(ErrorNumber::Overflow);
     return difference;
 }
 
@@ -73,7 +73,7 @@ constexpr Long operator-(Long a, Long b) {
 constexpr Long operator*(Long a, Long b) {
     std::int32_t product = 0;
     if (__builtin_mul_overflow(a.Value(), b.Value(), &product))
-        throw RunTimeError{ErrorNumber::Overflow};
+        Raise(ErrorNumber::Overflow);
     return product;
 }
 
