@@ -76,23 +76,23 @@ double DrawsPerBattle(test::QuietHost& host) {
     return static_cast<double>(counting.draws) / battles;
 }
 
-/// A run of a thousand battles as the product fights it, beside as many bare draws and, where there are any,
+/// A run of a thousand battles as the product fights it, beside bare draws and, where there are any,
 /// the same bare duels. All are measured by turns, and the shortest time of each counts.
 void Battle(benchmark::State& state, const Lists& lists) {
     test::QuietHost host;
     host.Bring(lists.Attackers, lists.Defenders);
     constexpr std::int32_t battles = 1'000;
     const double drawsPerBattle = DrawsPerBattle(host);
-    const auto draws = static_cast<std::int64_t>(drawsPerBattle * battles);
+    constexpr std::int64_t draws = 100'000;
     bare::Generator generator;
     Least battle;
     Least draw;
     Least bareBattle;
-    const auto bareDraws = [&] {
+    const auto drawBare = [&] {
         for (std::int64_t i = 0; i < draws; ++i)
             benchmark::DoNotOptimize(generator.Draw());
     };
-    const auto bareBattles = [&] {
+    const auto fightBare = [&] {
         for (std::int32_t i = 0; i < battles; ++i)
             benchmark::DoNotOptimize(bare::Fight(generator, lists.Armies, lists.Hits));
     };
@@ -100,9 +100,9 @@ void Battle(benchmark::State& state, const Lists& lists) {
         const double seconds = SecondsOf([&] { MBattleCalc::Add(host, battles, 20, false, 0); }) / battles;
         state.SetIterationTime(seconds);
         battle.Take(seconds);
-        draw.Take(SecondsOf(bareDraws) / static_cast<double>(draws));
+        draw.Take(SecondsOf(drawBare) / draws);
         if (lists.Armies > 0)
-            bareBattle.Take(SecondsOf(bareBattles) / battles);
+            bareBattle.Take(SecondsOf(fightBare) / battles);
     }
     const double drawsOfBattle = drawsPerBattle * draw.Value();
     state.counters["draws"] = drawsPerBattle;
