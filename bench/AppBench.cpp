@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "CpuTime.h"
 #include "app/MainView.h"
 #include "app/QtToolkit.h"
+#include "bench/CpuTime.h"
 #include "engine/MBattleCalc.h"
 #include "tests/support/QuietHost.h"
 #include "ui/setup/frmBrawlpad.h"

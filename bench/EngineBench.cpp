@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "Bare.h"
-#include "CpuTime.h"
+#include "bench/Bare.h"
+#include "bench/CpuTime.h"
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
 #include "tests/support/QuietHost.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "FirstPaint.h"
 #include "app/MMain.h"
+#include "bench/FirstPaint.h"
 
 namespace vorhaven::bench {
 

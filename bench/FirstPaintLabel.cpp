@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "FirstPaint.h"
+#include "bench/FirstPaint.h"
 
 #include <QLabel>
 #include <QMainWindow>
