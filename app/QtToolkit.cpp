@@ -120,6 +120,8 @@ void QtToolkit::Fit(QWidget& view, Form& window) {
 }
 
 void QtToolkit::ShowBusy(bool busy) {
+    if (busy)
+        sinceEvents_.start();
     if (busy && QGuiApplication::overrideCursor() == nullptr)
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     else if (!busy && QGuiApplication::overrideCursor() != nullptr)

@@ -32,9 +32,10 @@ public:
     /// The part of the main window's screen that windows can use.
     [[nodiscard]] Size ScreenSize() const override;
     void ShowBusy(bool busy) override;
-    /// Events are taken in at most every 16 ms, so that a short run is not slowed by a hundred repaints, and
-    /// then twice in a row: a run shows its progress in two steps, which stay together on the screen. What a
-    /// run shows last stands there as soon as it returns to the event loop.
+    /// Events are taken in at most every 16 ms, the first time 16 ms after the program became busy, so that a
+    /// short run is not slowed by repaints, and then twice in a row: a run shows its progress in two steps,
+    /// which stay together on the screen. What a run shows last stands there as soon as it returns to the
+    /// event loop.
     void ProcessEvents() override;
     void ShowMessage(const std::string& prompt) override;
     [[nodiscard]] std::string ClipboardText() const override;

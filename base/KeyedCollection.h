@@ -19,7 +19,7 @@ public:
     /// Appends an item, under a key unless the key is empty. Raises error 457 when the key is taken.
     Element& Add(const Element& item, std::string_view key) {
         if (!key.empty() && std::ranges::find(keys_, key) != keys_.end())
-            throw RunTimeError{ErrorNumber::DuplicateKey};
+            Raise(ErrorNumber::DuplicateKey);
         if (!key.empty()) {
             keys_.resize(items_.size());
             keys_.emplace_back(key);
@@ -67,15 +67,17 @@ public:
 
 private:
     [[nodiscard]] std::size_t IndexOf(Long position) const {
-        if (position < 1 || position > Count())
-            throw RunTimeError{ErrorNumber::InvalidCall};
-        return position.Index() - 1;
+        // A position below 1 becomes a place that is too high.
+        const std::size_t place = static_cast<std::size_t>(position.Value()) - 1;
+        if (place >= items_.size())
+            Raise(ErrorNumber::InvalidCall);
+        return place;
     }
 
     [[nodiscard]] std::size_t IndexOf(std::string_view key) const {
         const std::size_t place = PlaceOf(key);
         if (place >= keys_.size())
-            throw RunTimeError{ErrorNumber::InvalidCall};
+            Raise(ErrorNumber::InvalidCall);
         return place;
     }
 

@@ -25,7 +25,7 @@ public:
     /// The count as an index from 0; raises error 9 below 0.
     [[nodiscard]] constexpr std::size_t Index() const {
         if (value_ < 0)
-            throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+            Raise(ErrorNumber::SubscriptOutOfRange);
         return static_cast<std::size_t>(value_);
     }
 
@@ -43,7 +43,7 @@ private:
 template <class Container>
 [[nodiscard]] constexpr Long SizeOf(const Container& container) {
     if (std::size(container) > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()))
-        throw RunTimeError{ErrorNumber::Overflow};
+        Raise(ErrorNumber::Overflow);
     return static_cast<std::int32_t>(std::size(container));
 }
 
@@ -58,7 +58,7 @@ constexpr std::strong_ordering operator<=>(Long a, Long b) {
 constexpr Long operator+(Long a, Long b) {
     std::int32_t sum = 0;
     if (AddOverflows(a.Value(), b.Value(), sum))
-        throw RunTimeError{ErrorNumber::Overflow};
+        Raise(ErrorNumber::Overflow);
     return sum;
 }
 
@@ -66,7 +66,7 @@ constexpr Long operator+(Long a, Long b) {
 constexpr Long operator-(Long a, Long b) {
     std::int32_t difference = 0;
     if (SubtractOverflows(a.Value(), b.Value(), difference))
-        throw RunTimeError{ErrorNumber::Overflow};
+        Raise(ErrorNumber::Overflow);
     return difference;
 }
 
@@ -74,7 +74,7 @@ constexpr Long operator-(Long a, Long b) {
 constexpr Long operator*(Long a, Long b) {
     std::int32_t product = 0;
     if (MultiplyOverflows(a.Value(), b.Value(), product))
-        throw RunTimeError{ErrorNumber::Overflow};
+        Raise(ErrorNumber::Overflow);
     return product;
 }
 

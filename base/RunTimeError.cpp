@@ -50,4 +50,8 @@ std::string RunTimeError::Details() const {
     return details;
 }
 
+void Raise(ErrorNumber number) {
+    throw RunTimeError{number};
+}
+
 } // namespace vorhaven

@@ -89,4 +89,8 @@ private:
     std::vector<const char*> trail_;
 };
 
+/// Throws a RunTimeError. For the checks of functions that are to be inlined: a throw expression is as long
+/// as all the rest of them.
+[[noreturn]] void Raise(ErrorNumber number);
+
 } // namespace vorhaven

@@ -1,30 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "bench/Bare.h"
+#include "bench/CpuTime.h"
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
 #include "tests/support/QuietHost.h"
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
+#include <algorithm>
 #include <cstdlib>
 #include <new>
-#include <random>
+#include <string>
 
 namespace {
 
 using namespace vorhaven;
-using Clock = std::chrono::steady_clock;
+using bench::Least;
+using bench::SecondsOf;
 
 std::size_t allocations = 0;
-
-std::uint64_t FixedTimer() {
-    return 0;
-}
-
-std::uint64_t FineTimer() {
-    return static_cast<std::uint64_t>(Clock::now().time_since_epoch().count());
-}
 
 /// The process's kind of generator, counting what is drawn from it.
 class CountingGenerator final : public MBattleCalc::UniformSource {
@@ -39,67 +34,114 @@ private:
     MBattleCalc::TimedGenerator generator_{1};
 };
 
-void FillTwoHitArmies(test::QuietHost& host) {
-    for (Long line = 0; line < LinesPerStack; ++line)
-        for (CArmy* army : {&host.BringAttacker(line), &host.BringDefender()})
-            test::Give(*army, "Strength 5 Hits 2");
+struct Lists {
+    std::string Attackers;
+    std::string Defenders;
+    /// Armies a side and the hits of each, for armies that bare::Fight can fight; no armies for others.
+    int Armies = 0;
+    int Hits = 0;
+};
+
+/// A text, `count` times over, with a separator in between.
+std::string Repeated(const std::string& text, int count, char separator) {
+    std::string all = text;
+    for (int i = 1; i < count; ++i)
+        all += separator + text;
+    return all;
 }
 
-double SecondsOf(const auto& work) {
-    const auto start = Clock::now();
-    work();
-    return std::chrono::duration<double>(Clock::now() - start).count();
+Lists Plain(int armies, int hits) {
+    const std::string army = "Strength 5 Hits " + std::to_string(hits);
+    const std::string stack = Repeated(army, std::min(armies, LinesPerStack), ';');
+    return {Repeated(stack, std::max(1, armies / LinesPerStack), '/'), Repeated(army, armies, ';'), armies,
+            hits};
 }
 
-/// The cost of 8 against 8 two-hit armies beside the bare cost of the draws that they make: as many rolls of
-/// the same die, re-seed included. Both are measured by turns within each iteration, so the machine's noise
-/// meets both.
-void BattleAgainstItsDraws(benchmark::State& state, MBattleCalc::Timer timer) {
-    test::QuietHost host;
-    FillTwoHitArmies(host);
-    const Long battles = static_cast<std::int32_t>(state.range(0));
+/// Every special attack, stack power and affliction on both sides, and armies of every number of medals.
+Lists EverySpecial() {
+    const std::string armies =
+        "Strength 5 Hits 2 Missle 3 Medals 1;Strength 5 Hits 2 Acid 3 Chaos 1;"
+        "Strength 5 Hits 2 Assass 2 Medals 2;Strength 5 Hits 2 Trample 1 Fear 1;"
+        "Strength 5 Hits 2 Lightning 3 Morale 1;Strength 5 Hits 2 Poison 2 Leader 1 Medals 3;";
+    return {armies + "Strength 5 Hits 2 Disease 2 Siege 1;Strength 5 Hits 2 Curse 2 Warding 1 Medals 4",
+            armies + "Strength 5 Hits 2 Missle 1 Fortify 1;Strength 5 Hits 2 Acid 1 Warding 2 Medals 4"};
+}
 
+double DrawsPerBattle(test::QuietHost& host) {
+    constexpr std::int32_t battles = 100'000;
     CountingGenerator counting;
     MBattleCalc::DrawFrom(counting);
     MBattleCalc::Add(host, battles, 20, false, 0);
-    const double drawsPerBattle = static_cast<double>(counting.Draws) / battles.Value();
-
-    MBattleCalc::TimedGenerator generator{1, timer};
-    MBattleCalc::DrawFrom(generator);
-    const auto drawsPerRun = counting.Draws;
-    double battleSeconds = 0.0;
-    double drawSeconds = 0.0;
-    for ([[maybe_unused]] auto iteration : state) {
-        const double seconds = SecondsOf([&] { MBattleCalc::Add(host, battles, 20, false, 0); });
-        drawSeconds += SecondsOf([&] {
-            for (std::int64_t draw = 0; draw < drawsPerRun; ++draw)
-                benchmark::DoNotOptimize(MBattleCalc::CombatDiceRoll(0));
-        });
-        battleSeconds += seconds;
-        state.SetIterationTime(seconds);
-    }
     MBattleCalc::DrawFrom(MBattleCalc::ProcessGenerator());
-    const double fought = static_cast<double>(state.iterations()) * battles.Value();
-    state.counters["ns_per_battle"] = battleSeconds / fought * 1e9;
-    state.counters["draws_per_battle"] = drawsPerBattle;
-    state.counters["ns_per_draw"] = drawSeconds / (fought * drawsPerBattle) * 1e9;
-    state.counters["ratio"] = battleSeconds / drawSeconds;
+    return static_cast<double>(counting.Draws) / battles;
 }
-BENCHMARK_CAPTURE(BattleAgainstItsDraws, coarse_clock, MBattleCalc::SystemTimer)
-    ->Arg(1'000)
-    ->Arg(100'000)
-    ->Arg(1'000'000)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(BattleAgainstItsDraws, fine_clock, FineTimer)
-    ->Arg(100'000)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+
+/// A run of a thousand battles as the product fights it, beside bare draws and, where there are any,
+/// the same bare duels. All are measured by turns, and the shortest time of each counts.
+void Battle(benchmark::State& state, const Lists& lists) {
+    test::QuietHost host;
+    host.Bring(lists.Attackers, lists.Defenders);
+    constexpr std::int32_t battles = 1'000;
+    const double drawsPerBattle = DrawsPerBattle(host);
+    constexpr std::int64_t draws = 100'000;
+    bare::Generator generator;
+    Least battle;
+    Least draw;
+    Least bareBattle;
+    const auto drawBare = [&] {
+        for (std::int64_t i = 0; i < draws; ++i)
+            benchmark::DoNotOptimize(generator.Draw());
+    };
+    const auto fightBare = [&] {
+        for (std::int32_t i = 0; i < battles; ++i)
+            benchmark::DoNotOptimize(bare::Fight(generator, lists.Armies, lists.Hits));
+    };
+    for ([[maybe_unused]] auto iteration : state) {
+        const double seconds = SecondsOf([&] { MBattleCalc::Add(host, battles, 20, false, 0); }) / battles;
+        state.SetIterationTime(seconds);
+        battle.Take(seconds);
+        draw.Take(SecondsOf(drawBare) / draws);
+        if (lists.Armies > 0)
+            bareBattle.Take(SecondsOf(fightBare) / battles);
+    }
+    const double drawsOfBattle = drawsPerBattle * draw.Value();
+    state.counters["draws"] = drawsPerBattle;
+    state.counters["ns_battle"] = battle.Value() * 1e9;
+    state.counters["ns_draw"] = draw.Value() * 1e9;
+    state.counters["ratio"] = battle.Value() / drawsOfBattle;
+    if (lists.Armies > 0)
+        state.counters["floor"] = bareBattle.Value() / drawsOfBattle;
+}
+BENCHMARK_CAPTURE(Battle, two_hit_8_v_8, Plain(8, 2))->UseManualTime()->Iterations(400);
+BENCHMARK_CAPTURE(Battle, every_special_8_v_8, EverySpecial())->UseManualTime()->Iterations(400);
+BENCHMARK_CAPTURE(Battle, two_hit_32_v_32, Plain(32, 2))->UseManualTime()->Iterations(100);
+BENCHMARK_CAPTURE(Battle, one_hit_1_v_1, Plain(1, 1))->UseManualTime()->Iterations(2'000);
+
+/// The cost of a battle in a run of a million beside its cost in a thousand runs of a thousand.
+void LongRun(benchmark::State& state) {
+    test::QuietHost host;
+    const Lists lists = Plain(8, 2);
+    host.Bring(lists.Attackers, lists.Defenders);
+    Least longRun;
+    Least shortRuns;
+    for ([[maybe_unused]] auto iteration : state) {
+        const double seconds = SecondsOf([&] { MBattleCalc::Add(host, 1'000'000, 20, false, 0); });
+        state.SetIterationTime(seconds);
+        longRun.Take(seconds);
+        shortRuns.Take(SecondsOf([&] {
+            for (int run = 0; run < 1'000; ++run)
+                MBattleCalc::Add(host, 1'000, 20, false, 0);
+        }));
+    }
+    state.counters["ratio"] = longRun.Value() / shortRuns.Value();
+}
+BENCHMARK(LongRun)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 
 /// What a long run allocates beyond a run of a hundred battles: nothing.
-void AllocationsOfALongRun(benchmark::State& state) {
+void Allocations(benchmark::State& state) {
     test::QuietHost host;
-    FillTwoHitArmies(host);
+    const Lists lists = Plain(8, 2);
+    host.Bring(lists.Attackers, lists.Defenders);
     const auto allocationsOf = [&](std::int32_t battles) {
         const std::size_t before = allocations;
         MBattleCalc::Add(host, battles, 20, false, 0);
@@ -110,28 +152,9 @@ void AllocationsOfALongRun(benchmark::State& state) {
     // Both runs show their progress a hundred times, and results of a few digits.
     for ([[maybe_unused]] auto iteration : state)
         extra = allocationsOf(10'000) - allocationsOf(100);
-    state.counters["allocations_in_9900_battles"] = extra;
+    state.counters["per_battle"] = extra / 9'900;
 }
-BENCHMARK(AllocationsOfALongRun)->Iterations(3)->Unit(benchmark::kMillisecond);
-
-// The choice of generator and clock.
-
-void DrawWith(benchmark::State& state, MBattleCalc::Timer timer) {
-    MBattleCalc::TimedGenerator generator{1, timer};
-    MBattleCalc::UniformSource& source = generator;
-    for ([[maybe_unused]] auto iteration : state)
-        benchmark::DoNotOptimize(source.Draw());
-}
-BENCHMARK_CAPTURE(DrawWith, no_clock, FixedTimer);
-BENCHMARK_CAPTURE(DrawWith, coarse_clock, MBattleCalc::SystemTimer);
-BENCHMARK_CAPTURE(DrawWith, fine_clock, FineTimer);
-
-void DrawWithMersenneTwister(benchmark::State& state) {
-    std::mt19937_64 generator{1};
-    for ([[maybe_unused]] auto iteration : state)
-        benchmark::DoNotOptimize(generator() ^ MBattleCalc::SystemTimer());
-}
-BENCHMARK(DrawWithMersenneTwister);
+BENCHMARK(Allocations)->Iterations(3)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -44,7 +44,7 @@ private:
 
     [[nodiscard]] std::size_t IndexOf(Long battle, Long column) const {
         if (battle < 1 || battle > rows_ || column < 1 || column > ResultColumn::Last)
-            throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+            Raise(ErrorNumber::SubscriptOutOfRange);
         return static_cast<std::size_t>(battle.Value() - 1) * ResultColumn::Last +
                static_cast<std::size_t>(column.Value() - 1);
     }

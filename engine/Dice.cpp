@@ -13,29 +13,7 @@
 namespace vorhaven::MBattleCalc {
 namespace {
 
-UniformSource* currentSource = nullptr;
-
-float Draw() {
-    if (currentSource == nullptr) [[unlikely]]
-        currentSource = &ProcessGenerator();
-    return currentSource->Draw();
-}
-
-/// The largest whole number that is not above a value. Only a die with a negative number of faces needs more
-/// than the plain conversion, and a call to std::floor costs as much as a draw.
-Long Floor(double value) {
-    if (value < 0.0) [[unlikely]]
-        value = std::floor(value);
-    return static_cast<std::int32_t>(value);
-}
-
-Long Roll(Long faces) {
-    return Floor(static_cast<double>(Draw()) * faces.Value() + 1.0);
-}
-
-} // namespace
-
-std::uint64_t SystemTimer() {
+inline std::uint64_t ReadTimer() {
 #if defined(CLOCK_MONOTONIC_COARSE) && !defined(VORHAVEN_PORTABLE)
     std::timespec now{};
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
@@ -46,17 +24,55 @@ std::uint64_t SystemTimer() {
 #endif
 }
 
-UniformSource& ProcessGenerator() {
-    static TimedGenerator generator = [] {
-        std::random_device entropy;
-        const std::uint64_t upper = entropy();
-        return TimedGenerator{upper << 32U | entropy()};
-    }();
+std::uint64_t Entropy() {
+    std::random_device entropy;
+    const std::uint64_t upper = entropy();
+    return upper << 32U | entropy();
+}
+
+/// The generator of the process, whose timer is known to the compiler.
+class SystemGenerator final : public UniformSource {
+public:
+    [[nodiscard]] float Draw() override { return values_.Draw(ReadTimer()); }
+
+private:
+    SplitMix64 values_{Entropy()};
+};
+
+SystemGenerator& Process() {
+    static SystemGenerator generator;
     return generator;
 }
 
+/// What is drawn from instead of the process's generator, in tests; null otherwise.
+UniformSource* replacement = nullptr;
+
+float Draw() {
+    if (replacement != nullptr) [[unlikely]]
+        return replacement->Draw();
+    // Called directly: a call through the interface costs as much as the generator itself.
+    return Process().Draw();
+}
+
+Long Roll(Long faces) {
+    const double value = static_cast<double>(Draw()) * faces.Value() + 1.0;
+    // The largest whole number that is not above the value. Only a die with a negative number of faces needs
+    // more than the plain conversion, and a call to std::floor costs as much as a draw.
+    return static_cast<std::int32_t>(faces < 0 ? std::floor(value) : value);
+}
+
+} // namespace
+
+std::uint64_t SystemTimer() {
+    return ReadTimer();
+}
+
+UniformSource& ProcessGenerator() {
+    return Process();
+}
+
 void DrawFrom(UniformSource& source) {
-    currentSource = &source;
+    replacement = &source == &Process() ? nullptr : &source;
 }
 
 Long CombatDiceRoll(Long faces) {
@@ -64,7 +80,7 @@ Long CombatDiceRoll(Long faces) {
 }
 
 Long RandomPercentNum() {
-    return Floor(static_cast<double>(Draw()) * PercentFaces);
+    return static_cast<std::int32_t>(static_cast<double>(Draw()) * PercentFaces);
 }
 
 Long GetCombatRoll(Long medals) {

@@ -28,23 +28,36 @@ using Timer = std::uint64_t (*)();
 [[nodiscard]] std::uint64_t SystemTimer();
 
 /// Uniform values by the SplitMix64 generator (Steele, Lea and Flood, "Fast splittable pseudorandom number
-/// generators", 2014). A re-seed mixes the timer into the state and so never restarts the sequence.
-class TimedGenerator final : public UniformSource {
+/// generators", 2014). A re-seed mixes a timer's reading into the state and so never restarts the sequence.
+class SplitMix64 {
 public:
-    explicit TimedGenerator(std::uint64_t seed, Timer timer = SystemTimer) : state_(seed), timer_(timer) {}
+    explicit SplitMix64(std::uint64_t seed) : state_(seed) {}
 
-    [[nodiscard]] float Draw() override {
-        state_ = (state_ ^ timer_()) + 0x9E3779B97F4A7C15U;
+    /// Re-seeds and takes the next uniform value in [0, 1).
+    [[nodiscard]] float Draw(std::uint64_t reading) {
+        state_ = (state_ ^ reading) + 0x9E3779B97F4A7C15U;
         std::uint64_t z = state_;
         z = (z ^ (z >> 30U)) * 0xBF58476D1CE4E5B9U;
         z = (z ^ (z >> 27U)) * 0x94D049BB133111EBU;
         z ^= z >> 31U;
-        // The upper 24 bits are all that a single-precision value below 1 can hold evenly.
-        return static_cast<float>(z >> 40U) * 0x1p-24F;
+        // The upper 24 bits are all that a single-precision value below 1 can hold evenly. A signed number
+        // becomes a float in one instruction, an unsigned one of 64 bits does not.
+        return static_cast<float>(static_cast<std::int32_t>(z >> 40U)) * 0x1p-24F;
     }
 
 private:
     std::uint64_t state_;
+};
+
+/// The generator over a timer of one's choice.
+class TimedGenerator final : public UniformSource {
+public:
+    explicit TimedGenerator(std::uint64_t seed, Timer timer = SystemTimer) : values_(seed), timer_(timer) {}
+
+    [[nodiscard]] float Draw() override { return values_.Draw(timer_()); }
+
+private:
+    SplitMix64 values_;
     Timer timer_;
 };
 

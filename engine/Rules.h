@@ -5,7 +5,6 @@
 #include "model/CStackAtt.h"
 
 #include <array>
-#include <optional>
 
 // The numbers, conditions and effects of the rules, each told once. Nothing here draws: the engine rolls what
 // these functions tell, and the exact odds sum over it. Who meets whom, and in what order, is not told here.
@@ -58,30 +57,31 @@ inline constexpr std::array<std::int32_t, 5> FacesByMedals{0, 30, 26, 22, 18};
 
 // Acid, lightning, assassins
 
-/// An attempt of one of two duelling armies on the other.
+/// An attempt of one of two duelling armies on the other, or none. A plain record, since the compiler keeps
+/// one in registers, but not the value of a std::optional.
 struct Strike {
-    Side Victim;
+    bool IsTried = false;
+    Side Victim = Side::Attacker;
     /// What the striker's power exceeds the victim's own power and warding by.
     Long Force;
 };
 
 /// The attempt of a power that is the higher one; none against a warding that it does not exceed.
-[[nodiscard]] inline std::optional<Strike> StrikeOn(Side victim, Long power, Long victimsPower,
-                                                    Long warding) {
+[[nodiscard]] inline Strike StrikeOn(Side victim, Long power, Long victimsPower, Long warding) {
     if (power <= warding)
-        return std::nullopt;
-    return Strike{victim, power - (victimsPower + warding)};
+        return {};
+    return {true, victim, power - (victimsPower + warding)};
 }
 
 /// The attempt of the army whose power is the higher; none between equals. Raises error 6 when the force does
 /// not fit.
 template <Long CArmy::*Power>
-[[nodiscard]] std::optional<Strike> StrikeBy(const CArmy& attacker, const CArmy& defender) {
+[[nodiscard]] Strike StrikeBy(const CArmy& attacker, const CArmy& defender) {
     if (defender.*Power > attacker.*Power)
         return StrikeOn(Side::Attacker, defender.*Power, attacker.*Power, attacker.Warding);
     if (attacker.*Power > defender.*Power)
         return StrikeOn(Side::Defender, attacker.*Power, defender.*Power, defender.Warding);
-    return std::nullopt;
+    return {};
 }
 
 /// Percentage draws below this land a strike: ten chances in 99 for each point of its force.

@@ -35,10 +35,10 @@ void ResolveAcid(Long attackIndex, Long defendIndex, CStackAtt& attackFront, CSt
     const Trap trap{"MBattleCalc::ResolveAcid"};
     CArmy& attacker = attackFront.Item(attackIndex);
     CArmy& defender = defendFront.Item(defendIndex);
-    const auto strike = StrikeBy<&CArmy::Acid>(attacker, defender);
-    if (!strike || !Lands(strike->Force))
+    const Strike strike = StrikeBy<&CArmy::Acid>(attacker, defender);
+    if (!strike.IsTried || !Lands(strike.Force))
         return;
-    CArmy& victim = strike->Victim == Side::Attacker ? attacker : defender;
+    CArmy& victim = strike.Victim == Side::Attacker ? attacker : defender;
     victim.TotalStrength = Half(victim.TotalStrength);
 }
 
@@ -46,10 +46,10 @@ void ResolveLightning(Long attackIndex, Long defendIndex, CStackAtt& attackFront
     const Trap trap{"MBattleCalc::ResolveLightning"};
     CArmy& attacker = attackFront.Item(attackIndex);
     CArmy& defender = defendFront.Item(defendIndex);
-    const auto strike = StrikeBy<&CArmy::Lightning>(attacker, defender);
-    if (!strike || !Lands(strike->Force))
+    const Strike strike = StrikeBy<&CArmy::Lightning>(attacker, defender);
+    if (!strike.IsTried || !Lands(strike.Force))
         return;
-    CArmy& victim = strike->Victim == Side::Attacker ? attacker : defender;
+    CArmy& victim = strike.Victim == Side::Attacker ? attacker : defender;
     victim.Hits = Half(victim.Hits);
 }
 
@@ -61,16 +61,17 @@ bool ResolveAssass(Long attackIndex, Long defendIndex, CStackAtt& attackFront, C
     // Most duels are between armies that are no assassins: this is the shortest way past.
     if (attacker.Assass == 0 && defender.Assass == 0)
         return false;
-    const auto strike = StrikeBy<&CArmy::Assass>(attacker, defender);
-    const bool slain = strike && !(strike->Victim == Side::Attacker ? defender : attacker).UsedSpecial &&
-                       Lands(strike->Force);
+    const Strike strike = StrikeBy<&CArmy::Assass>(attacker, defender);
+    const bool slain = strike.IsTried &&
+                       !(strike.Victim == Side::Attacker ? defender : attacker).UsedSpecial &&
+                       Lands(strike.Force);
     if (SpendsAttempt(attacker.Assass, defender.Assass))
         attacker.UsedSpecial = true;
     if (SpendsAttempt(defender.Assass, attacker.Assass))
         defender.UsedSpecial = true;
     if (!slain)
         return false;
-    if (strike->Victim == Side::Attacker)
+    if (strike.Victim == Side::Attacker)
         RemoveAttacker(attackFront, attackIndex, attacker.Turns, battle);
     else
         RemoveDefender(defendFront, defendIndex, defender.Turns, battle);

@@ -39,7 +39,7 @@ public:
     /// Whether the unit of a catalogue number flies; raises error 9 for a number outside the catalogue.
     [[nodiscard]] bool operator()(Long unitID) const {
         if (unitID < 0 || unitID.Index() >= flies_.size())
-            throw RunTimeError{ErrorNumber::SubscriptOutOfRange};
+            Raise(ErrorNumber::SubscriptOutOfRange);
         return flies_[unitID.Index()];
     }
 

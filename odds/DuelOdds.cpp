@@ -62,14 +62,14 @@ DuelOdds::DuelOdds(const CArmy& attacker, const CArmy& defender, const DiceOdds&
       assass_(StrikeBy<&CArmy::Assass>(attacker, defender)) {}
 
 void DuelOdds::Acid(PerSide<State> fighters) {
-    if (acid_) {
-        State& victim = fighters[acid_->Victim];
-        const double chance = StrikePercent(*acid_);
+    if (acid_.IsTried) {
+        State& victim = fighters[acid_.Victim];
+        const double chance = StrikePercent(acid_);
         decltype(CArmy::TotalStrength) halved;
         halved = Half(victim.Is.Strength);
         PerSide<State> struck = fighters;
-        struck[acid_->Victim].Is.Strength = static_cast<std::uint8_t>(halved.Value());
-        Scale(struck[acid_->Victim].Chances, chance);
+        struck[acid_.Victim].Is.Strength = static_cast<std::uint8_t>(halved.Value());
+        Scale(struck[acid_.Victim].Chances, chance);
         Lightning(struck);
         Scale(victim.Chances, 1.0 - chance);
     }
@@ -79,9 +79,9 @@ void DuelOdds::Acid(PerSide<State> fighters) {
 void DuelOdds::Lightning(PerSide<State> fighters) {
     if (ChanceOf(fighters) <= 0.0)
         return;
-    if (lightning_) {
-        const double chance = StrikePercent(*lightning_);
-        HitChances& chances = fighters[lightning_->Victim].Chances;
+    if (lightning_.IsTried) {
+        const double chance = StrikePercent(lightning_);
+        HitChances& chances = fighters[lightning_.Victim].Chances;
         // From the fewest hits on: what is halved has had its turn.
         for (std::size_t hits = 1; hits <= chances.size(); ++hits) {
             decltype(CArmy::Hits) halved;
@@ -95,13 +95,13 @@ void DuelOdds::Lightning(PerSide<State> fighters) {
 }
 
 void DuelOdds::Assassins(PerSide<State> fighters) {
-    const bool tries = assass_ && !fighters[Opponent(assass_->Victim)].Is.UsedSpecial;
+    const bool tries = assass_.IsTried && !fighters[Opponent(assass_.Victim)].Is.UsedSpecial;
     for (const Side side : {Side::Attacker, Side::Defender})
         if (SpendsAttempt(armies_[side]->Assass, armies_[Opponent(side)]->Assass))
             UseUp(fighters[side].Is);
     if (tries) {
-        const Side assassin = Opponent(assass_->Victim);
-        const double chance = StrikePercent(*assass_);
+        const Side assassin = Opponent(assass_.Victim);
+        const double chance = StrikePercent(assass_);
         Win(assassin, fighters, chance);
         Scale(fighters[assassin].Chances, 1.0 - chance);
     }

@@ -8,7 +8,6 @@
 
 #include <array>
 #include <functional>
-#include <optional>
 
 namespace vorhaven::Odds {
 
@@ -98,9 +97,9 @@ private:
     const MBattleCalc::Flyers* flyers_;
     PerSide<StateTable>* survivors_;
     Budget* budget_;
-    std::optional<MBattleCalc::Strike> acid_;
-    std::optional<MBattleCalc::Strike> lightning_;
-    std::optional<MBattleCalc::Strike> assass_;
+    MBattleCalc::Strike acid_;
+    MBattleCalc::Strike lightning_;
+    MBattleCalc::Strike assass_;
     double endless_ = 0.0;
 };
 
