@@ -183,9 +183,15 @@ TEST(Stats, ShowTheArmiesAndTheRawAdjustedAndTotalValues) {
     const Grid& grid = window.msfgStackStats[0];
     EXPECT_EQ(grid.Text(3, 2) + grid.Text(4, 2) + window.msfgStackStats[1].Text(32, 2), "77");
     EXPECT_TRUE(grid.IsEmphasised(3, 2) && !grid.IsEmphasised(4, 2) && !grid.IsEmphasised(3, 1));
-    EXPECT_TRUE(grid.IsQuiet(1, 9) && !grid.IsQuiet(1, 5));
+    EXPECT_TRUE(grid.IsQuiet(1, 9) && !grid.IsQuiet(1, 2));
     EXPECT_EQ(grid.LastFilledRow() + window.msfgStackStats[1].LastFilledRow(), 3 + 32);
     EXPECT_EQ(window.lblStrength[1].Caption.Get(), "Select an army to see how its Tot Str came about");
+    EXPECT_THAT(
+        grid.Numbers(),
+        testing::AllOf(
+            testing::StartsWith(
+                "Name\tInit Str\tTot Str\tHits\tCB Name\tCB Val\tPower Name\tPower Val\tBlessed\tPoisoned\tDiseased\tMedals\n\t1\t7\t1\t"),
+            testing::EndsWith("False\tFalse\tFalse\t0\n")));
     while (attack.Count() < 9)
         attack.Add(CArmy{}, "");
     EXPECT_THAT([&] { window.ShowStats(attack, defend, [] {}); }, Raises(9, {"MBattleCalc::ShowStats"}));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tests/support/FakeToolkit.h"
+#include "engine/Dice.h"
+#include "engine/MBattleCalc.h"
 #include "tests/support/TestHost.h"
 #include "ui/results/Strength.h"
 
@@ -102,21 +103,6 @@ void ExpectPossible(const RandomBattle& sides, Long battle) {
     }
 }
 
-/// A chart's columns are the shares of the battles by losses, and what those losses cost.
-void ExpectChart(const Chart& chart, const std::vector<Long>& falling, std::int32_t column, Long battles) {
-    std::vector<int> counts(MaxLines + 1);
-    for (Long battle = 1; battle <= battles; ++battle)
-        ++counts.at(BattleResults(battle, column).Index());
-    Long turns = 0;
-    for (std::size_t slain = 0; slain < counts.size(); ++slain) {
-        const auto& values = chart.Rows().at(slain).Values;
-        EXPECT_NEAR(values[0].Value(), 100.0 * counts[slain] / battles.Value(), 0.5) << slain;
-        EXPECT_EQ(values[1], counts[slain] > 0 ? turns : Long{}) << slain;
-        if (slain < falling.size())
-            turns += falling[slain];
-    }
-}
-
 TEST(SoakTest, RandomBattlesKeepTheirInvariants) {
     std::mt19937 random{2026};
     constexpr std::int32_t battles = 40;
@@ -126,11 +112,6 @@ TEST(SoakTest, RandomBattlesKeepTheirInvariants) {
         sides.Run(battles);
         for (Long battle = 1; battle <= battles; ++battle)
             ExpectPossible(sides, battle);
-        FakeToolkit toolkit;
-        frmMoreResults results{toolkit, [] { return Long{battles}; }};
-        results.Form_Load();
-        ExpectChart(results.mscAttMore, sides.Falling[0], ResultColumn::AttackersSlain, battles);
-        ExpectChart(results.mscDefMore, sides.Falling[1], ResultColumn::DefendersSlain, battles);
     }
 }
 

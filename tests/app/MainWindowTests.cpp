@@ -137,7 +137,8 @@ TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
     // What a widget tells the mouse, it tells a screen reader.
     for (const QWidget* window : std::initializer_list<const QWidget*>{&main_, &statisticsView})
         for (const QWidget* widget : window->findChildren<QWidget*>())
-            EXPECT_EQ(widget->accessibleDescription(), widget->toolTip()) << widget->toolTip().toStdString();
+            EXPECT_TRUE(!takesTab(widget) || widget->accessibleDescription() == widget->toolTip())
+                << widget->toolTip().toStdString();
     const auto isTold = [&](const Control& model) {
         const auto tells = [&](const QWidget* widget) {
             return widget->toolTip().toStdString() == model.ToolTip;
