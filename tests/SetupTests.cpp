@@ -99,6 +99,24 @@ TEST(Conditions, AreMarkedOnceAndLeaveTheirMarksOnCopiesAndOnTheOtherSide) {
     EXPECT_EQ(opened, 4);
 }
 
+TEST(Conditions, GoWithTheLineThatMovesAndWithThoseThatAreDeleted) {
+    Desk desk;
+    desk.Add(0, {Midges, Giants, Ghouls, Stalkers});
+    desk.Mark(0, {1, 3}, {1});
+    desk.Pad.sscListArrow[0].Press();
+    EXPECT_EQ(desk.Look(0), ">[Giants *+] Midges Ghouls Stalkers *+ ") << "the current line alone moves";
+    desk.Mark(0, {2, 3}, {});
+    EXPECT_FALSE(desk.Pad.mnuPopupItem[2].Enabled) << "one of those selected is blessed";
+    desk.Mark(0, {0, 2}, {});
+    desk.Pad.mnuPopupDelete.Choose();
+    EXPECT_EQ(desk.Look(0), ">[Midges] Stalkers *+ ");
+    desk.Add(1, std::vector<Long>(9, Midges));
+    EXPECT_FALSE(desk.Pad.cboTerrain.Enabled);
+    desk.Pad.lstArmies[1].Select({4, {}});
+    desk.Pad.lstArmies[1].DoubleClick();
+    EXPECT_TRUE(desk.Pad.cboTerrain.Enabled) << "eight defenders fight anywhere";
+}
+
 TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {
     Desk desk;
     desk.Add(0, {Nobody, Captain, Midges, Witch, Midges, Midges, Midges, Midges, Ghouls});
