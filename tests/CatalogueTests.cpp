@@ -115,15 +115,10 @@ TEST(Catalogue, RefusesABrokenFileAndTellsWhereAndWhy) {
         {P, "", "code;name\n1;Hero\n", R"(, line 1, column "code")", "no such column", header},
         {A, ",hits,", ",Hits,", R"(, line 1, column "hits")", "no such column", header},
         {H, ",view,", ",hits,", R"(, line 1, column "hits")", "it twice", header},
-        {A, "-1,0\n", "-1\n", ", line 3", "too few cells", cells},
         {A, "Kites", "Kites, black", ", line 3", "too many cells", cells},
-        {A, ",-5,", ",strong,", R"(, line 3, column "strength")", R"("strong")", number},
-        {A, ",-5,", ",,", R"(, line 3, column "strength")", "an empty cell", number},
         {A, ",-5,", ",+-5,", R"(, line 3, column "strength")", R"("+-5")", number},
-        {H, ",4,5", ",1.0,5", R"(, line 2, column "cost")", R"("1.0")", number},
         {A, "2147483647", "2147483648", R"(, line 3, column "turns")", R"("2147483648")", number},
         {A, ",22,23", ",32768,23", R"(, line 2, column "power")", R"("32768")", code},
-        {P, "-32768", "-32769", R"(, line 3, column "code")", R"("-32769")", code},
         {P, "-32768", "22", R"(, line 3, column "code")", R"("22" again)", "each power code once"},
         {P, "Sparks", "", R"(, line 2, column "name")", "an empty cell", "the power's name"},
         {A, "\n1,", "\n2,", R"(, line 3, column "id")", R"("2")", "1: identifiers count the rows from 0"},
@@ -137,8 +132,6 @@ TEST(Catalogue, RefusesABrokenFileAndTellsWhereAndWhy) {
         {A, "id,", "\"id,", ", line 1", "a quote that is never closed", quotes},
         {A, "Kites", "\"Kites\nblack\"", ", line 3", "a quote that is never closed", quotes},
         {A, "Kites", "Big \"red\" kites", ", line 3", "a quote in the middle of a cell", quotes},
-        {A, "Kites", "\"Ki\"te\"s\"", ", line 3", "a quote in the middle of a cell", quotes},
-        {H, "Thane", "Th\xE4ne", ", line 2", notUtf8, utf8},
         {H, "", "id,n\xC3", ", line 1", notUtf8, utf8},            // a character cut in two
         {P, "", "\xFF\xFE\x63\0o\0"s, ", line 1", notUtf8, utf8},  // UTF-16
         {P, "Sparks", "Spa\0rks\xFF"s, ", line 2", "the control character 0", utf8},
@@ -153,23 +146,10 @@ TEST(Catalogue, RefusesABrokenFileAndTellsWhereAndWhy) {
 }
 // clang-format on
 
-/// For its lifetime, a test that root runs has an ordinary user's permissions.
-class AsOrdinaryUser {
-public:
-    AsOrdinaryUser() : isSwitched_(geteuid() == 0 && seteuid(65534) == 0) {}
-    ~AsOrdinaryUser() { EXPECT_TRUE(!isSwitched_ || seteuid(0) == 0); }
-    AsOrdinaryUser(const AsOrdinaryUser&) = delete;
-    AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
-
-private:
-    bool isSwitched_;
-};
-
 /// A valid catalogue in a folder of its own.
 class CatalogueFolder : public testing::Test {
 protected:
     using Path = std::filesystem::path;
-    static constexpr std::filesystem::perms AllMayRead{0755};
 
     CatalogueFolder() { Restore(); }
     ~CatalogueFolder() override { Remove(); }
@@ -178,8 +158,6 @@ protected:
     void Restore() {
         Remove();
         std::filesystem::create_directories(folder_);
-        for (const Path& path : {root_, folder_})
-            std::filesystem::permissions(path, AllMayRead);
         for (std::size_t i = 0; i < FileNames.size(); ++i)
             std::ofstream{folder_ / FileNames[i]} << ValidTexts[i];
     }
@@ -192,12 +170,7 @@ protected:
     const Path folder_ = root_ / "catalogue";
 
 private:
-    void Remove() const {
-        std::error_code ignored;
-        for (const Path& path : {root_, folder_})
-            std::filesystem::permissions(path, AllMayRead, ignored);
-        std::filesystem::remove_all(root_);
-    }
+    void Remove() const { std::filesystem::remove_all(root_); }
 };
 
 // clang-format off
@@ -211,7 +184,6 @@ TEST_F(CatalogueFolder, WithAFaultIsRefusedAndNotPassedOver) {
         std::filesystem::remove_all(path);
         std::filesystem::create_symlink(target, path);
     };
-    const auto forbid = [](const Path& path) { std::filesystem::permissions(path, std::filesystem::perms::none); };
     const struct {
         std::function<void()> spoil;
         Path where;
@@ -224,9 +196,6 @@ TEST_F(CatalogueFolder, WithAFaultIsRefusedAndNotPassedOver) {
         {[&] { replaceByLink(armies, "nowhere"); }, armies, dangling, file},
         {[&] { replaceByLink(armies, armies); }, armies, unreadable, file},
         {[&] { std::filesystem::resize_file(armies, std::uintmax_t{8} << 30); }, armies, "a file that is too large", "at most 4 MiB"},
-        {[&] { forbid(armies); }, armies, unreadable, file},
-        {[&] { forbid(folder_); }, armies, unreadable, file},
-        {[&] { forbid(root_); }, folder_, unreadable, folder},
         {[&] { replaceByLink(folder_, "nowhere"); }, folder_, dangling, folder},
         {[&] { replaceByLink(folder_, folder_); }, folder_, unreadable, folder},
         {[&] { std::filesystem::remove_all(folder_); std::ofstream{folder_}; }, folder_, "a file", folder},
@@ -234,9 +203,6 @@ TEST_F(CatalogueFolder, WithAFaultIsRefusedAndNotPassedOver) {
     for (const auto& test : cases) {
         Restore();
         test.spoil();
-        const AsOrdinaryUser user;
-        if (geteuid() == 0 && test.found == unreadable)
-            continue;  // there is no ordinary user to switch to
         EXPECT_EQ(ContentsOrErrorOf({folder_}),
                   test.where.string() + ": found " + test.found + ", expected " + test.expected + '.');
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "engine/Procedures.h"
-#include "tests/support/ExactSolver.h"
+#include "tests/support/StackEffectSolver.h"
 
 #include <gtest/gtest.h>
 
@@ -62,12 +62,13 @@ TEST(EngineOdds, BattlesEndAsTheRulesSay) {
         {"Assass 3 Hits 2;Hits 2 Turns 2;Assass 5", "Assass 2 Hits 3;Warding 1 Hits 4;Assass 7", 20, 0, "assassins"},
         {"Missle 3 Hits 2;Hits 4 Turns 2;Missle 5", "Missle 2 Hits 3;Hits 4 Strength 12 Warding 9;Missle 2", 20, 0, "missiles"},
         {"Missle 2 Assass 4 Strength 7 Medals 2;Acid 4 Hits 3/Lightning 6 Trample 1 Hits 2;Missle 3", "Missle 1 Lightning 2 Hits 4 Turns 3;Assass 3 Acid 1 Warding 1 Hits 4 Trample 1;Missle 2 Hits 3", 20, 0, "all special attacks"},
+        {"Leader 3 Poison 4 Curse 3 Hits 2;Medals 2 Banding 1 Size 1/Acid 6", "Disease 4 Fear 2 Hits 2 Strength 8;Blessed Poison 7 Medals 3 Turns 2", 22, 2, "stack bonuses, afflictions and the city"},
         // clang-format on
     };
     for (const Matchup& matchup : matchups) {
         SCOPED_TRACE(matchup.Rules);
         Fight(matchup, battles);
-        ExpectOdds(ExactBattle{matchup.Attackers, matchup.Defenders, matchup.Die}.Odds);
+        ExpectOdds(EvaluatedBattle{matchup.Attackers, matchup.Defenders, matchup.Die, matchup.City}.Odds);
     }
 }
 

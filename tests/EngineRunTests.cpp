@@ -46,13 +46,6 @@ TEST_F(Engine, EveryBattleAndEveryRunBeginsAfresh) {
     EXPECT_THAT(host.Shown, testing::EndsWith("pointer, 0%, 2:2, 3:2, 4:0, 5:0"));
 }
 
-TEST_F(Engine, StatisticsAreShownOnlyWhenAsked) {
-    host.Shown.clear();
-    const Script script{"A"};
-    Add(host, 1, 20, false, 0);
-    EXPECT_THAT(host.Shown, testing::StartsWith("hourglass, bar, 100, "));
-}
-
 TEST_F(Engine, QuickResultsAreTheirShortestTexts) {
     const struct {
         std::int32_t battles;

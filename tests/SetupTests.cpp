@@ -61,32 +61,13 @@ TEST(Setup, StartsWithItsDefaultsAndTheUnitsOfTheCatalogue) {
         EXPECT_EQ(items(picker), "Midges=0 Giants=1 Stalkers=2 Ghouls=3 Colossi=4 Captain=5 Witch=6 None=7 ");
 }
 
-TEST(Setup, NumbersFollowTheirFieldsAndBattlesAreCutToTens) {
+TEST(Setup, NumbersThatAreNoneAreErrorsOfTheirFields) {
     Desk desk;
     TextBox& field = desk.Pad.txtNumSimulations;
-    for (int key = 0; key < 256; ++key)
-        EXPECT_EQ(field.Admits(key), key == 8 || key == 27 || (key >= 48 && key <= 57)) << key;
-    for (const auto& [typed, left] : {std::pair{"7", "10"},
-                                      {"9", "10"},
-                                      {"10", "10"},
-                                      {"19", "10"},
-                                      {"105", "100"},
-                                      {"99999", "99990"}}) {
-        desk.Pad.MoveFocus(&field);
-        field.SetText(typed);
-        EXPECT_EQ(ToText(desk.Pad.NumBattles()), typed) << "every change counts";
-        desk.Pad.MoveFocus(&desk.Pad.cmdAttack);
-        EXPECT_EQ(field.Text(), left);
-        EXPECT_EQ(ToText(desk.Pad.NumBattles()), left);
-    }
     desk.Pad.MoveFocus(&field);
     field.SetText("2147483648");
     EXPECT_THAT([&] { desk.Pad.MoveFocus(nullptr); },
                 Raises(6, {"frmBrawlpad::txtNumSimulations_LostFocus"}));
-
-    desk.Pad.txtCombatDice.SetText("16");
-    desk.Pad.updCombatDice.Step(-3);
-    EXPECT_EQ(desk.Pad.CombatDice, 15);
     desk.Pad.txtCombatDice.SetText("300");
     EXPECT_EQ(desk.Pad.CombatDice, 300) << "typing is free";
     EXPECT_THAT([&] { desk.Pad.txtCombatDice.SetText(""); },
@@ -118,45 +99,22 @@ TEST(Conditions, AreMarkedOnceAndLeaveTheirMarksOnCopiesAndOnTheOtherSide) {
     EXPECT_EQ(opened, 4);
 }
 
-/// Rolls 11 on the combat die: a strength from 11 on always hits, another never; an assassin always slays.
-struct FixedDice final : MBattleCalc::UniformSource {
-    FixedDice() { MBattleCalc::DrawFrom(*this); }
-    ~FixedDice() override { MBattleCalc::DrawFrom(MBattleCalc::ProcessGenerator()); }
-    float Draw() override { return 0.5F; }
-};
-
-TEST(Run, NeedsBothListsAndSwitchesTheButtonsAsItGoes) {
+TEST(Conditions, GoWithTheLineThatMovesAndWithThoseThatAreDeleted) {
     Desk desk;
-    const FixedDice dice;
-    desk.Pad.txtNumSimulations.SetText("10");
-    desk.Add(0, {Stalkers, Midges});
-    EXPECT_EQ(desk.Run() + desk.Toolkit.Message,
-              "AX     You need to specify attacking and defending armies.");
-    std::string during;
-    desk.Toolkit.OnEvents = [&] {
-        during = desk.Results() + (desk.Toolkit.Busy && desk.Pad.pbBattleProgress.Visible ? "busy" : "");
-    };
-    desk.Toolkit.OnStats = [](frmStats&) { ADD_FAILURE() << "nobody asked"; };
-    desk.Add(1, {Midges, Giants});
-    EXPECT_EQ(desk.Run(), "AXM 100% 1 3 2 10");
-    desk.Pad.lstArmies[0].Select({0, {}});
-    desk.Pad.lstArmies[0].DoubleClick();
-    EXPECT_EQ(desk.Run(), "AXM 0% 1 3 0 0");
-    EXPECT_EQ(during, "B 100% 1 3 2 10busy");
-    EXPECT_EQ(desk.Pad.sbrBrawlpad[1].Text.Get() + ToText(desk.Pad.pbBattleProgress.Value),
-              "100% Completed100");
-    desk.Toolkit.OnEvents = [&] { desk.Pad.sscAbort.Press(); };
-    desk.Add(0, {Stalkers});
-    EXPECT_EQ(desk.Run(), "AXM 0% 1 3 0 0") << "an aborted run has no quick results";
-    EXPECT_EQ(MBattleCalc::BattleResults(1, 4) * 10 + MBattleCalc::BattleResults(2, 4), 20);
-    desk.Toolkit.OnEvents = [] {};
-    EXPECT_EQ(desk.Run(), "AXM 100% 0 0 2 10") << "and ends no other run";
-    bool shownBusy = false;
-    desk.Toolkit.OnMoreResults = [&](frmMoreResults&) { shownBusy = desk.Toolkit.Busy; };
-    desk.Pad.sscMoreResults.Press();
-    EXPECT_TRUE(shownBusy && !desk.Toolkit.Busy);
-    desk.Pad.sscClearList[1].Press();
-    EXPECT_EQ(desk.Run(), "AX 100% 0 0 2 10");
+    desk.Add(0, {Midges, Giants, Ghouls, Stalkers});
+    desk.Mark(0, {1, 3}, {1});
+    desk.Pad.sscListArrow[0].Press();
+    EXPECT_EQ(desk.Look(0), ">[Giants *+] Midges Ghouls Stalkers *+ ") << "the current line alone moves";
+    desk.Mark(0, {2, 3}, {});
+    EXPECT_FALSE(desk.Pad.mnuPopupItem[2].Enabled) << "one of those selected is blessed";
+    desk.Mark(0, {0, 2}, {});
+    desk.Pad.mnuPopupDelete.Choose();
+    EXPECT_EQ(desk.Look(0), ">[Midges] Stalkers *+ ");
+    desk.Add(1, std::vector<Long>(9, Midges));
+    EXPECT_FALSE(desk.Pad.cboTerrain.Enabled);
+    desk.Pad.lstArmies[1].Select({4, {}});
+    desk.Pad.lstArmies[1].DoubleClick();
+    EXPECT_TRUE(desk.Pad.cboTerrain.Enabled) << "eight defenders fight anywhere";
 }
 
 TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {

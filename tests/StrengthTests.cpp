@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace vorhaven::test {
 namespace {
 
@@ -82,46 +80,6 @@ TEST(Strength, TellsEveryStepFromTheBaseToTheFightingStrength) {
     for (const auto& each : cases)
         EXPECT_EQ(Told(each.Armies, {each.Enemy}), each.Expected);
     EXPECT_EQ(Told({foe}, {At("field", -2, Unit("Wall", 4))}, true), "4 - 2 field = 2");
-}
-
-TEST(Strength, AddsUpForWhateverFights) {
-    std::mt19937 random(20'241'123);
-    const auto draw = [&](int lowest, int highest) {
-        return std::uniform_int_distribution<>(lowest, highest)(random);
-    };
-    const auto unit = [&] {
-        ArmyEntry entry =
-            Unit("Kind " + std::to_string(draw(0, 3)), draw(1, 15), PowerType{draw(2, 6)}, draw(0, 6));
-        entry.PowerType = std::array{2, 3, 4, 5, 6, 26, 33, 37, 37, 37}[static_cast<std::size_t>(draw(0, 9))];
-        if (entry.PowerType == 26 || entry.PowerType == 33)
-            entry.PowerValue = draw(0, 25);
-        entry = At(draw(0, 1) == 0 ? "field" : "hills", draw(-3, 5), entry);
-        entry.IsBlessed = draw(0, 2) == 0;
-        entry.IsPoisoned = draw(0, 2) == 0;
-        entry.IsBlacksmith = draw(0, 3) == 0;
-        entry.HasMedal = draw(0, 1);
-        return entry;
-    };
-    for (int battle = 0; battle < 500; ++battle) {
-        TestHost host;
-        for (int count = draw(1, 8); count > 0; --count)
-            host.AddAttacker(unit());
-        for (int count = draw(1, 32); count > 0; --count)
-            host.AddDefender(unit());
-        host.OnStats = [&](CStackAtt& attack, CStackAtt& defend) {
-            for (const CStackAtt* stack : {&attack, &defend})
-                for (const CArmy& army : *stack) {
-                    const auto terms = ExplainStrength(army, *stack, host.Terrain());
-                    Long sum;
-                    for (const StrengthTerm& term : terms)
-                        sum += term.Amount;
-                    EXPECT_EQ(sum, army.TotalStrength);
-                    EXPECT_EQ(terms.front().Amount, army.StartStrength);
-                    EXPECT_NE(terms.back().Reason, Unexplained) << SumText(terms);
-                }
-        };
-        MBattleCalc::Add(host, 1, 20, true, draw(0, 3));
-    }
 }
 
 } // namespace

@@ -47,6 +47,14 @@ protected:
         }
         return bars;
     }
+    /// The texts that stand among the bars.
+    static QStringList TextsIn(const ChartView& chart) {
+        QStringList texts;
+        for (int i = 0; i < chart.itemCount(); ++i)
+            if (const auto* const text = qobject_cast<QCPItemText*>(chart.item(i)))
+                texts += text->text();
+        return texts;
+    }
     /// The tooltip at a category.
     static QString HoverOver(ChartView* chart, int category) {
         const QPoint place(qRound(chart->xAxis->coordToPixel(category)), chart->axisRect()->center().y());
@@ -67,13 +75,14 @@ TEST_F(Charts, ShowTheLossesOfTheLastRun) {
         const char* Side;
         QStringList Chances;
         QStringList Turns;
+        QStringList Texts;
         int Category;
         const char* ToolTip;
     };
     // clang-format off
     const Case cases[] = {
-        {"Attacking", {"0: 30", "2: 70"}, {"2: 9"}, 2, "2 armies destroyed: 7 of 10 battles, 9 production turns lost\nexactly 2: 70.0%"},
-        {"Defending", {"1: 80", "32: 20"}, {"1: 4", "32: 64"}, 1, "1 army destroyed: 8 of 10 battles, 4 production turns lost\nexactly 1: 80.0%"},
+        {"Attacking", {"0: 30", "2: 70"}, {"2: 9"}, {"70", "mean 1.4", "only 1 army was in the list"}, 2, "2 armies destroyed: 7 of 10 battles, 9 production turns lost\nexactly 2: 70.0%"},
+        {"Defending", {"1: 80", "32: 20"}, {"1: 4", "32: 64"}, {"80", "mean 7.2", "only 1 army was in the list"}, 1, "1 army destroyed: 8 of 10 battles, 4 production turns lost\nexactly 1: 80.0%"},
     };
     // clang-format on
     for (const Case& c : cases) {
@@ -81,6 +90,12 @@ TEST_F(Charts, ShowTheLossesOfTheLastRun) {
         ChartView* const chart = ChartOf(c.Side);
         EXPECT_EQ(BarsOf(chart, "% Chance"), c.Chances);
         EXPECT_EQ(BarsOf(chart, "Production Turns Lost"), c.Turns);
+        for (const QString& text : c.Texts)
+            EXPECT_TRUE(TextsIn(*chart).contains(text)) << text.toStdString();
+        EXPECT_EQ(chart->legend->itemCount(), 3);
+        EXPECT_EQ(chart->graph(0)->dataCount(), 2) << "the exact odds of losing none and one";
+        EXPECT_EQ(chart->yAxis->range(), ChartOf("Attacking")->yAxis->range());
+        EXPECT_EQ(chart->yAxis2->range(), ChartOf("Attacking")->yAxis2->range());
         EXPECT_EQ(chart->xAxis->label(), "Number of Armies Destroyed");
         QStringList titles;
         for (QCPLayoutElement* element : chart->plotLayout()->elements(true))
@@ -121,6 +136,9 @@ TEST_F(Charts, CopyTheirNumbersAndTheirPicture) {
         EXPECT_EQ(rows[0], "Number of Armies Destroyed\t% Chance\tProduction Turns Lost");
         EXPECT_EQ(rows[1], "0\t0\t0");
         EXPECT_EQ(rows[2], "1\t100\t4");
+        QGuiApplication::clipboard()->clear();
+        QTest::keyClick(chart, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QGuiApplication::clipboard()->text().split('\n'), rows);
         open();
         Choose("Copy Picture");
         EXPECT_EQ(QGuiApplication::clipboard()->image().size(), chart->size() * chart->devicePixelRatioF());

@@ -1,17 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "app/GridView.h"
 #include "tests/app/WindowFixture.h"
 #include "ui/hero/frmHero.h"
 
 #include <QAbstractSpinBox>
 #include <QGroupBox>
 #include <QScreen>
-#include <QTableWidget>
+
+#include <algorithm>
 
 namespace vorhaven::test {
 namespace {
 
 using Dialogs = Window;
+
+/// Whether a text stands somewhere in a window.
+bool ShowsText(const QWidget& window, const QString& text) {
+    return std::ranges::any_of(window.findChildren<QLabel*>(),
+                               [&](const QLabel* label) { return label->text() == text; });
+}
 
 TEST_F(Dialogs, HeroFieldsTakeAnyNumberAndKeepTheLastWhileTheirTextIsNone) {
     struct Case {
@@ -28,14 +36,8 @@ TEST_F(Dialogs, HeroFieldsTakeAnyNumberAndKeepTheLastWhileTheirTextIsNone) {
         {"Missle", "2.5", "2.5", 2, [](const CArmy& hero) { return hero.Missle; }},
         {"Assassination", "-3", "-3", -3, [](const CArmy& hero) { return hero.Assass; }},
         {"Curse", "x", "4", 4, [](const CArmy& hero) { return hero.Curse; }},
-        {"Acid", "5", "5", 5, [](const CArmy& hero) { return hero.Acid; }},
         {"Lightning", "1234567", "123456", 123456, [](const CArmy& hero) { return hero.Lightning; }},
         {"Trample", "1-", "1", 1, [](const CArmy& hero) { return hero.Trample; }},
-        {"Leadership", "6", "6", 6, [](const CArmy& hero) { return hero.Leadership; }},
-        {"Morale", "7", "7", 7, [](const CArmy& hero) { return hero.Morale; }},
-        {"Fortification", "8", "8", 8, [](const CArmy& hero) { return hero.Fortify; }},
-        {"Chaos", "9", "9", 9, [](const CArmy& hero) { return hero.Chaos; }},
-        {"Fear", "10", "10", 10, [](const CArmy& hero) { return hero.Fear; }},
         {"Siege", "-", "0", 0, [](const CArmy& hero) { return hero.Siege; }},
     };
     // clang-format on
@@ -46,12 +48,21 @@ TEST_F(Dialogs, HeroFieldsTakeAnyNumberAndKeepTheLastWhileTheirTextIsNone) {
     frmHero hero(toolkit_);
     hero.Hero = &record;
     hero.Whereabouts = "Defending Armies, line 9";
+    hero.LastValues = HeroValues::From(record);
+    hero.LastValues->Strength = 9;
     const auto fillIn = [&](QDialog& editor) {
         EXPECT_EQ(editor.accessibleDescription(), "Defending Armies, line 9");
         EXPECT_EQ(NameOf(editor.focusWidget()), "Strength");
         const QLabel* const name = FieldOf(&editor, "Name:")->findChild<QLabel*>();
         EXPECT_EQ(name->text().toStdString(), record.Name.Text());
         EXPECT_GE(name->width(), name->sizeHint().width());
+        EXPECT_TRUE(ShowsText(editor, "Defending Armies, line 9"));
+        // The last values' button goes on to the fields that it has filled.
+        auto* const strength = Find<QAbstractSpinBox>(&editor, "Strength");
+        QTest::keyClick(&editor, Qt::Key_L, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return EditOf(strength)->text() == "9"; }));
+        EXPECT_TRUE(strength->hasFocus());
+        EXPECT_EQ(editor.findChildren<QAbstractSpinBox*>().size(), 14);
         for (const Case& c : cases) {
             auto* const box = Find<QAbstractSpinBox>(&editor, c.Box);
             Type(box, c.Typed);
@@ -136,12 +147,13 @@ TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {
     const auto read = [&](QDialog& statistics) {
         for (const Case& c : cases) {
             SCOPED_TRACE(c.Stack);
-            const auto* const grid = Find<QTableWidget>(&statistics, c.Stack);
+            const auto* const grid = Find<GridView>(&statistics, c.Stack);
             EXPECT_EQ(grid->columnCount(), 12);
             EXPECT_EQ(grid->horizontalHeaderItem(2)->text(), "Tot Str");
             EXPECT_TRUE(grid->selectedItems().empty());
             int row = 0;
             for (const QStringList& expected : c.Rows) {
+                EXPECT_EQ(grid->isRowHidden(row), expected.front().isEmpty());
                 QStringList cells;
                 for (int column = 0; column < expected.size(); ++column)
                     cells += grid->item(row, column)->text();
@@ -155,13 +167,23 @@ TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {
                 values += Beside(Find<QGroupBox>(&statistics, c.Stack), caption);
             EXPECT_EQ(values, c.Values);
         }
+        auto* const grid = Find<GridView>(&statistics, "Attacking Stack");
+        EXPECT_NE(grid->item(0, 9)->foreground(), grid->item(0, 1)->foreground()) << "False is quiet";
+        const QString why = "Tot Str of Oath Guard: 6 + 4 stack bonus = 10";
+        EXPECT_EQ(grid->item(0, 4)->toolTip(), "Dsiplays information about attacking armies\n" + why);
+        QWidget* const done = statistics.focusWidget();
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
+                          grid->visualItemRect(grid->item(0, 0)).center());
+        EXPECT_TRUE(ShowsText(statistics, why));
+        QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QGuiApplication::clipboard()->text().count('\n'), 3);
         // In the middle of the screen, with a frame that is a title bar higher than wide.
         const QPoint offset =
             statistics.screen()->availableGeometry().center() - statistics.geometry().center();
         EXPECT_LE(std::abs(offset.x()), 6);
         EXPECT_LE(std::abs(offset.y()), 20);
         EXPECT_TRUE(statistics.screen()->availableGeometry().contains(statistics.geometry()));
-        QTest::keyClick(statistics.focusWidget(), Qt::Key_Space);
+        QTest::keyClick(done, Qt::Key_Space);
     };
     LineUp({"Oath Guard", "Thane"}, {"Elder Boughs", "Floe Spears", "Night Blades"});
     Click(Find<QAbstractButton>(&main_, "View Stack Statistics"));
@@ -169,18 +191,26 @@ TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {
     Attack("10");
 }
 
-TEST_F(Dialogs, ResultsLieBesideTheMainWindow) {
+TEST_F(Dialogs, ResultsLieBesideTheMainWindowAndComeUpAgainWhereTheyWere) {
     LineUp({"Oath Guard"}, {"Oath Guard"});
     Attack("100");
     Click(ButtonCalled("More Results"));
-    ASSERT_NE(ResultsWindow(), nullptr);
+    QWidget* const results = ResultsWindow();
+    ASSERT_NE(results, nullptr);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_FALSE(ResultsWindow()->isModal());
-    EXPECT_EQ(ResultsWindow()->windowHandle()->transientParent(), nullptr);
-    EXPECT_EQ(NameOf(ResultsWindow()->focusWidget()), "Done");
+    EXPECT_FALSE(results->isModal());
+    EXPECT_EQ(results->windowType(), Qt::Window) << "a dialog stays in front of the main window";
+    EXPECT_EQ(results->windowHandle()->transientParent(), nullptr);
+    EXPECT_EQ(NameOf(results->focusWidget()), "Done");
+    results->setGeometry(40, 50, 640, 480);
+    Attack("10");
+    EXPECT_TRUE(ShowsText(*results, "A newer run exists: press More Results to see it"));
     QTest::qWait(2);
-    Click(Find<QPushButton>(ResultsWindow(), "Done"));
+    Click(Find<QPushButton>(results, "Done"));
     EXPECT_EQ(ResultsWindow(), nullptr);
+    Click(ButtonCalled("More Results"));
+    EXPECT_EQ(ResultsWindow(), results);
+    EXPECT_EQ(results->geometry(), QRect(40, 50, 640, 480));
 }
 
 } // namespace

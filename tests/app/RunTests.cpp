@@ -177,14 +177,6 @@ TEST_F(Run, KeepsAKeyThatIsHeldOnAttackAwayFromEverythingElse) {
     }
 }
 
-TEST_F(Run, EndsWhenTheWindowIsClosed) {
-    LineUp({"Oath Guard"}, {"Oath Guard"});
-    Attack("900000", [this] { main_.close(); });
-    EXPECT_FALSE(main_.isVisible());
-    EXPECT_LT(Bar(), 100);
-    EXPECT_EQ(Figures(), QStringList(5, QString()));
-}
-
 TEST_F(Run, EndsWhenTheWindowIsClosedWhileAnotherWaits) {
     LineUp({"Marshal"}, {"Oath Guard"});
     InModalWindows({{HeroTitle, [this](QDialog& /*editor*/) { main_.close(); }}});
