@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/app/WindowFixture.h"
+
+#include <QClipboard>
+
+#include <random>
+
+namespace vorhaven::test {
+namespace {
+
+/// A user who presses anything anywhere, in whatever window is in front.
+class RandomUser : public Window {
+protected:
+    RandomUser() {
+        Type(Battles(), "20");
+        // Modal windows wait for the user in a loop of their own.
+        QObject::connect(&inModalWindow_, &QTimer::timeout, [this] {
+            if (QApplication::activeModalWidget() != nullptr)
+                Act();
+        });
+        inModalWindow_.start(0);
+    }
+
+    void Act() {
+        QWidget* const front = Front();
+        if (auto* const menu = qobject_cast<QMenu*>(front))
+            return PressKey(menu);
+        QList<QWidget*> widgets;
+        for (QWidget* widget : front->findChildren<QWidget*>())
+            if (widget->isVisible() && widget->isEnabled() && widget->focusPolicy() != Qt::NoFocus &&
+                NameOf(widget) != "Exit" && NameOf(widget) != "More Results")
+                widgets += widget;
+        // What makes a battle, and what opens a list's menu, comes more often than chance would have it.
+        if (front == &main_ && Any(20) == 0) {
+            List(Side::Attack)->setFocus();
+            return QTest::keyClick(List(Side::Attack), Qt::Key_V, Qt::ControlModifier);
+        }
+        if (front == &main_ && Any(15) == 0) {
+            QListWidget* const list = List(Any(2) == 0 ? Side::Attack : Side::Defend);
+            list->setFocus();
+            QTest::keyClick(list, Qt::Key_Down);
+            return QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
+        }
+        QWidget* const widget = widgets.isEmpty() ? front : widgets[Any(static_cast<int>(widgets.size()))];
+        if (Any(3) == 0)
+            return Click(widget);
+        widget->setFocus();
+        PressKey(widget);
+    }
+
+    int Any(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
+
+private:
+    QWidget* Front() {
+        for (QWidget* window : {QApplication::activePopupWidget(), QApplication::activeModalWidget()})
+            if (window != nullptr)
+                return window;
+        return &main_;
+    }
+
+    void PressKey(QWidget* widget) {
+        constexpr std::array keys{
+            Qt::Key_Tab,  Qt::Key_Return, Qt::Key_Escape, Qt::Key_Space,     Qt::Key_Delete, Qt::Key_Up,
+            Qt::Key_Down, Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Home,      Qt::Key_End,    Qt::Key_Menu,
+            Qt::Key_A,    Qt::Key_C,      Qt::Key_O,      Qt::Key_V,         Qt::Key_Z,      Qt::Key_0,
+            Qt::Key_2,    Qt::Key_Minus,  Qt::Key_Period, Qt::Key_Backspace, Qt::Key_F10};
+        constexpr std::array modifiers{Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier,
+                                       Qt::ShiftModifier};
+        QTest::keyClick(widget, keys.at(static_cast<std::size_t>(Any(static_cast<int>(keys.size())))),
+                        modifiers.at(static_cast<std::size_t>(Any(4))));
+    }
+
+    std::mt19937 random_{20261123};
+    QTimer inModalWindow_;
+};
+
+TEST_F(RandomUser, NeverEndsTheProgramNorLeavesItsRules) {
+    QGuiApplication::clipboard()->setText(
+        "Attacking Armies\nOath Guard, blessed\nMarshal, strength 8\nDefending Armies\nReed Spears\nGate Wardens, 2 "
+        "medals\n");
+    for (int action = 0; action < 6'000; ++action) {
+        Act();
+        QCoreApplication::processEvents();
+        ASSERT_TRUE(reported_.empty()) << reported_.front() << " after " << action << " actions";
+        for (const Side side : {Side::Attack, Side::Defend})
+            ASSERT_LE(List(side)->count(), MaxLines);
+        ASSERT_EQ(List(Side::Defend)->count() > LinesPerStack && pad_.cboTerrain.Enabled, false);
+    }
+    // Whatever happened, a battle can still be fought.
+    while (QWidget* popup = QApplication::activePopupWidget())
+        popup->close();
+    Activate();
+    pad_.Paste(Side::Attack, "Attacking Armies\nOath Guard\nDefending Armies\nOath Guard\n");
+    Attack("20");
+    EXPECT_EQ(MBattleCalc::BattleResults.RowCount(), 20);
+}
+
+} // namespace
+} // namespace vorhaven::test
