@@ -45,8 +45,11 @@ protected:
         QWidget* const widget = widgets.isEmpty() ? front : widgets[Any(static_cast<int>(widgets.size()))];
         if (Any(3) == 0)
             return Click(widget);
+        // Keys go to what has the focus, as they do outside of tests.
+        front->activateWindow();
         widget->setFocus();
-        PressKey(widget);
+        if (widget->hasFocus())
+            PressKey(widget);
     }
 
     int Any(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }

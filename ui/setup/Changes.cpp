@@ -80,6 +80,9 @@ void frmBrawlpad::Restore(const Setup& setup) {
     cboCityLevel.SetListIndex(setup.CityLevel);
     txtCombatDice.SetText(setup.CombatDice);
     txtNumSimulations.SetText(setup.NumBattles);
+    // The text may stem from the midst of its typing, and the field will not be left again.
+    if (ActiveControl() != &txtNumSimulations)
+        txtNumSimulations_LostFocus();
     settled_ = CurrentSetup();
     ShowState();
     ShowOdds();
