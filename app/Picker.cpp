@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -30,6 +31,16 @@ bool IsOneLetterRepeated(const QString& letters) {
 int GapOf(const QFontMetrics& metrics) {
     return 2 * metrics.averageCharWidth();
 }
+
+/// The application's style, with a drop-down list that scrolls below its field instead of a menu as high as
+/// the screen.
+class ListBelowField final : public QProxyStyle {
+public:
+    [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                QStyleHintReturn* returnData) const override {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+};
 
 /// Paints an entry's details in columns behind its name.
 class DetailsDelegate final : public QStyledItemDelegate {
@@ -130,8 +141,9 @@ Picker::Picker(QWidget* parent) : DropDown(parent), list_(new PickerList) {
     setView(list_);
     list_->setItemDelegate(new DetailsDelegate(*list_));
     setMaxVisibleItems(MaxLines);
-    // A list that scrolls below the field, not a menu as high as the screen.
-    setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }"));
+    auto* const style = new ListBelowField;
+    style->setParent(this);
+    setStyle(style);
 }
 
 void Picker::showPopup() {
