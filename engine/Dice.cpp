@@ -39,10 +39,9 @@ private:
     SplitMix64 values_{Entropy()};
 };
 
-SystemGenerator& Process() {
-    static SystemGenerator generator;
-    return generator;
-}
+/// Seeded once, at the program's start: a generator that is made at its first use would be asked for at every
+/// draw.
+SystemGenerator process;
 
 /// What is drawn from instead of the process's generator, in tests; null otherwise.
 UniformSource* replacement = nullptr;
@@ -51,7 +50,7 @@ float Draw() {
     if (replacement != nullptr) [[unlikely]]
         return replacement->Draw();
     // Called directly: a call through the interface costs as much as the generator itself.
-    return Process().Draw();
+    return process.Draw();
 }
 
 Long Roll(Long faces) {
@@ -68,11 +67,11 @@ std::uint64_t SystemTimer() {
 }
 
 UniformSource& ProcessGenerator() {
-    return Process();
+    return process;
 }
 
 void DrawFrom(UniformSource& source) {
-    replacement = &source == &Process() ? nullptr : &source;
+    replacement = &source == &process ? nullptr : &source;
 }
 
 Long CombatDiceRoll(Long faces) {
