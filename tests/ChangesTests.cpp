@@ -92,7 +92,8 @@ TEST(Undo, TakesTheKeysOfOneNumberTogetherAndForgetsWhatWasUndoneOnceSomethingEl
     }
     EXPECT_EQ(player.Pad.lstArmies[0].ListIndex(), 1);
     EXPECT_EQ(player.Pad.lstArmies[0].SelectedLines(), std::vector<Long>{1});
-    // What stood in the field in the midst of typing is completed where it comes back after the field was left.
+    // What stood in the field in the midst of typing is completed where it comes back after the field was
+    // left.
     player.Do([&] { player.Pad.txtNumSimulations.SetText(""); });
     player.Pick(0, {Midges});
     player.Do([&] { player.Pad.txtNumSimulations.SetText("70"); });

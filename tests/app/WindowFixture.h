@@ -129,7 +129,9 @@ protected:
         QTimer::singleShot(0, qApp, &QCoreApplication::quit);
         QApplication::exec();
         QApplication::setDoubleClickInterval(0);
-        OnFatalError = [this](const ErrorReport& report) { reported_.push_back(report.Headline + report.Details); };
+        OnFatalError = [this](const ErrorReport& report) {
+            reported_.push_back(report.Headline + report.Details);
+        };
         toolkit_.Show(main_, pad_);
         Activate();
         watchdog_.setSingleShot(true);
