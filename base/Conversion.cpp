@@ -46,6 +46,14 @@ Long ToLong(std::string_view text) {
     return RoundToLong(value);
 }
 
+std::optional<Long> NumberIn(std::string_view text) {
+    try {
+        return ToLong(text);
+    } catch (const RunTimeError&) {
+        return std::nullopt;
+    }
+}
+
 std::int16_t ToShort(Long value) {
     if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max())
         throw RunTimeError{ErrorNumber::Overflow};

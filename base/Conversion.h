@@ -5,6 +5,7 @@
 #include "base/Long.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,9 @@ namespace vorhaven {
 /// no say. Raises error 13 when the text is not a number, error 6 when the number is outside the 32-bit
 /// range.
 [[nodiscard]] Long ToLong(std::string_view text);
+
+/// The count that ToLong reads in a text; nothing where it raises an error.
+[[nodiscard]] std::optional<Long> NumberIn(std::string_view text);
 
 /// A count as a 16-bit integer. Raises error 6 when it does not fit.
 [[nodiscard]] std::int16_t ToShort(Long value);

@@ -4,8 +4,6 @@
 
 #include "base/Conversion.h"
 
-#include <optional>
-
 namespace vorhaven {
 
 void TextBox::SetText(std::string text) {
@@ -15,18 +13,6 @@ void TextBox::SetText(std::string text) {
     Changed.Raise();
     Raise(Change);
 }
-
-namespace {
-
-std::optional<Long> NumberIn(const std::string& text) {
-    try {
-        return ToLong(text);
-    } catch (const RunTimeError&) {
-        return std::nullopt;
-    }
-}
-
-} // namespace
 
 UpDown::UpDown(TextBox& buddy, Long lowest, Long highest, Long value, Typing typing, std::string toolTip)
     : Control(std::move(toolTip)), Min(lowest), Max(highest), buddy_(&buddy), typing_(typing), value_(value),

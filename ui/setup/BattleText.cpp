@@ -171,14 +171,6 @@ private:
         return *number;
     }
 
-    static std::optional<Long> NumberIn(std::string_view text) {
-        try {
-            return ToLong(text);
-        } catch (const RunTimeError&) {
-            return std::nullopt;
-        }
-    }
-
     void ReadArmy(std::string_view line) {
         const ListEntry& unit = UnitOf(line);
         Line army{unit.Datum, {}, {}};
