@@ -24,7 +24,7 @@ std::size_t allocations = 0;
 /// The process's kind of generator, counting what is drawn from it.
 class CountingGenerator final : public MBattleCalc::UniformSource {
 public:
-    [[nodiscard]] float Draw() override {
+    [[nodiscard]] std::uint32_t Draw() override {
         ++Draws;
         return generator_.Draw();
     }

@@ -6,7 +6,6 @@
 #include "engine/State.h"
 
 #include <chrono>
-#include <cmath>
 #include <ctime>
 #include <random>
 
@@ -33,7 +32,7 @@ std::uint64_t Entropy() {
 /// The generator of the process, whose timer is known to the compiler.
 class SystemGenerator final : public UniformSource {
 public:
-    [[nodiscard]] float Draw() override { return values_.Draw(ReadTimer()); }
+    [[nodiscard]] std::uint32_t Draw() override { return values_.Draw(ReadTimer()); }
 
 private:
     SplitMix64 values_{Entropy()};
@@ -46,18 +45,18 @@ SystemGenerator process;
 /// What is drawn from instead of the process's generator, in tests; null otherwise.
 UniformSource* replacement = nullptr;
 
-float Draw() {
+std::uint32_t Draw() {
     if (replacement != nullptr) [[unlikely]]
         return replacement->Draw();
     // Called directly: a call through the interface costs as much as the generator itself.
     return process.Draw();
 }
 
-Long Roll(Long faces) {
-    const double value = static_cast<double>(Draw()) * faces.Value() + 1.0;
-    // The largest whole number that is not above the value. Only a die with a negative number of faces needs
-    // more than the plain conversion, and a call to std::floor costs as much as a draw.
-    return static_cast<std::int32_t>(faces < 0 ? std::floor(value) : value);
+/// One draw times `faces`, rounded down: 0 to `faces` - 1. In integers, which has less latency than double
+/// precision; the mispredicted branch at the end of a duel waits for it. Both give the same for all dice of
+/// up to 2^28 faces.
+std::int32_t DrawBelow(Long faces) {
+    return static_cast<std::int32_t>(std::int64_t{Draw()} * faces.Value() >> UniformBits);
 }
 
 } // namespace
@@ -75,11 +74,11 @@ void DrawFrom(UniformSource& source) {
 }
 
 Long CombatDiceRoll(Long faces) {
-    return Roll(faces != 0 ? faces : CombatDice);
+    return DrawBelow(faces != 0 ? faces : CombatDice) + 1;
 }
 
 Long RandomPercentNum() {
-    return static_cast<std::int32_t>(static_cast<double>(Draw()) * PercentFaces);
+    return DrawBelow(PercentFaces);
 }
 
 Long GetCombatRoll(Long medals) {

@@ -8,6 +8,9 @@
 
 namespace vorhaven::MBattleCalc {
 
+/// Bits of a uniform value: the finest even steps of [0, 1) that single precision can hold.
+inline constexpr int UniformBits = 24;
+
 /// Where the engine's chance comes from.
 class UniformSource {
 public:
@@ -16,8 +19,9 @@ public:
     UniformSource(const UniformSource&) = delete;
     UniformSource& operator=(const UniformSource&) = delete;
 
-    /// One draw: re-seeds from the system timer, then takes the next uniform value in [0, 1).
-    [[nodiscard]] virtual float Draw() = 0;
+    /// One draw: re-seeds from the system timer, then takes the next uniform value in [0, 1), counted in
+    /// units of 2^-UniformBits.
+    [[nodiscard]] virtual std::uint32_t Draw() = 0;
 };
 
 /// A timer's reading; only its change from draw to draw matters.
@@ -33,16 +37,14 @@ class SplitMix64 {
 public:
     explicit SplitMix64(std::uint64_t seed) : state_(seed) {}
 
-    /// Re-seeds and takes the next uniform value in [0, 1).
-    [[nodiscard]] float Draw(std::uint64_t reading) {
+    /// Re-seeds and takes the next uniform value, the upper bits of the generator's output.
+    [[nodiscard]] std::uint32_t Draw(std::uint64_t reading) {
         state_ = (state_ ^ reading) + 0x9E3779B97F4A7C15U;
         std::uint64_t z = state_;
         z = (z ^ (z >> 30U)) * 0xBF58476D1CE4E5B9U;
         z = (z ^ (z >> 27U)) * 0x94D049BB133111EBU;
-        z ^= z >> 31U;
-        // The upper 24 bits are all that a single-precision value below 1 can hold evenly. A signed number
-        // becomes a float in one instruction, an unsigned one of 64 bits does not.
-        return static_cast<float>(static_cast<std::int32_t>(z >> 40U)) * 0x1p-24F;
+        // The generator's last step, z ^ (z >> 31), leaves the upper bits as they are.
+        return static_cast<std::uint32_t>(z >> (64 - UniformBits));
     }
 
 private:
@@ -54,7 +56,7 @@ class TimedGenerator final : public UniformSource {
 public:
     explicit TimedGenerator(std::uint64_t seed, Timer timer = SystemTimer) : values_(seed), timer_(timer) {}
 
-    [[nodiscard]] float Draw() override { return values_.Draw(timer_()); }
+    [[nodiscard]] std::uint32_t Draw() override { return values_.Draw(timer_()); }
 
 private:
     SplitMix64 values_;

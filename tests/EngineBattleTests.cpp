@@ -4,6 +4,7 @@
 #include "tests/support/Errors.h"
 
 #include <chrono>
+#include <cmath>
 #include <set>
 #include <thread>
 
@@ -22,16 +23,22 @@ TEST(Generator, ReadsItsTimerOnceADrawAndMixesItIntoASequenceThatNeverRestarts) 
     readings = 0;
     TimedGenerator counting{1, CountingTimer}, frozen{1, [] { return std::uint64_t{7}; }},
         other{1, [] { return std::uint64_t{8}; }};
-    std::set<float> values, others;
+    std::set<std::uint32_t> values, others;
     for (std::uint64_t draw = 1; draw <= 100; ++draw) {
         values.insert(frozen.Draw());
         others.insert(other.Draw());
-        EXPECT_LT(counting.Draw(), 1.0F);
+        EXPECT_LT(counting.Draw(), 1U << 24U);
         EXPECT_EQ(readings, draw);
     }
     EXPECT_EQ(values.size(), 100U) << "a frozen timer repeats no value";
     values.merge(others);
     EXPECT_EQ(values.size(), 200U) << "another timer gives another sequence";
+}
+
+TEST(Generator, DrawsTheUpperBitsOfThePublishedSequence) {
+    SplitMix64 generator{1234567};
+    for (const std::uint64_t published : {6457827717110365317U, 3203168211198807973U, 9817491932198370423U})
+        EXPECT_EQ(generator.Draw(0), published >> 40U);
 }
 
 TEST(Generator, SystemTimerMovesWithTheKernelsTick) {
@@ -47,12 +54,11 @@ TEST_F(Engine, DiceHaveAllTheirFacesAndPercentagesEndAt98) {
         const char* reason;
     } cases[] = {
         // clang-format off
-        {"0.0",         1,  1, 0,  "the lowest draw"},
-        {"0.049999997", 1,  1, 4,  "just below a face: the sum is formed in double precision"},
-        {"0.05",        2,  1, 4,  "just above it"},
-        {"0.44999999",  9,  4, 44, "the product is formed in double precision"},
-        {"0.5",         11, 4, 49, "the middle"},
-        {"0.99999994",  20, 7, 98, "the highest draw"},
+        {"0.0",        1,  1, 0,  "the lowest draw"},
+        {"0.04999999", 1,  1, 4,  "the last draw below a face"},
+        {"0.05000002", 2,  1, 4,  "the next one"},
+        {"0.5",        11, 4, 49, "the middle"},
+        {"0.99999999", 20, 7, 98, "the highest draw"},
         // clang-format on
     };
     for (const auto& test : cases) {
@@ -64,8 +70,16 @@ TEST_F(Engine, DiceHaveAllTheirFacesAndPercentagesEndAt98) {
         EXPECT_EQ(CombatDiceRoll(7), test.seven);
         EXPECT_EQ(RandomPercentNum(), test.percentage);
     }
-    const Script script{"0.5"};
-    EXPECT_EQ(CombatDiceRoll(-7), -3) << "down from -2.5, even where no die has so few faces";
+}
+
+TEST_F(Engine, DiceFallAsDoublePrecisionSays) {
+    for (const std::int32_t faces : {1, 6, 20, 99, 1'000'003, 1 << 28, -1, -7})
+        for (const char* draw :
+             {"0.0", "0.01", "0.123456789", "0.3", "0.5", "0.6789", "0.95", "0.99999999"}) {
+            const Script script{draw};
+            const double uniform = std::floor(std::ldexp(std::stod(draw), 24)) / 0x1p24;
+            EXPECT_EQ(CombatDiceRoll(faces), std::floor(uniform * faces + 1.0)) << faces;
+        }
 }
 
 TEST_F(Engine, AMedalGivesTheLowerOfTwoRollsAndMoreMedalsASmallerSecondDie) {

@@ -227,7 +227,7 @@ TEST(BattleOddsTest, StopWhenTheirBudgetRunsOut) {
 /// Draws that must not be made.
 class Forbidden final : public MBattleCalc::UniformSource {
 public:
-    [[nodiscard]] float Draw() override { throw std::logic_error{"a draw"}; }
+    [[nodiscard]] std::uint32_t Draw() override { throw std::logic_error{"a draw"}; }
 };
 
 TEST(BattleOddsTest, LeaveARunThatIsUnderWayAlone) {

@@ -34,7 +34,7 @@ protected:
 
 TEST_F(Run, ShowsItsFiguresWhereThePlayerReadsThem) {
     // Rolls of 4 and 5 on 20 faces: the blessed Spears (5) always hit, the others (4) sometimes, Kites never.
-    TurningDice dice({0.16F, 0.21F, 0.21F});
+    TurningDice dice({4, 5, 5});
     MBattleCalc::DrawFrom(dice);
     EXPECT_FALSE(Find<QProgressBar>(&main_, "Progress Indicator")->isVisible());
     LineUp({"Floe Spears", "Cliff Kites"}, {"Floe Spears", "Floe Spears", "Floe Spears"});

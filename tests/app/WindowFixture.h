@@ -28,6 +28,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <ostream>
@@ -112,11 +113,14 @@ inline void HoldKeyUnknown(Qt::Key key, const QString& text) {
 /// Dice that always fall in the same few ways, in turn. The stronger army wins every duel.
 class TurningDice final : public MBattleCalc::UniformSource {
 public:
-    explicit TurningDice(std::vector<float> values) : values_(std::move(values)) {}
-    [[nodiscard]] float Draw() override { return values_[next_++ % values_.size()]; }
+    /// `rolls`: of a die of 20 faces.
+    explicit TurningDice(std::vector<std::uint32_t> rolls) : rolls_(std::move(rolls)) {}
+    [[nodiscard]] std::uint32_t Draw() override {
+        return ((2 * rolls_[next_++ % rolls_.size()] - 1) << MBattleCalc::UniformBits) / 40;
+    }
 
 private:
-    std::vector<float> values_;
+    std::vector<std::uint32_t> rolls_;
     std::size_t next_ = 0;
 };
 

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdint>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -23,7 +25,8 @@ public:
         std::istringstream words(text);
         for (std::string word; words >> word;)
             if (word == "A" || word == "N" || word == "D")
-                draws_.insert(draws_.end(), {word == "A" ? 0.0F : 0.9F, word == "D" ? 0.0F : 0.9F});
+                draws_.insert(draws_.end(),
+                              {DrawOf(word == "A" ? "1" : "19"), DrawOf(word == "D" ? "1" : "19")});
             else
                 draws_.push_back(DrawOf(word));
         MBattleCalc::DrawFrom(*this);
@@ -32,10 +35,10 @@ public:
         MBattleCalc::DrawFrom(MBattleCalc::ProcessGenerator());
         EXPECT_EQ(next_, draws_.size()) << "draws made, draws foreseen";
     }
-    [[nodiscard]] float Draw() override { return draws_.at(next_++); }
+    [[nodiscard]] std::uint32_t Draw() override { return draws_.at(next_++); }
 
 private:
-    static float DrawOf(const std::string& word) {
+    static std::uint32_t DrawOf(const std::string& word) {
         std::size_t length = 0;
         const double value = std::stod(word, &length);
         const std::string rest = word.substr(length);
@@ -50,10 +53,10 @@ private:
             throw std::invalid_argument("\"" + word + "\" is no draw");
         if (draw < 0.0 || draw >= 1.0)
             throw std::invalid_argument("\"" + word + "\" is beyond the die");
-        return static_cast<float>(draw);
+        return static_cast<std::uint32_t>(std::ldexp(draw, MBattleCalc::UniformBits));
     }
 
-    std::vector<float> draws_;
+    std::vector<std::uint32_t> draws_;
     std::size_t next_ = 0;
 };
 
