@@ -5,6 +5,7 @@
 #include "engine/Rules.h"
 #include "engine/State.h"
 
+#include <algorithm>
 #include <chrono>
 #include <ctime>
 #include <random>
@@ -87,7 +88,8 @@ Long GetCombatRoll(Long medals) {
     if (medalFaces == 0)
         return roll;
     const Long second = CombatDiceRoll(medalFaces);
-    return second < roll ? second : roll;
+    // Not by a branch, which would be mispredicted: the lower roll is a matter of chance.
+    return std::min(roll.Value(), second.Value());
 }
 
 } // namespace vorhaven::MBattleCalc
