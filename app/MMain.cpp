@@ -4,13 +4,13 @@
 
 #include "app/ErrorReport.h"
 #include "app/MainView.h"
+#include "app/ProgramIcon.h"
 #include "app/QtToolkit.h"
 #include "catalogue/CsvCatalogue.h"
 #include "ui/setup/frmBrawlpad.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QIcon>
 #include <QStandardPaths>
 
 #include <cstdlib>
@@ -27,13 +27,6 @@ std::vector<std::filesystem::path> CatalogueFolders() {
     const auto program = QDir(QCoreApplication::applicationDirPath()).filesystemPath();
     return {data.filesystemPath() / "vorhaven3-combat-calculator" / "catalogue", program / "catalogue",
             program / VORHAVEN_DATA_FROM_BIN / "catalogue"};
-}
-
-QIcon ProgramIcon() {
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
-        icon.addFile(QStringLiteral(":/icons/%1.png").arg(size));
-    return icon;
 }
 
 int Run(const CatalogueProvider& provider) {

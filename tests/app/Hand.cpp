@@ -36,7 +36,8 @@ private:
     void Act(QWidget& window) {
         hasActed_ = true;
         QTextStream(stderr) << "first army: "
-                            << Called<QComboBox>(window, "Select Attacking Armies")->itemText(0) << "\n";
+                            << Called<QComboBox>(window, "Select Attacking Armies")->itemText(0) << "\n"
+                            << "icon: " << window.windowIcon().pixmap(256).width() << "\n";
         for (const char* picker : {"Select Attacking Armies", "Select Defending Armies"})
             emit Called<QComboBox>(window, picker)->activated(0);
         const bool exits = qEnvironmentVariable("VORHAVEN_HAND") == "exit";

@@ -76,7 +76,7 @@ TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
         {"a fatal error", [&] { WriteCatalogue("Own Guard", "2147483647"); }, "fight", 1,
             {"Run-time error '13':\nType mismatch\nThe program has to end.", "\nPassed on by: frmBrawlpad::cmdAttack_Click",
              "box: Run-time error '13':/Type mismatch|The program has to end.", "//Original error: 6, Overflow/Raised in: CAttackArmies::InterpretCB/"}},
-        {"none", [&] { QDir(folder_.filePath("catalogue")).removeRecursively(); }, "exit", 0, {"first army: Vale Levy"}},
+        {"none", [&] { QDir(folder_.filePath("catalogue")).removeRecursively(); }, "exit", 0, {"first army: Vale Levy", "icon: 256"}},
     };
     // clang-format on
     for (const Case& c : cases) {
