@@ -3,6 +3,7 @@
 #include "app/MMain.h"
 
 #include "app/ErrorReport.h"
+#include "app/FrameStyle.h"
 #include "app/MainView.h"
 #include "app/ProgramIcon.h"
 #include "app/QtToolkit.h"
@@ -12,6 +13,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QStandardPaths>
+#include <QStyle>
 
 #include <cstdlib>
 #include <exception>
@@ -45,6 +47,9 @@ int Main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(VORHAVEN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral(VORHAVEN_ID));
     QApplication::setWindowIcon(ProgramIcon());
+    // Any other style, chosen by the desktop or the user, stays as it is.
+    if (QApplication::style()->name() == QLatin1String("fusion"))
+        QApplication::setStyle(new FrameStyle);
     try {
         const CsvCatalogue provider = CsvCatalogue::FromFirstFolder(CatalogueFolders());
         NameCatalogueInReports(provider.Origin());

@@ -9,8 +9,9 @@ class QWidget;
 
 namespace vorhaven {
 
-/// How strongly a text stands out from its background: the share of the text's colour in the mix of the two.
-/// Quiet keeps a contrast of at least 6.5 to 1, Dimmed of 4.5 to 1, both on light and on dark palettes.
+/// How strongly a text, a line or an area stands out from its background: the share of the text's colour in
+/// the mix of the two. Quiet keeps a contrast of at least 6.5 to 1, Dimmed of 4.5 to 1, both on light and on
+/// dark palettes.
 namespace Shade {
 inline constexpr double Full = 1.0;
 inline constexpr double Quiet = 0.66;
@@ -18,7 +19,9 @@ inline constexpr double Dimmed = 0.56;
 inline constexpr double Unreachable = 0.38;
 inline constexpr double ListLine = 0.28;
 inline constexpr double TableLine = 0.22;
+inline constexpr double Frame = 0.10;
 inline constexpr double Area = 0.05;
+inline constexpr double FrameArea = 0.012;
 } // namespace Shade
 
 /// The mix of two colours, with `share` (0 to 1) of the first.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "app/FrameStyle.h"
 #include "app/HeroView.h"
 #include "app/MoreResultsView.h"
 #include "app/StatsView.h"
@@ -7,8 +8,11 @@
 #include "ui/hero/frmHero.h"
 
 #include <QAbstractSpinBox>
+#include <QGroupBox>
+#include <QStyleFactory>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace vorhaven::test {
 namespace {
@@ -60,6 +64,27 @@ TEST_F(MainWindow, ButtonsAndBoxesDoWhatTheySay) {
     pressAccessKey(Qt::Key_M, [] { return ResultsWindow() != nullptr; });
     Activate();
     pressAccessKey(Qt::Key_X, [&] { return !main_.isVisible(); });
+}
+
+TEST(FrameStyleTest, PaintsGroupBoxesWhereAndAsStronglyAsFusionDoes) {
+    for (const QColor& window : {QColor(239, 239, 239), QColor(50, 50, 50)}) {
+        const auto paint = [&window](QStyle* style) {
+            QGroupBox box("Setup");
+            style->setParent(&box);
+            box.setStyle(style);
+            box.setPalette(window);
+            box.resize(120, 70);
+            return box.grab().toImage();
+        };
+        const QImage ours = paint(new FrameStyle);
+        const QImage fusion = paint(QStyleFactory::create("fusion"));
+        int strongest = 0;
+        for (int y = 0; y < ours.height(); ++y)
+            for (int x = 0; x < ours.width(); ++x)
+                strongest =
+                    std::max(strongest, std::abs(qGray(ours.pixel(x, y)) - qGray(fusion.pixel(x, y))));
+        EXPECT_LE(strongest, 16) << "of a line that is 24 darker or 13 lighter than the window";
+    }
 }
 
 TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
