@@ -130,6 +130,7 @@ QLayout* OddsView::MakeLosses() {
     table->addWidget(Make<QLabel>(panel_->lblLosses), compact_ ? 0 : 1, 0, Qt::AlignLeft);
     for (int side = 0; side < 2; ++side) {
         auto* const key = new QHBoxLayout;
+        key->setSpacing(fontMetrics().averageCharWidth() / 2);
         key->addStretch();
         key->addWidget(new ColourKey(side));
         key->addWidget(Make<QLabel>(panel_->lblSide[static_cast<std::size_t>(side)]));
