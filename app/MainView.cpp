@@ -99,10 +99,6 @@ QWidget* MainView::MakeSettings() {
     auto* const terrain = MakeFocusable<DropDown>(pad, pad.cboTerrain);
     auto* const cityLevel = MakeFocusable<DropDown>(pad, pad.cboCityLevel);
     auto* const viewStats = MakeFocusable<QCheckBox>(pad, pad.sschkViewStats);
-    for (DropDown* box : {terrain, cityLevel}) {
-        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        box->setMinimumContentsLength(11);
-    }
     connect(battles, &QLineEdit::returnPressed, this, [this] { attack_->click(); });
     auto* const layout = new QFormLayout(frame);
     layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
