@@ -12,7 +12,7 @@
 namespace vorhaven {
 namespace {
 
-/// From the contents of a group box to its frame, in Fusion.
+/// From the contents of a group box to its frame, within a pixel of where Fusion has it.
 constexpr QMargins ToFrame{2, 2, 3, 3};
 
 } // namespace

@@ -66,24 +66,36 @@ TEST_F(MainWindow, ButtonsAndBoxesDoWhatTheySay) {
     pressAccessKey(Qt::Key_X, [&] { return !main_.isVisible(); });
 }
 
-TEST(FrameStyleTest, PaintsGroupBoxesWhereAndAsStronglyAsFusionDoes) {
+TEST(FrameStyleTest, PaintsOneLineAroundTheContentsOfAGroupBoxBelowTheUsualTitle) {
     for (const QColor& window : {QColor(239, 239, 239), QColor(50, 50, 50)}) {
-        const auto paint = [&window](QStyle* style) {
+        QRect contents;
+        const auto paint = [&](QStyle* style) {
             QGroupBox box("Setup");
             style->setParent(&box);
             box.setStyle(style);
             box.setPalette(window);
             box.resize(120, 70);
+            contents = box.contentsRect();
             return box.grab().toImage();
         };
-        const QImage ours = paint(new FrameStyle);
         const QImage fusion = paint(QStyleFactory::create("fusion"));
-        int strongest = 0;
+        const QImage ours = paint(new FrameStyle);
+        const auto isLine = [&](int x, int y) {
+            const int contrast = std::abs(qGray(ours.pixel(x, y)) - qGray(window.rgb()));
+            EXPECT_TRUE(contrast <= 4 || (contrast >= 18 && contrast <= 26)) << contrast;
+            return contrast >= 18;
+        };
+        QList<int> columns, rows;
+        for (int x = 0; x < ours.width(); ++x)
+            if (isLine(x, contents.center().y()))
+                columns += x;
         for (int y = 0; y < ours.height(); ++y)
-            for (int x = 0; x < ours.width(); ++x)
-                strongest =
-                    std::max(strongest, std::abs(qGray(ours.pixel(x, y)) - qGray(fusion.pixel(x, y))));
-        EXPECT_LE(strongest, 16) << "of a line that is 24 darker or 13 lighter than the window";
+            if (isLine(contents.right() - 10, y))
+                rows += y;
+        EXPECT_EQ(columns, (QList{contents.left() - 2, contents.right() + 3}));
+        EXPECT_EQ(rows, (QList{contents.top() - 2, contents.bottom() + 3}));
+        const QRect title(0, 0, ours.width(), contents.top() - 3);
+        EXPECT_EQ(ours.copy(title), fusion.copy(title));
     }
 }
 
