@@ -20,20 +20,22 @@ public:
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::ApplicationPaletteChange)
+        // A widget that is no window hears of the application's new colours through its own palette alone.
+        if (event->type() == QEvent::PaletteChange)
             Apply();
         return QObject::eventFilter(watched, event);
     }
 
 private:
     void Apply() {
-        QPalette palette = QApplication::palette(widget_);
-        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-            const QColor shade = Mixed(palette.color(group, QPalette::WindowText),
-                                       palette.color(group, QPalette::Window), share_);
-            palette.setColor(group, QPalette::WindowText, shade);
-        }
-        widget_->setPalette(palette);
+        const QPalette usual = QApplication::palette(widget_);
+        QPalette shaded;
+        for (const auto group : {QPalette::Active, QPalette::Inactive})
+            shaded.setColor(group, QPalette::WindowText,
+                            Mixed(usual.color(group, QPalette::WindowText),
+                                  usual.color(group, QPalette::Window), share_));
+        // Nothing is raised when the palette stays as it is.
+        widget_->setPalette(shaded);
     }
 
     QWidget* widget_;

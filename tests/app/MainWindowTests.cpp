@@ -99,6 +99,22 @@ TEST(FrameStyleTest, PaintsOneLineAroundTheContentsOfAGroupBoxBelowTheUsualTitle
     }
 }
 
+TEST_F(MainWindow, QuietTextsFollowTheApplicationsColours) {
+    const QPalette usual = QApplication::palette();
+    // The toolkit passes new colours on while the program's event loop runs.
+    const auto show = [](const QPalette& colours) {
+        QTimer::singleShot(0, [&colours] {
+            QApplication::setPalette(colours);
+            QTimer::singleShot(0, &QCoreApplication::quit);
+        });
+        QApplication::exec();
+    };
+    show(QColor(50, 50, 50));
+    for (const QLabel* label : main_.findChildren<QLabel*>())
+        EXPECT_GT(qGray(label->palette().windowText().color().rgb()), 128) << label->text().toStdString();
+    show(usual);
+}
+
 TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
     struct Case {
         const char* Box;
