@@ -6,6 +6,7 @@
 #include <QGenericPlugin>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QStyle>
 #include <QTextStream>
 #include <QTimer>
 
@@ -37,7 +38,10 @@ private:
         hasActed_ = true;
         QTextStream(stderr) << "first army: "
                             << Called<QComboBox>(window, "Select Attacking Armies")->itemText(0) << "\n"
-                            << "icon: " << window.windowIcon().pixmap(256).width() << "\n";
+                            << "icon:";
+        for (const QSize& size : window.windowIcon().availableSizes())
+            QTextStream(stderr) << ' ' << window.windowIcon().pixmap(size).width();
+        QTextStream(stderr) << "\nstyle: " << QApplication::style()->name() << "\n";
         for (const char* picker : {"Select Attacking Armies", "Select Defending Armies"})
             emit Called<QComboBox>(window, picker)->activated(0);
         const bool exits = qEnvironmentVariable("VORHAVEN_HAND") == "exit";

@@ -76,7 +76,9 @@ TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
         {"a fatal error", [&] { WriteCatalogue("Own Guard", "2147483647"); }, "fight", 1,
             {"Run-time error '13':\nType mismatch\nThe program has to end.", "\nPassed on by: frmBrawlpad::cmdAttack_Click",
              "box: Run-time error '13':/Type mismatch|The program has to end.", "//Original error: 6, Overflow/Raised in: CAttackArmies::InterpretCB/"}},
-        {"none", [&] { QDir(folder_.filePath("catalogue")).removeRecursively(); }, "exit", 0, {"first army: Vale Levy", "icon: 256"}},
+        {"none, and a style of the player's choice",
+            [&] { QDir(folder_.filePath("catalogue")).removeRecursively(); qputenv("QT_STYLE_OVERRIDE", "windows"); }, "exit", 0,
+            {"first army: Vale Levy", "icon: 128 16 24 256 32 48 64\n", "style: windows"}},
     };
     // clang-format on
     for (const Case& c : cases) {
@@ -86,6 +88,7 @@ TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
             EXPECT_TRUE(told_.contains(text)) << c.Reason << " should tell \"" << text.toStdString()
                                               << "\" but told " << told_.toStdString();
     }
+    qunsetenv("QT_STYLE_OVERRIDE");
 }
 
 TEST(OutermostHandler, ReportsWhateverAHandlerThrows) {
