@@ -45,6 +45,27 @@ TEST_F(Lists, PickersFindEntriesByTheBeginningOfAWord) {
     EXPECT_EQ(Lines(Side::Defend), QStringList());
 }
 
+TEST_F(Lists, PickersTellEveryDetailOfThirtyTwoArmiesBelowTheField) {
+    QComboBox* const picker = Picker(Side::Attack);
+    Click(picker);
+    QAbstractItemView* const list = picker->view();
+    EXPECT_GE(list->mapToGlobal(QPoint()).y(), picker->mapToGlobal(picker->rect().bottomLeft()).y());
+    EXPECT_GE(list->width(), picker->width());
+    EXPECT_GE(list->indexAt({1, list->viewport()->height() - 1}).row(), MaxLines - 1);
+    const QImage picture = list->viewport()->grab().toImage();
+    const auto isBlank = [&](int x) {
+        for (int y = 0; y < picture.height(); ++y)
+            if (picture.pixelColor(x, y) != list->palette().color(QPalette::Base))
+                return false;
+        return true;
+    };
+    int last = picture.width() - 1;
+    while (last > 0 && isBlank(last))
+        --last;
+    EXPECT_GT(last, picture.width() / 2) << "the details stand behind the names";
+    EXPECT_LT(last, picture.width() - 1) << "and none is cut off";
+}
+
 TEST_F(Lists, PickersAddOnlyWhatIsPicked) {
     QComboBox* const picker = Picker(Side::Defend);
     // By mouse; the same entry again counts again.
