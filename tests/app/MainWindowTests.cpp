@@ -3,6 +3,7 @@
 #include "app/FrameStyle.h"
 #include "app/HeroView.h"
 #include "app/MoreResultsView.h"
+#include "app/SideColours.h"
 #include "app/StatsView.h"
 #include "tests/app/WindowFixture.h"
 #include "ui/hero/frmHero.h"
@@ -113,6 +114,18 @@ TEST_F(MainWindow, QuietTextsFollowTheApplicationsColours) {
     for (const QLabel* label : main_.findChildren<QLabel*>())
         EXPECT_GT(qGray(label->palette().windowText().color().rgb()), 128) << label->text().toStdString();
     show(usual);
+}
+
+TEST_F(MainWindow, TheOddsTableShowsEachSidesColourWhereItsColumnsAre) {
+    const QImage odds = Find<QGroupBox>(&main_, "Exact Odds")->grab().toImage();
+    std::array<int, 2> left{odds.width(), odds.width()};
+    for (int x = odds.width() - 1; x >= 0; --x)
+        for (int y = 0; y < odds.height(); ++y)
+            for (int side = 0; side < 2; ++side)
+                if (odds.pixelColor(x, y) == SideColour(side, main_.palette()))
+                    left[static_cast<std::size_t>(side)] = x;
+    EXPECT_LT(left[0], left[1]);
+    EXPECT_LT(left[1], odds.width());
 }
 
 TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
