@@ -101,7 +101,8 @@ const std::vector<Battle> stories{
     // Bonuses, banding, city and flyers
     {"Leader 4 Siege 1;Morale 2 Hits 3 Trample 1;Banding 1 Size 1;Banding 1 Size 3;Banding 1",
      "Fortify 1 IsFlying Hits 4;Chaos 2 Hits 3;Fear 1 Unit 1 Hits 2;Trample 2 Hits 2", 24, 3},
-    {"Chaos 9 Strength 2;Fear 9 Strength 14", "Banding 1 Size 4 Strength 12;Siege 9 Strength 1", 18}};
+    {"Chaos 9 Leader 9 Strength 2;Fear 9 Morale 9 Strength 14",
+     "Banding 1 Size 4 Strength 12;Siege 9 Strength 1", 18}};
 
 TEST(BattleOddsTest, AgreeWithTheSolver) {
     for (const Battle& battle : stories)
@@ -122,7 +123,7 @@ std::string RandomStack(std::mt19937& random, std::size_t armies, int& afflictio
             const std::string& name = names[random() % names.size()];
             if ((name == "Poison" || name == "Disease" || name == "Curse") && --afflictions < 0)
                 continue;
-            army << ' ' << name << ' ' << upTo(name == "Medals" ? 4 : 5);
+            army << ' ' << name << ' ' << upTo(name == "Medals" ? 4 : 7);
         }
         if (upTo(4) == 0)
             army << (upTo(1) == 0 ? " Blessed" : " IsFlying");
