@@ -7,19 +7,19 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <string>
 #include <vector>
 
 namespace vorhaven::test {
+
+using Stack = std::vector<CArmy>;
 
 /// The exact odds of a battle, from the rules alone: the chance of every state in which a duel can begin is
 /// carried forward, and a duel's own chances are summed over what its two armies have left.
 class ExactBattle {
 public:
-    /// Armies as TestHost::Bring reads them, their fighting values final: nothing here knows of stack
-    /// effects.
-    ExactBattle(const std::string& attackers, const std::string& defenders, int die) : die_(die) {
-        for (const std::string& stack : Split(attackers, '/'))
+    /// The armies' fighting values are final: nothing here knows of stack effects.
+    ExactBattle(const std::vector<Stack>& attackers, const Stack& defenders, int die) : die_(die) {
+        for (const Stack& stack : attackers)
             Enlist(armies_[0], stack);
         Enlist(armies_[1], defenders);
         begun_[{{0, 0}, {armies_[0][0], armies_[1][0]}}] = 1.0;
@@ -45,16 +45,12 @@ private:
     };
 
     /// Puts a stack's armies in their order of fighting, the last one first.
-    static void Enlist(std::vector<Fighter>& side, const std::string& stack) {
-        const auto armies = Split(stack, ';');
-        for (auto text = armies.rbegin(); text != armies.rend(); ++text) {
-            CArmy a;
-            Give(a, "Strength 10 Hits 1 Turns 1 " + *text);
-            side.push_back({a.TotalStrength.Value(), a.Hits.Value(), a.Turns.Value(), a.HasMedal.Value(),
-                            a.Trample.Value(), a.Acid.Value(), a.Lightning.Value(), a.Assass.Value(),
-                            a.Missle.Value(), a.Warding.Value(), 0,
-                            a.IsFlying || a.UnitID == TestHost::flyingType, false, text == armies.rbegin()});
-        }
+    static void Enlist(std::vector<Fighter>& side, const Stack& stack) {
+        for (auto a = stack.rbegin(); a != stack.rend(); ++a)
+            side.push_back({a->TotalStrength.Value(), a->Hits.Value(), a->Turns.Value(), a->HasMedal.Value(),
+                            a->Trample.Value(), a->Acid.Value(), a->Lightning.Value(), a->Assass.Value(),
+                            a->Missle.Value(), a->Warding.Value(), 0,
+                            a->IsFlying || a->UnitID == TestHost::flyingType, false, a == stack.rbegin()});
     }
 
     /// The chance that one army wins a round: one of its dice hits, and all of the other's miss.

@@ -10,43 +10,40 @@ namespace vorhaven::test {
 /// may leave them is solved as a battle of its own. Written from the rules alone, as the solver is.
 class EvaluatedBattle {
 public:
+    /// Two sides as TestHost::Bring reads them.
     EvaluatedBattle(const std::string& attackers, const std::string& defenders, int die, int city)
-        : later_(attackers.substr(std::min(attackers.find('/'), attackers.size()))), die_(die) {
-        const auto attack = Armies(attackers.substr(0, attackers.size() - later_.size()));
-        const auto defend = Armies(defenders);
-        const int attackBonus = Bonus(attack, defend, 0);
-        const int defendBonus = Bonus(defend, attack, city);
-        for (const auto& army : attack)
-            outcomes_.push_back(Outcomes(army, attack, defend, attackBonus));
-        attackCount_ = attack.size();
-        for (const auto& army : defend)
-            outcomes_.push_back(Outcomes(army, defend, attack, defendBonus));
-        Combine(0, "", "", 1.0);
+        : die_(die) {
+        for (const std::string& stack : Split(attackers, '/'))
+            attackers_.push_back(Armies(stack));
+        defenders_ = Armies(defenders);
+        const Stack attack = attackers_[0], defend = defenders_;
+        for (const CArmy& army : attack)
+            outcomes_.push_back(Outcomes(army, attack, defend, Bonus(attack, defend, 0)));
+        for (const CArmy& army : defend)
+            outcomes_.push_back(Outcomes(army, defend, attack, Bonus(defend, attack, city)));
+        Combine(0, 1.0);
     }
 
     std::map<Row, double> Odds;
 
 private:
-    using Army = std::pair<std::string, CArmy>;
-    using Stack = std::vector<Army>;
+    using Chances = std::vector<std::pair<CArmy, double>>;
 
     static Stack Armies(const std::string& text) {
         Stack stack;
-        for (const std::string& army : Split(text, ';')) {
-            stack.emplace_back(army, CArmy{});
-            Give(stack.back().second, "Strength 10 Hits 1 " + army);
-        }
+        for (const std::string& army : Split(text, ';'))
+            Give(stack.emplace_back(), "Strength 10 Hits 1 Turns 1 " + army);
         return stack;
     }
 
     static int Best(const Stack& stack, Long CArmy::*power, int least = 0) {
-        for (const auto& [text, army] : stack)
+        for (const CArmy& army : stack)
             least = std::max(least, (army.*power).Value());
         return least;
     }
     static int Total(const Stack& stack, Long CArmy::*power) {
         int total = 0;
-        for (const auto& [text, army] : stack)
+        for (const CArmy& army : stack)
             total += (army.*power).Value();
         return total;
     }
@@ -63,23 +60,21 @@ private:
 
     static int Banding(const CArmy& army, const Stack& stack) {
         int count = 0, size = 0;
-        for (const auto& [text, other] : stack)
+        for (const CArmy& other : stack)
             if (other.Banding != 0 && ++count == 1)
                 size = other.PowerValue.Value();
         return army.Banding == 0 ? 0 : size + 1 >= count ? size : count - 1;
     }
 
     /// What an army may have become, with the chances.
-    static std::vector<std::pair<std::string, double>> Outcomes(const Army& told, const Stack& own,
-                                                                const Stack& enemy, int bonus) {
-        const auto& [text, army] = told;
+    static Chances Outcomes(const CArmy& army, const Stack& own, const Stack& enemy, int bonus) {
         const auto chance = [&enemy](bool eligible, Long CArmy::*power) {
             return eligible ? std::min(4 * Total(enemy, power), 99) / 99.0 : 0.0;
         };
         const double p[3] = {chance(army.Poison == 0 && !army.Blessed && !army.Poisoned, &CArmy::Poison),
                              chance(army.Disease == 0 && !army.Blessed && !army.Diseased, &CArmy::Disease),
                              chance(army.Curse == 0 && (army.Blessed || army.HasMedal > 0), &CArmy::Curse)};
-        std::vector<std::pair<std::string, double>> outcomes;
+        Chances outcomes;
         for (const bool poison : {false, true})
             for (const bool disease : {false, true})
                 for (const bool curse : {false, true}) {
@@ -88,33 +83,35 @@ private:
                     int strength = std::clamp(army.TotalStrength.Value() + Banding(army, own), 1, 14);
                     strength = std::max(1, strength - (poison ? 1 : 0));
                     strength = std::max(1, strength - (curse && army.Blessed ? 1 : 0));
-                    strength = std::clamp(strength + bonus, 1, 14);
-                    const int hits = std::max(1, army.Hits.Value() - (disease ? 1 : 0));
+                    CArmy outcome = army;
+                    outcome.TotalStrength = std::clamp(strength + bonus, 1, 14);
+                    outcome.Hits = std::max(1, army.Hits.Value() - (disease ? 1 : 0));
+                    outcome.HasMedal = curse ? 0 : army.HasMedal;
                     if (odds > 0.0)
-                        outcomes.emplace_back(text + " Strength " + std::to_string(strength) + " Hits " +
-                                                  std::to_string(hits) + (curse ? " Medals 0" : ""),
-                                              odds);
+                        outcomes.emplace_back(outcome, odds);
                 }
         return outcomes;
     }
 
-    void Combine(std::size_t army, const std::string& attackers, const std::string& defenders, double p) {
+    /// Tries what each army from this one on may have become.
+    void Combine(std::size_t army, double p) {
         if (army == outcomes_.size()) {
-            for (const auto& [row, odds] : ExactBattle{attackers + later_, defenders, die_}.Odds)
+            for (const auto& [row, odds] : ExactBattle{attackers_, defenders_, die_}.Odds)
                 Odds[row] += p * odds;
             return;
         }
-        for (const auto& [text, odds] : outcomes_[army])
-            if (army < attackCount_)
-                Combine(army + 1, attackers + (army == 0 ? "" : ";") + text, defenders, p * odds);
-            else
-                Combine(army + 1, attackers, defenders + (army == attackCount_ ? "" : ";") + text, p * odds);
+        Stack& first = attackers_[0];
+        CArmy& place = army < first.size() ? first[army] : defenders_[army - first.size()];
+        for (const auto& [outcome, odds] : outcomes_[army]) {
+            place = outcome;
+            Combine(army + 1, p * odds);
+        }
     }
 
-    std::string later_;
     int die_;
-    std::size_t attackCount_ = 0;
-    std::vector<std::vector<std::pair<std::string, double>>> outcomes_;
+    std::vector<Stack> attackers_;
+    Stack defenders_;
+    std::vector<Chances> outcomes_;
 };
 
 } // namespace vorhaven::test
