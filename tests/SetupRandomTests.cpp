@@ -208,6 +208,8 @@ private:
     void UseMenu(std::size_t side) {
         Focus(2 - side);
         isOpen_ = false;
+        pad_.lstArmies_MouseUp(Side{side}, frmBrawlpad::MouseButton::Left);
+        fault_ = fault_ || isOpen_;
         pad_.lstArmies_MouseUp(Side{side}, frmBrawlpad::MouseButton::Right);
         const int current = rules_.Lists[side].Current;
         fault_ = fault_ || isOpen_ != (current >= 0);

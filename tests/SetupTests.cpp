@@ -19,14 +19,6 @@ struct Desk : Game {
                     (list.Selected(line) ? "] " : " ");
         return look;
     }
-    /// Selects lines, the first of them the current one, and chooses items of their menu.
-    void Mark(std::size_t side, const std::vector<Long>& lines, const std::vector<std::size_t>& items) {
-        Pad.lstArmies[side].Select({lines[0], lines});
-        Pad.MoveFocus(&Pad.lstArmies[side]);
-        Pad.lstArmies_MouseUp(Side{side}, frmBrawlpad::MouseButton::Right);
-        for (const std::size_t item : items)
-            Pad.mnuPopupItem[item].Choose();
-    }
     /// The enabled buttons of Attack, aBort, eXit and More results, and the quick results.
     std::string Results() {
         std::string seen = std::string(Pad.cmdAttack.Enabled, 'A') + std::string(Pad.sscAbort.Enabled, 'B') +
@@ -74,47 +66,6 @@ TEST(Setup, NumbersThatAreNoneAreErrorsOfTheirFields) {
                 Raises(13, {"frmBrawlpad::txtCombatDice_Change"}));
     desk.Pad.txtDup[1].SetText("two");
     EXPECT_THAT([&] { desk.Pad.sscDup[1].Press(); }, Raises(13, {"frmBrawlpad::sscDup_Click"}));
-}
-
-TEST(Conditions, AreMarkedOnceAndLeaveTheirMarksOnCopiesAndOnTheOtherSide) {
-    Desk desk;
-    int opened = 0;
-    const Connection opening = desk.Pad.PopupMenuRequested.Connect([&](Side) { ++opened; });
-    desk.Add(0, {Midges, Giants});
-    desk.Mark(0, {0}, {1, 4, 5}); // the medals' heading does nothing
-    desk.Pad.txtDup[0].SetText("2");
-    desk.Pad.sscDup[0].Press();
-    EXPECT_EQ(desk.Look(0), ">[Midges *+] Giants Midges * Midges * ");
-    desk.Mark(0, {1, 0, 2}, {7});
-    EXPECT_EQ(desk.Look(0), "[Midges *+] >[Giants *+] [Midges *+] Midges * ")
-        << "all turn with the current line";
-    EXPECT_TRUE(desk.Pad.mnuPopupItem[1].Enabled && !desk.Pad.mnuPopupItem[2].Enabled);
-    desk.Mark(0, {1, 3, 2}, {7});
-    EXPECT_EQ(desk.Look(0), "Midges *+ >[Giants] [Midges] [Midges] ");
-    desk.Add(1, {Ghouls});
-    desk.Mark(1, {0}, {2});
-    desk.Pad.sscClearList[0].Press();
-    EXPECT_EQ(desk.Look(0) + desk.Look(1), ">[Ghouls *] ");
-    desk.Pad.lstArmies_MouseUp(Side::Defend, frmBrawlpad::MouseButton::Left);
-    EXPECT_EQ(opened, 4);
-}
-
-TEST(Conditions, GoWithTheLineThatMovesAndWithThoseThatAreDeleted) {
-    Desk desk;
-    desk.Add(0, {Midges, Giants, Ghouls, Stalkers});
-    desk.Mark(0, {1, 3}, {1});
-    desk.Pad.sscListArrow[0].Press();
-    EXPECT_EQ(desk.Look(0), ">[Giants *+] Midges Ghouls Stalkers *+ ") << "the current line alone moves";
-    desk.Mark(0, {2, 3}, {});
-    EXPECT_FALSE(desk.Pad.mnuPopupItem[2].Enabled) << "one of those selected is blessed";
-    desk.Mark(0, {0, 2}, {});
-    desk.Pad.mnuPopupDelete.Choose();
-    EXPECT_EQ(desk.Look(0), ">[Midges] Stalkers *+ ");
-    desk.Add(1, std::vector<Long>(9, Midges));
-    EXPECT_FALSE(desk.Pad.cboTerrain.Enabled);
-    desk.Pad.lstArmies[1].Select({4, {}});
-    desk.Pad.lstArmies[1].DoubleClick();
-    EXPECT_TRUE(desk.Pad.cboTerrain.Enabled) << "eight defenders fight anywhere";
 }
 
 TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {

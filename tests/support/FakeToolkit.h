@@ -77,6 +77,14 @@ struct Game {
         for (const Long entry : entries)
             Pad.cboArmies[side].Pick(entry);
     }
+    /// Selects lines, the first of them the current one, and chooses items of their menu.
+    void Mark(std::size_t side, const std::vector<Long>& lines, const std::vector<std::size_t>& items) {
+        Pad.lstArmies[side].Select({lines[0], lines});
+        Pad.MoveFocus(&Pad.lstArmies[side]);
+        Pad.lstArmies_MouseUp(Side{side}, frmBrawlpad::MouseButton::Right);
+        for (const std::size_t item : items)
+            Pad.mnuPopupItem[item].Choose();
+    }
 
     SmallCatalogue Catalogue;
     FakeToolkit Toolkit;
