@@ -18,41 +18,51 @@ struct Player final : Game {
         Pad.Settle();
     }
     void Mark(std::size_t side, Long line, std::size_t item) {
-        Pad.lstArmies[side].Select({line, {line}});
-        Pad.MoveFocus(&Pad.lstArmies[side]);
-        Pad.lstArmies_MouseUp(Side{side}, frmBrawlpad::MouseButton::Right);
-        Pad.mnuPopupItem[item].Choose();
-        Pad.Settle();
+        Do([&] { Game::Mark(side, {line}, {item}); });
     }
     void Pick(std::size_t side, const std::vector<Long>& entries) {
-        Add(side, entries);
-        Pad.Settle();
+        Do([&] { Add(side, entries); });
     }
-    std::string Chances() {
-        return Pad.OddsFrame.lblChance[0].Caption.Get() + " " + Pad.OddsFrame.lblChance[1].Caption.Get();
+    void Paste(Side side, const std::string& text) {
+        Do([&] { Pad.Paste(side, text); });
     }
+    void Fight() {
+        Pad.txtNumSimulations.SetText("10");
+        Do([&] { Pad.cmdAttack.Press(); });
+    }
+    std::string Chances() const {
+        return Text(Pad.OddsFrame.lblChance[0]) + " " + Text(Pad.OddsFrame.lblChance[1]);
+    }
+    std::string OutOfDate() const { return Text(Pad.lblOutOfDate); }
+    std::string OddsState() const { return Text(Pad.OddsFrame.lblState); }
+    static std::string Text(const Label& label) { return label.Caption; }
+
+    /// The last notice.
+    std::string Notice;
+
+private:
+    Connection noticing_ = Pad.Noticed.Connect([this](const std::string& text) { Notice = text; });
 };
+
+/// A list of so many midges as text.
+std::string MidgesAsText(int count) {
+    std::string lines;
+    while (count-- > 0)
+        lines += "Midges\n";
+    return lines;
+}
 
 TEST(Undo, PutsBackEveryKindOfChangeAndRedoGoesForwardAgain) {
     Player player;
     frmBrawlpad& pad = player.Pad;
     const std::vector<std::function<void()>> actions{
-        [&] { player.Add(0, {Midges}); },
-        [&] { player.Add(0, {Captain}); },
-        [&] { player.Mark(0, 1, 1); },
-        [&] { pad.mnuPopupItemMedals[3].Choose(); },
-        [&] { pad.sscListArrow[0].Press(); },
-        [&] { pad.sscDup[0].Press(); },
-        [&] { pad.mnuPopupDelete.Choose(); },
-        [&] {
-            player.Add(1, {Ghouls, Ghouls, Ghouls, Ghouls, Ghouls, Ghouls, Ghouls, Ghouls, Ghouls});
-        },
-        [&] { pad.cboCityLevel.Choose(2); },
-        [&] { pad.sscSwapSides.Press(); },
-        [&] { pad.sscClearList[1].Press(); },
-        [&] { pad.cboTerrain.Choose(3); },
-        [&] { pad.updCombatDice.Step(1); },
-        [&] { pad.txtNumSimulations.SetText("500"); },
+        [&] { player.Add(0, {Midges}); },     [&] { player.Add(0, {Captain}); },
+        [&] { player.Mark(0, 1, 1); },        [&] { pad.mnuPopupItemMedals[3].Choose(); },
+        [&] { pad.sscListArrow[0].Press(); }, [&] { pad.sscDup[0].Press(); },
+        [&] { pad.mnuPopupDelete.Choose(); }, [&] { player.Add(1, std::vector<Long>(9, Ghouls)); },
+        [&] { pad.cboCityLevel.Choose(2); },  [&] { pad.sscSwapSides.Press(); },
+        [&] { pad.sscClearList[1].Press(); }, [&] { pad.cboTerrain.Choose(3); },
+        [&] { pad.updCombatDice.Step(1); },   [&] { pad.txtNumSimulations.SetText("500"); },
     };
     std::vector<vorhaven::Setup> states{pad.CurrentSetup()};
     for (const auto& action : actions) {
@@ -74,68 +84,67 @@ TEST(Undo, PutsBackEveryKindOfChangeAndRedoGoesForwardAgain) {
 
 TEST(Undo, TakesTheKeysOfOneNumberTogetherAndForgetsWhatWasUndoneOnceSomethingElseIsDone) {
     Player player;
+    frmBrawlpad& pad = player.Pad;
     for (const char* typed : {"25", "24", "23"})
-        player.Do([&] { player.Pad.txtCombatDice.SetText(typed); });
-    player.Do([&] { player.Pad.cboTerrain.Choose(1); });
-    player.Pad.Undo();
-    EXPECT_EQ(player.Pad.CombatDice, 23);
-    player.Pad.Undo();
-    EXPECT_EQ(player.Pad.CombatDice, 20);
-    player.Pick(0, {Midges, Giants});
-    EXPECT_FALSE(player.Pad.mnuRedo.Enabled);
-    // What is typed after an undo is a step of its own, and undoing it leaves the selection where it is.
-    player.Pad.lstArmies[0].Select({1, {1}});
-    for (const char* typed : {"30", "31"}) {
-        player.Do([&] { player.Pad.txtCombatDice.SetText(typed); });
-        player.Pad.Undo();
-        EXPECT_EQ(player.Pad.CombatDice, 20);
+        player.Do([&] { pad.txtCombatDice.SetText(typed); });
+    player.Do([&] { pad.cboTerrain.Choose(1); });
+    for (const int dice : {23, 20}) {
+        pad.Undo();
+        EXPECT_EQ(pad.CombatDice, dice);
     }
-    EXPECT_EQ(player.Pad.lstArmies[0].ListIndex(), 1);
-    EXPECT_EQ(player.Pad.lstArmies[0].SelectedLines(), std::vector<Long>{1});
-    // What stood in the field in the midst of typing is completed where it comes back after the field was
-    // left.
-    player.Do([&] { player.Pad.txtNumSimulations.SetText(""); });
+    player.Pick(0, {Midges, Giants});
+    EXPECT_FALSE(pad.mnuRedo.Enabled);
+    // What is typed after an undo is a step of its own, and undoing it leaves the selection where it is.
+    pad.lstArmies[0].Select({1, {1}});
+    for (const char* typed : {"30", "31"}) {
+        player.Do([&] { pad.txtCombatDice.SetText(typed); });
+        pad.Undo();
+        EXPECT_EQ(pad.CombatDice, 20);
+    }
+    EXPECT_EQ(pad.lstArmies[0].ListIndex(), 1);
+    EXPECT_EQ(pad.lstArmies[0].SelectedLines(), std::vector<Long>{1});
+    // What stood in a field in the midst of typing is completed when it comes back after the field was left.
+    player.Do([&] { pad.txtNumSimulations.SetText(""); });
     player.Pick(0, {Midges});
-    player.Do([&] { player.Pad.txtNumSimulations.SetText("70"); });
-    player.Pad.Undo();
-    EXPECT_EQ(player.Pad.NumBattles(), 10);
+    player.Do([&] { pad.txtNumSimulations.SetText("70"); });
+    pad.Undo();
+    EXPECT_EQ(pad.NumBattles(), 10);
 }
 
 TEST(SwapSides, TakesMarksAndConditionsAlongAndLocksTheTerrainByTheNewDefenders) {
     Player player;
-    player.Pick(0, {Midges, Midges, Midges, Midges, Midges, Midges, Midges, Midges, Midges});
+    frmBrawlpad& pad = player.Pad;
+    player.Pick(0, std::vector<Long>(9, Midges));
     player.Mark(0, 8, 1);
     player.Pick(1, {Giants});
-    player.Do([&] { player.Pad.sscSwapSides.Press(); });
-    EXPECT_EQ(player.Pad.lstArmies[1].Entry(8).Text, "Midges *");
-    EXPECT_TRUE(player.Pad.Health(Side::Defend)(9).Blessed);
-    EXPECT_EQ(player.Pad.lstArmies[0].Entry(0).Text, "Giants");
-    EXPECT_EQ(player.Pad.Terrain(), "city");
-    EXPECT_FALSE(player.Pad.cboTerrain.Enabled);
-    EXPECT_EQ(player.Pad.lblTerrainLocked.Caption.Get(), "More than 8 defenders stand in a city");
-    player.Do([&] { player.Pad.sscSwapSides.Press(); });
-    EXPECT_TRUE(player.Pad.cboTerrain.Enabled);
-    EXPECT_EQ(player.Pad.lblTerrainLocked.Caption.Get(), "");
+    player.Do([&] { pad.sscSwapSides.Press(); });
+    EXPECT_EQ(pad.lstArmies[1].Entry(8).Text + pad.lstArmies[1].Note(8), "Midges *blessed");
+    EXPECT_EQ(pad.lstArmies[0].Entry(0).Text, "Giants");
+    EXPECT_EQ(pad.Terrain(), "city");
+    EXPECT_FALSE(pad.cboTerrain.Enabled);
+    EXPECT_EQ(Player::Text(pad.lblTerrainLocked), "More than 8 defenders stand in a city");
+    player.Do([&] { pad.sscSwapSides.Press(); });
+    EXPECT_TRUE(pad.cboTerrain.Enabled);
+    EXPECT_EQ(Player::Text(pad.lblTerrainLocked), "");
 }
 
 TEST(Lists, TellWhatALineReallyHasAndHowFullTheyAre) {
     Player player;
-    std::string notice;
-    const Connection noticed = player.Pad.Noticed.Connect([&](const std::string& text) { notice = text; });
+    frmBrawlpad& pad = player.Pad;
     player.Pick(0, {Midges});
     player.Mark(0, 0, 1);
-    player.Do([&] { player.Pad.mnuPopupItemMedals[2].Choose(); });
-    player.Do([&] { player.Pad.sscDup[0].Press(); });
-    const ListBox& list = player.Pad.lstArmies[0];
+    pad.mnuPopupItemMedals[2].Choose();
+    player.Do([&] { pad.sscDup[0].Press(); });
+    const ListBox& list = pad.lstArmies[0];
     EXPECT_EQ(list.Note(0), "blessed, 2 medals");
     EXPECT_EQ(list.Entry(1).Text + list.Note(1), "Midges *") << "a copy has the mark alone";
-    EXPECT_EQ(player.Pad.lblCount[0].Caption.Get(), "2 of 32");
-    player.Pad.txtDup[0].SetText("30");
-    player.Do([&] { player.Pad.sscDup[0].Press(); });
-    EXPECT_EQ(notice, "") << "all of them found room";
+    EXPECT_EQ(Player::Text(pad.lblCount[0]), "2 of 32");
+    pad.txtDup[0].SetText("30");
+    player.Do([&] { pad.sscDup[0].Press(); });
+    EXPECT_EQ(player.Notice, "") << "all of them found room";
     player.Pick(0, {Midges});
-    EXPECT_EQ(player.Pad.lblCount[0].Caption.Get(), "32 of 32");
-    EXPECT_EQ(notice, "The list is full: delete an army to make room for another");
+    EXPECT_EQ(Player::Text(pad.lblCount[0]), "32 of 32");
+    EXPECT_EQ(player.Notice, "The list is full: delete an army to make room for another");
 }
 
 TEST(QuickResults, SayWhenTheyBelongToAnEarlierSetUp) {
@@ -143,15 +152,13 @@ TEST(QuickResults, SayWhenTheyBelongToAnEarlierSetUp) {
     frmBrawlpad& pad = player.Pad;
     player.Pick(0, {Midges, Midges});
     player.Pick(1, {Midges});
-    pad.txtNumSimulations.SetText("10");
     EXPECT_EQ(pad.WinMarginInWords.Get(), "");
     bool isTouched = false;
     const Connection touched = pad.SetupTouched.Connect([&] { isTouched = true; });
-    player.Do([&] { pad.cmdAttack.Press(); });
+    player.Fight();
     EXPECT_TRUE(isTouched) << "a view has to take in that there are new results";
     EXPECT_NE(pad.WinMarginInWords.Get(), "");
-    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "");
-    const std::vector<std::pair<const char*, std::function<void()>>> changes{
+    const std::pair<const char*, std::function<void()>> changes[]{
         {"armies", [&] { player.Add(0, {Midges}); }},
         {"conditions", [&] { player.Mark(0, 0, 2); }},
         {"order", [&] { player.Add(0, {Giants}), pad.Settle(), pad.Undo(), player.Mark(0, 0, 7); }},
@@ -159,17 +166,17 @@ TEST(QuickResults, SayWhenTheyBelongToAnEarlierSetUp) {
         {"dice", [&] { pad.txtCombatDice.SetText("30"); }},
     };
     for (const auto& [name, change] : changes) {
+        EXPECT_EQ(player.OutOfDate(), "") << name;
         player.Do(change);
-        EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "before the latest changes") << name;
+        EXPECT_EQ(player.OutOfDate(), "before the latest changes") << name;
         EXPECT_NE(pad.BattleAsText().find("(before the latest changes)"), std::string::npos);
         pad.Undo();
-        EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "") << name;
     }
     player.Do([&] { pad.txtNumSimulations.SetText("20"); });
-    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "") << "the number of battles is no part of the battle";
+    EXPECT_EQ(player.OutOfDate(), "") << "the number of battles is no part of the battle";
     player.Do([&] { pad.cboTerrain.Choose(0); });
-    player.Do([&] { pad.cmdAttack.Press(); });
-    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "");
+    player.Fight();
+    EXPECT_EQ(player.OutOfDate(), "");
 }
 
 TEST(QuickResults, AreOfOtherHeroesWhenAHeroOfOtherValuesTakesALine) {
@@ -177,33 +184,27 @@ TEST(QuickResults, AreOfOtherHeroesWhenAHeroOfOtherValuesTakesALine) {
     frmBrawlpad& pad = player.Pad;
     player.Pick(0, {Captain, Captain});
     player.Pick(1, {Midges});
-    pad.txtNumSimulations.SetText("10");
     player.Toolkit.OnHero = [](frmHero& editor) { editor.cmdProceed.Press(); };
-    player.Do([&] { pad.cmdAttack.Press(); });
+    player.Fight();
     player.Do([&] { pad.DeleteArmyFromList(Side::Attack, 1); });
-    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "before the latest changes");
+    EXPECT_EQ(player.OutOfDate(), "before the latest changes");
     player.Pick(0, {Captain});
-    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "") << "the same as the one that went: both as they begin";
+    EXPECT_EQ(player.OutOfDate(), "") << "the same as the one that went: both as they begin";
 
-    const std::vector<std::function<void()>> changes{
-        [&] {
-            pad.lstArmies[0].Select({0, {0}});
-            pad.sscListArrow[1].Press();
-        },
-        [&] { pad.Paste(Side::Attack, "Attacking Armies\nCaptain\nCaptain\nDefending Armies\nMidges"); },
-    };
     int strength = 6;
     player.Toolkit.OnHero = [&](frmHero& editor) {
         editor.Strength.txt.SetText(std::to_string(++strength));
         editor.cmdProceed.Press();
     };
-    player.Do([&] { pad.cmdAttack.Press(); });
-    for (const auto& change : changes) {
-        EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "");
-        player.Do(change);
-        EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "before the latest changes");
-        pad.Undo();
-    }
+    player.Fight();
+    EXPECT_EQ(player.OutOfDate(), "");
+    pad.lstArmies[0].Select({0, {0}});
+    player.Do([&] { pad.sscListArrow[1].Press(); });
+    EXPECT_EQ(player.OutOfDate(), "before the latest changes");
+    pad.Undo();
+    EXPECT_EQ(player.OutOfDate(), "");
+    player.Paste(Side::Attack, "Attacking Armies\nCaptain\nCaptain\nDefending Armies\nMidges");
+    EXPECT_EQ(player.OutOfDate(), "before the latest changes");
 }
 
 TEST(WinMargin, IsHalfTheScoreIntervalAndNeverNothing) {
@@ -239,15 +240,14 @@ bool IsSameBattle(const vorhaven::Setup& a, const vorhaven::Setup& b) {
 }
 
 TEST(BattleText, ReadsBackAsTheSameBattleWhateverIsSetUp) {
-    Game game;
-    FakeToolkit& toolkit = game.Toolkit;
-    frmBrawlpad& pad = game.Pad;
+    Player player;
+    frmBrawlpad& pad = player.Pad;
     const auto none = SizeOf(pad.cboArmies[0].Items()) - 1;
     std::mt19937 random{20260101};
     const auto any = [&random](int count) {
         return static_cast<int>(random() % static_cast<unsigned>(count));
     };
-    toolkit.OnHero = [&](frmHero& editor) {
+    player.Toolkit.OnHero = [&](frmHero& editor) {
         for (HeroField* field : editor.UnitFields)
             field->upd.Step(any(5));
         editor.cmdProceed.Press();
@@ -258,18 +258,15 @@ TEST(BattleText, ReadsBackAsTheSameBattleWhateverIsSetUp) {
         pad.RefreshHealthArray();
         for (const std::size_t side : {0U, 1U})
             for (int line = any(33); line >= 0; --line) {
-                pad.cboArmies[side].Pick(any(none.Value()));
-                pad.lstArmies[side].Select({0, {any(line + 1)}});
-                pad.MoveFocus(&pad.lstArmies[side]);
-                pad.mnuPopupItem[static_cast<std::size_t>(any(7) + 1)].Choose();
+                player.Add(side, {any(none.Value())});
+                player.Mark(side, any(line + 1), static_cast<std::size_t>(any(7) + 1));
                 pad.mnuPopupItemMedals[static_cast<std::size_t>(any(5))].Choose();
             }
         pad.cboTerrain.Choose(any(6));
         pad.cboCityLevel.Choose(any(3));
         pad.updCombatDice.Step(any(30) - 15);
-        pad.txtNumSimulations.SetText("10");
         if (round % 4 == 0)
-            pad.cmdAttack.Press();
+            player.Fight();
         pad.Settle();
         const vorhaven::Setup copied = pad.CurrentSetup();
         const std::string text = pad.BattleAsText();
@@ -277,9 +274,8 @@ TEST(BattleText, ReadsBackAsTheSameBattleWhateverIsSetUp) {
         pad.sscClearList[1].Press();
         pad.cboTerrain.Choose(2);
         pad.updCombatDice.Step(100);
-        pad.Paste(Side::Attack, text);
-        pad.Settle();
-        EXPECT_EQ(toolkit.Message, "");
+        player.Paste(Side::Attack, text);
+        EXPECT_EQ(player.Toolkit.Message, "");
         EXPECT_TRUE(IsSameBattle(pad.CurrentSetup(), copied)) << text;
         EXPECT_EQ(pad.BattleAsText(), text);
     }
@@ -287,29 +283,25 @@ TEST(BattleText, ReadsBackAsTheSameBattleWhateverIsSetUp) {
 
 TEST(BattleText, IsPlainAndTakesWhatAPersonTypes) {
     Player player;
+    frmBrawlpad& pad = player.Pad;
     player.Pick(0, {Midges});
-    player.Do([&] {
-        player.Pad.Paste(Side::Attack,
-                         "defending armies\r\n  giants , BLESSED,2 medals\n\nCaptain, strength 9\r\n"
-                         "Terrain: City\nCity Level: castle\nCombat Dice: 25\n");
-    });
-    EXPECT_EQ(player.Pad.BattleAsText(), "Defending Armies\nGiants, blessed, 2 medals\n"
-                                         "Captain, strength 9, hits 3, leadership 1\n\n"
-                                         "Terrain: city\nCity Level: Castle (+2)\nCombat Dice: 25\n"
-                                         "Number of Battles: 1000\n");
-    player.Pad.Undo();
-    EXPECT_EQ(player.Pad.lstArmies[0].ListCount() + player.Pad.lstArmies[1].ListCount(), 1);
-    player.Pad.lstArmies[0].Select({0, {0}});
-    EXPECT_EQ(player.Pad.SelectedLinesAsText(Side::Attack), "Midges\n");
-    player.Pad.mnuCopy.Choose();
-    player.Do([&] { player.Pad.Paste(Side::Defend, "Midges\nNone\n"); });
-    EXPECT_EQ(player.Pad.lstArmies[1].Entry(1).Text, "None");
-
-    player.Pad.lstArmies[0].Select({});
-    player.Pad.mnuCopy.Choose();
-    EXPECT_EQ(player.Toolkit.Clipboard, "Midges\n") << "there was nothing to copy";
-    player.Pad.txtNumSimulations.SetText("5");
-    player.Pad.Paste(Side::Attack, player.Pad.BattleAsText());
+    player.Paste(Side::Attack, "defending armies\r\n  giants , BLESSED,2 medals\n\nCaptain, strength 9\r\n"
+                               "Terrain: City\nCity Level: castle\nCombat Dice: 25\n");
+    EXPECT_EQ(pad.BattleAsText(), "Defending Armies\nGiants, blessed, 2 medals\n"
+                                  "Captain, strength 9, hits 3, leadership 1\n\n"
+                                  "Terrain: city\nCity Level: Castle (+2)\nCombat Dice: 25\n"
+                                  "Number of Battles: 1000\n");
+    pad.Undo();
+    EXPECT_EQ(pad.lstArmies[0].ListCount() + pad.lstArmies[1].ListCount(), 1);
+    pad.lstArmies[0].Select({0, {0}});
+    pad.mnuCopy.Choose();
+    player.Paste(Side::Defend, "Midges\nNone\n");
+    EXPECT_EQ(pad.lstArmies[1].Entry(1).Text, "None");
+    pad.lstArmies[0].Select({});
+    pad.mnuCopy.Choose();
+    EXPECT_EQ(player.Toolkit.Clipboard, "Midges\n") << "there was nothing else to copy";
+    pad.txtNumSimulations.SetText("5");
+    player.Paste(Side::Attack, pad.BattleAsText());
     EXPECT_EQ(player.Toolkit.Message, "") << "a number that is still being typed is left out";
 }
 
@@ -332,26 +324,19 @@ TEST(BattleText, OfABattleTakesThePlaceOfAllThatWasSetUp) {
     frmBrawlpad& pad = player.Pad;
     player.Pick(1, {Midges, Midges});
     player.Mark(1, 1, 1);
-    std::string nine = "Defending Armies\n";
-    for (int line = 0; line < 9; ++line)
-        nine += "Ghouls\n";
-    player.Do([&] { pad.Paste(Side::Attack, nine); });
+    player.Paste(Side::Attack, "Defending Armies\n" + MidgesAsText(9));
     EXPECT_EQ(pad.Terrain(), "city");
     EXPECT_FALSE(pad.cboTerrain.Enabled);
     player.Mark(1, 8, 1);
-    player.Do([&] { pad.Paste(Side::Attack, "Defending Armies\nGhouls\nTerrain: ice"); });
+    player.Paste(Side::Attack, "Defending Armies\nGhouls\nTerrain: ice");
     EXPECT_EQ(pad.Terrain(), "ice");
-    for (int line = 0; line < 8; ++line)
-        player.Pick(1, {Midges});
+    player.Pick(1, std::vector<Long>(8, Midges));
     EXPECT_EQ(pad.lstArmies[1].Note(8), "") << "the conditions of a line that is gone";
 }
 
 TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
     Player player;
     player.Pick(0, {Midges});
-    std::string tooMany = "Attacking Armies\n";
-    for (int line = 0; line < 33; ++line)
-        tooMany += "Midges\n";
     // clang-format off
     const struct { std::string Text, Fault; } cases[]{
         {"Midges\nMidge\n", "Line 2: \"Midge\" is no unit of the catalogue"},
@@ -363,7 +348,7 @@ TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
         {"City Level: hut", "Line 1: \"hut\" is no city level"},
         {"Combat Dice: 14", "Line 1: \"14\" is no number from 15 to 100"},
         {"Number of Battles: ", "Line 1: \"\" is no number from 10 to 99999999"},
-        {tooMany, "Line 34: a list holds 32 armies at most"},
+        {"Attacking Armies\n" + MidgesAsText(33), "Line 34: a list holds 32 armies at most"},
     };
     // clang-format on
     const vorhaven::Setup before = player.Pad.CurrentSetup();
@@ -374,14 +359,9 @@ TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
     }
 
     // What can be read does not always fit.
-    std::string notice;
-    const Connection noticed = player.Pad.Noticed.Connect([&](const std::string& text) { notice = text; });
-    std::string full = "Attacking Armies\n";
-    for (int line = 0; line < 32; ++line)
-        full += "Midges\n";
-    for (const std::string& text : {full.substr(full.find('\n')), "Midges\n" + full}) {
+    for (const std::string& text : {MidgesAsText(32), "Midges\nAttacking Armies\n" + MidgesAsText(32)}) {
         player.Pad.Paste(Side::Attack, text);
-        EXPECT_EQ(std::exchange(notice, ""),
+        EXPECT_EQ(std::exchange(player.Notice, ""),
                   "The list would hold more than 32 armies, so nothing was pasted");
         EXPECT_EQ(player.Pad.CurrentSetup(), before);
     }
@@ -401,7 +381,7 @@ TEST(LiveOdds, FollowEveryChangeOfTheBattle) {
     pad.OddsBudget = std::chrono::hours{1};
     EXPECT_EQ(player.Chances(), "– –");
     player.Pick(0, {Midges});
-    EXPECT_EQ(pad.OddsFrame.lblState.Caption.Get(), "Pick armies for both sides");
+    EXPECT_EQ(player.OddsState(), "Pick armies for both sides");
     player.Pick(1, {Midges});
     EXPECT_EQ(player.Chances(), DuelChances(1, 1));
     player.Mark(0, 0, 1);
@@ -412,10 +392,11 @@ TEST(LiveOdds, FollowEveryChangeOfTheBattle) {
     EXPECT_EQ(player.Chances(), DuelChances(2, 2, 30)) << "the village fortifies the defender";
     player.Do([&] { pad.cboCityLevel.Choose(2); });
     EXPECT_EQ(player.Chances(), DuelChances(2, 4, 30));
-    EXPECT_EQ(pad.OddsFrame.lblSentence.Caption.Get(),
+    const auto& rows = pad.OddsFrame.Rows;
+    EXPECT_EQ(Player::Text(pad.OddsFrame.lblSentence),
               "The attacker wins 31.7% of battles, the defender 68.3%");
-    EXPECT_EQ(pad.OddsFrame.Rows[1].Losses[2].Caption.Get(), "1.0") << "who wins slays the defender";
-    EXPECT_EQ(pad.OddsFrame.Rows[2].Losses[1].Caption.Get(), "3.0") << "the turns of the attacking midges";
+    EXPECT_EQ(Player::Text(rows[1].Losses[2]), "1.0") << "who wins slays the defender";
+    EXPECT_EQ(Player::Text(rows[2].Losses[1]), "3.0") << "the turns of the attacking midges";
     pad.Undo();
     EXPECT_EQ(player.Chances(), DuelChances(2, 2, 30));
     int shown = 0;
@@ -454,8 +435,8 @@ TEST(OddsPanel, NeverCallsThePossibleImpossibleNorTheLikelyCertain) {
         odds.Lost = lost;
         odds.Endless = endless;
         panel.Show(odds, "state");
-        EXPECT_EQ(panel.lblChance[0].Caption.Get() + " " + panel.lblChance[1].Caption.Get(), chances);
-        EXPECT_EQ(panel.lblState.Caption.Get(), state);
+        EXPECT_EQ(Player::Text(panel.lblChance[0]) + " " + Player::Text(panel.lblChance[1]), chances);
+        EXPECT_EQ(Player::Text(panel.lblState), state);
         EXPECT_DOUBLE_EQ(panel.AttackerShare().value(), share);
     }
 }
@@ -467,25 +448,23 @@ TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
     player.Pick(0, {Midges, Captain});
     player.Pick(1, {Midges});
     const std::string asTheyBegin = player.Chances();
-    EXPECT_EQ(pad.OddsFrame.lblState.Caption.Get(), "With the heroes as their editors begin");
+    EXPECT_EQ(player.OddsState(), "With the heroes as their editors begin");
     std::string during;
     player.Toolkit.OnHero = [](frmHero& editor) {
-        for (const auto& [field, text] : {std::pair{&editor.Strength, "1"}, {&editor.Hits, "1"}})
-            field->txt.SetText(text);
+        for (HeroField* field : {&editor.Strength, &editor.Hits})
+            field->txt.SetText("1");
         editor.cmdProceed.Press();
     };
     player.Toolkit.OnEvents = [&] {
         pad.Settle();
         during = player.Chances();
     };
-    pad.txtNumSimulations.SetText("10");
-    player.Do([&] { pad.cmdAttack.Press(); });
+    player.Fight();
     EXPECT_NE(player.Chances(), asTheyBegin);
     EXPECT_EQ(player.Chances(), during) << "the odds of the lists that fight, already while they do";
-    EXPECT_EQ(pad.OddsFrame.lblState.Caption.Get(), "With the heroes as entered last");
+    EXPECT_EQ(player.OddsState(), "With the heroes as entered last");
     player.Pick(0, {Captain});
-    EXPECT_EQ(pad.OddsFrame.lblState.Caption.Get(),
-              "With the heroes as entered last, the others as their editors begin");
+    EXPECT_EQ(player.OddsState(), "With the heroes as entered last, the others as their editors begin");
     // Both heroes go, and with them what was entered; a new one begins anew.
     for (const Long line : {2, 1})
         player.Do([&] { pad.DeleteArmyFromList(Side::Attack, line); });
@@ -493,7 +472,7 @@ TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
     EXPECT_EQ(player.Chances(), asTheyBegin);
 
     // The next editor offers what was entered for its own line, wherever that line is by now.
-    player.Do([&] { pad.cmdAttack.Press(); });
+    player.Fight();
     pad.lstArmies[0].Select({1, {1}});
     player.Do([&] { pad.sscListArrow[0].Press(); });
     std::string offered;
@@ -502,7 +481,7 @@ TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
         offered = editor.Strength.txt.Text() + "/" + editor.Hits.txt.Text();
         editor.cmdProceed.Press();
     };
-    player.Do([&] { pad.cmdAttack.Press(); });
+    player.Fight();
     EXPECT_EQ(offered, "1/1");
 }
 
@@ -512,16 +491,12 @@ TEST(LiveOdds, ThatCannotBeToldSayWhyAndRaiseNothing) {
     player.Pick(1, {Giants, Midges});
     player.Do([&] { player.Pad.cboTerrain.Choose(3); });
     EXPECT_EQ(player.Chances(), "– –");
-    EXPECT_EQ(player.Pad.OddsFrame.lblState.Caption.Get(), "There are no odds of this battle: Overflow");
+    EXPECT_EQ(player.OddsState(), "There are no odds of this battle: Overflow");
     player.Pad.OddsBudget = std::chrono::milliseconds{0};
     player.Do([&] { player.Pad.sscClearList[0].Press(); });
-    for (int line = 0; line < 32; ++line) {
-        player.Add(0, {Stalkers});
-        player.Add(1, {Ghouls});
-    }
-    player.Pad.Settle();
-    EXPECT_EQ(player.Pad.OddsFrame.lblState.Caption.Get(),
-              "Too many outcomes to sum up at once: Attack will tell");
+    player.Add(0, std::vector<Long>(32, Stalkers));
+    player.Pick(1, std::vector<Long>(32, Ghouls));
+    EXPECT_EQ(player.OddsState(), "Too many outcomes to sum up at once: Attack will tell");
 }
 
 } // namespace
