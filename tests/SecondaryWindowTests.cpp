@@ -9,6 +9,123 @@ namespace {
 
 using MBattleCalc::BattleResults;
 
+/// The editor's fields in the order in which they are stored, and a hero's numbers from the third one on.
+constexpr std::array fields{&frmHero::Strength,      &frmHero::Hits,   &frmHero::Leadership, &frmHero::Morale,
+                            &frmHero::Fortification, &frmHero::Chaos,  &frmHero::Fear,       &frmHero::Siege,
+                            &frmHero::Assass,        &frmHero::Missle, &frmHero::Curse,      &frmHero::Acid,
+                            &frmHero::Lightning,     &frmHero::Trample};
+constexpr std::array numbers{&CArmy::Leadership, &CArmy::Morale, &CArmy::Fortify,   &CArmy::Chaos,
+                             &CArmy::Fear,       &CArmy::Siege,  &CArmy::Assass,    &CArmy::Missle,
+                             &CArmy::Curse,      &CArmy::Acid,   &CArmy::Lightning, &CArmy::Trample};
+
+/// An editor on a hero of strength 6 with 3 hits, who has 42, 43, ... of everything else.
+struct Editor {
+    Editor() {
+        Army.StartStrength = 6;
+        Army.Hits = 3;
+        for (std::size_t i = 0; i < numbers.size(); ++i)
+            Army.*numbers[i] = static_cast<std::int32_t>(i) + 42;
+        Window.Hero = &Army;
+        Toolkit.OnEvents = [this] { Seen += "events "; };
+        Window.Form_Load();
+    }
+    std::string Screen() const {
+        std::string screen;
+        for (const auto field : fields)
+            screen += (Window.*field).txt.Text() + " ";
+        return screen;
+    }
+    std::string Record() const {
+        std::string record = Joined({Army.StartStrength, Army.Hits}) + " ";
+        for (const auto number : numbers)
+            record += ToText(Army.*number) + " ";
+        return record;
+    }
+
+    CArmy Army;
+    FakeToolkit Toolkit;
+    frmHero Window{Toolkit};
+    std::string Seen;
+    Connection Closing = Window.Unloading.Connect([this] { Seen += "closed "; });
+};
+
+TEST(HeroEditor, BeginsWithTheRecordAndLeadershipOneAndStoresWhatIsTyped) {
+    Editor editor;
+    EXPECT_EQ(editor.Screen(), "6 3 1 43 44 45 46 47 48 49 50 51 52 53 ");
+    editor.Window.Fear.txt.SetText("9");
+    editor.Window.Unload();
+    EXPECT_EQ(editor.Record(), "6 3 42 43 44 45 46 47 48 49 50 51 52 53 ") << "closed by other means";
+    editor.Seen.clear();
+    editor.Window.cmdProceed.Press();
+    EXPECT_EQ(editor.Record(), "6 3 1 43 44 45 9 47 48 49 50 51 52 53 ");
+    EXPECT_EQ(editor.Seen, "closed events ");
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        (editor.Window.*fields[i]).txt.SetText("-7" + std::to_string(i) + ".5");
+    editor.Window.cmdProceed.Press();
+    EXPECT_EQ(editor.Record(), "1 1 -72 -74 -74 -76 -76 -78 -78 -80 -710 -712 -712 -714 ");
+}
+
+TEST(HeroEditor, TextThatIsNoNumberStoresTheFieldsBeforeIt) {
+    for (std::size_t bad = 0; bad < fields.size(); ++bad) {
+        Editor editor;
+        std::string expected;
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            (editor.Window.*fields[i]).txt.SetText(i == bad ? bad == 5 ? "" : "2x" : "2");
+            expected += (i < bad ? "2" : std::to_string(i == 0 ? 6 : i == 1 ? 3 : i + 40)) + " ";
+        }
+        EXPECT_THAT([&] { editor.Window.cmdProceed.Press(); },
+                    Raises(13, {"frmHero::SendPropsToHero", "frmHero::cmdProceed_Click"}));
+        EXPECT_EQ(editor.Record() + editor.Seen, expected);
+    }
+}
+
+TEST(HeroEditor, ArrowsStepWithinTheirLimits) {
+    Editor editor;
+    const auto step = [&](Long steps) {
+        for (const auto field : fields)
+            (editor.Window.*field).upd.Step(steps);
+        return editor.Screen();
+    };
+    EXPECT_EQ(step(1000), "255 4 5 5 5 5 5 5 10 10 10 10 10 3 ");
+    EXPECT_EQ(step(-1), "254 3 4 4 4 4 4 4 9 9 9 9 9 2 ");
+    EXPECT_EQ(step(-1000), "1 1 1 0 0 0 0 0 0 0 0 0 0 0 ");
+}
+
+TEST(HeroEditor, FillsItsFieldsWithTheLastValuesOnDemand) {
+    Editor editor;
+    const std::string begun = editor.Screen(), stored = editor.Record();
+    EXPECT_FALSE(editor.Window.cmdLastValues.Enabled);
+    CArmy last;
+    Give(last,
+         "Leader 60 Morale 61 Fortify 62 Chaos 63 Fear 64 Siege 65 Assass 66 Missle 67 Curse 68 Acid 69 "
+         "Lightning 70 Trample 71 Hits 2");
+    last.StartStrength = 7;
+    editor.Window.LastValues = HeroValues::From(last);
+    editor.Window.Form_Load();
+    EXPECT_EQ(editor.Screen(), begun) << "not before they are asked for";
+    editor.Window.cmdLastValues.Press();
+    EXPECT_EQ(editor.Screen(), "7 2 60 61 62 63 64 65 66 67 68 69 70 71 ");
+    EXPECT_EQ(editor.Record(), stored) << "not before Done";
+}
+
+TEST(Stats, LimitADifferenceOnceAndTakeTheLongestStacks) {
+    const SmallCatalogue catalogue;
+    FakeToolkit toolkit;
+    frmStats window{toolkit, catalogue, "field"};
+    CStackAtt attack = StackOf("Leader 9"), defend = StackOf("Chaos 3");
+    for (CStackAtt* stack : {&attack, &defend})
+        stack->CountSelfPowers(CStackAtt::Mode::Attack, 0);
+    while (defend.Count() < MaxLines)
+        defend.Add(CArmy{}, "");
+    window.ShowStats(attack, defend, [] {});
+    EXPECT_EQ(window.Panels[0].Adjusted[0].Figure.Caption.Get(), "5")
+        << "the engine limits 9 before it takes 3 off, the window only afterwards";
+    EXPECT_EQ(window.msfgStackStats[1].LastFilledRow(), MaxLines);
+    while (attack.Count() <= LinesPerStack)
+        attack.Add(CArmy{}, "");
+    EXPECT_THAT([&] { window.ShowStats(attack, defend, [] {}); }, Raises(9, {"MBattleCalc::ShowStats"}));
+}
+
 /// The results of a battle: winner (1 the attacker), attackers slain and their turns, defenders likewise.
 using Outcome = std::array<std::int32_t, 5>;
 
@@ -31,6 +148,35 @@ struct Results {
     FakeToolkit Toolkit;
     frmMoreResults Window{Toolkit, [this] { return NumBattles; }};
 };
+
+/// Percentage and turns that are charted for some numbers of losses.
+std::string Charted(const Chart& chart, const std::vector<std::size_t>& losses) {
+    std::string rows;
+    for (const std::size_t row : losses)
+        rows += chart.Rows().at(row).Label + ":" + ToText(chart.Rows()[row].Values[0]) + "%" +
+                ToText(chart.Rows()[row].Values[1]) + " ";
+    return rows;
+}
+
+TEST(MoreResults, ChartHowOftenEachLossCameAndWhatItLastCost) {
+    Results results{200, {{1, {0, 32, 1, 5, 3}}, {197, {}}, {1, {0, 0, 0, 5, 100}}, {1, {0, 0, 0, 5, 200}}}};
+    const auto load = [&] { results.Window.Form_Load(); };
+    load();
+    // Halves of a percent go to the even number.
+    EXPECT_EQ(Charted(results.Window.mscAttMore, {0, 2, 32}), "0:100%0 2:0%0 32:0%1 ");
+    EXPECT_EQ(Charted(results.Window.mscDefMore, {0, 4, 5}), "0:98%0 4:0%0 5:2%200 ");
+    EXPECT_EQ(results.Window.mscAttMore.Description(),
+              "Distribution of Number of Attacking Armies Destroyed\n"
+              "0 armies destroyed: 199 of 200 battles, 0 production turns lost\n"
+              "exactly 0: 99.5%\nat most 0: 99.5%\nat least 0: 100.0%\n"
+              "32 armies destroyed: 1 of 200 battles, 1 production turn lost\n"
+              "exactly 32: 0.5%\nat most 32: 100.0%\nat least 32: 0.5%\n"
+              "mean 0.2\nThe attacker won no battle");
+    BattleResults(200, 4) = 33;
+    EXPECT_THAT(load, Raises(9, {"frmMoreResults::ConvertResults", "frmHero::Form_Load"}));
+    results.NumBattles = 0;
+    EXPECT_THAT(load, Raises(11, {"frmHero::CalculateResultPercent", "frmHero::Form_Load"}));
+}
 
 TEST(MoreResults, TellHowOftenExactlyAtMostAndAtLeastSoManyFell) {
     Results results{1000, {{3, {1, 0, 0, 2, 5}}, {564, {1, 2, 7, 2, 5}}, {433, {0, 3, 9, 1, 4}}}};
