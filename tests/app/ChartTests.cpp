@@ -9,13 +9,11 @@
 namespace vorhaven::test {
 namespace {
 
-/// What each battle of a run has cost: attackers and their turns, defenders and their turns.
+/// What each battle of a run costs: attackers and their turns, defenders and their turns.
 using Losses = std::vector<std::array<std::int32_t, 4>>;
 
 class Charts : public Window {
 protected:
-    /// Shows the results of a run of which the battles' losses are these: a battle's attackers and their
-    /// turns, defenders and their turns.
     void ShowResultsOf(const Losses& battles) {
         LineUp({"Oath Guard"}, {"Oath Guard"});
         Attack(QString::number(battles.size()));
@@ -73,9 +71,7 @@ TEST_F(Charts, ShowTheLossesOfTheLastRun) {
     QTest::qWait(1);
     struct Case {
         const char* Side;
-        QStringList Chances;
-        QStringList Turns;
-        QStringList Texts;
+        QStringList Chances, Turns, Texts;
         int Category;
         const char* ToolTip;
     };

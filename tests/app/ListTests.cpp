@@ -13,9 +13,7 @@ using Lists = Window;
 TEST_F(Lists, PickersFindEntriesByTheBeginningOfAWord) {
     EXPECT_EQ(QApplication::keyboardInputInterval(), 1000);
     struct Case {
-        const char* Letters;
-        const char* Found; // nullptr: nothing
-        const char* Reason;
+        const char *Letters, *Found, *Reason; // nullptr: nothing is found
     };
     // clang-format off
     const Case cases[] = {

@@ -26,29 +26,22 @@ TEST_F(MainWindow, ButtonsAndBoxesDoWhatTheySay) {
     EXPECT_EQ(terrain->currentText(), "field");
     EXPECT_FALSE(cityLevel->isEnabled());
     // What is chosen arrives: a city has a level, and nothing else has.
-    struct Case {
+    const struct {
         QComboBox* Box;
         Qt::Key Key;
-        QStringList Shown;
-        int CityLevel;
-    };
-    // clang-format off
-    const Case cases[] = {
-        {terrain, Qt::Key_Home, {"city", "Village (+1)"}, 1},
-        {cityLevel, Qt::Key_Down, {"city", "Castle (+2)"}, 2},
-        {terrain, Qt::Key_End, {"woods", ""}, 0},
-        {terrain, Qt::Key_Home, {"city", "Village (+1)"}, 1},
-    };
-    // clang-format on
-    for (const Case& c : cases) {
+        const char *Terrain, *CityLevel;
+    } cases[] = {{terrain, Qt::Key_Home, "city", "Village (+1)"},
+                 {cityLevel, Qt::Key_Down, "city", "Castle (+2)"},
+                 {terrain, Qt::Key_End, "woods", ""},
+                 {terrain, Qt::Key_Home, "city", "Village (+1)"}};
+    for (const auto& c : cases) {
         QTest::keyClick(c.Box, c.Key);
-        EXPECT_EQ((QStringList{terrain->currentText(), cityLevel->currentText()}), c.Shown);
-        EXPECT_EQ(cityLevel->isEnabled(), c.CityLevel > 0);
-        EXPECT_EQ(pad_.Terrain(), c.Shown.front().toStdString());
-        EXPECT_EQ(pad_.cboCityLevel.ListIndex() + 1, c.CityLevel);
-        // The wheel is meant for what lies behind a box.
-        Wheel(c.Box);
-        EXPECT_EQ(terrain->currentText(), c.Shown.front());
+        Wheel(c.Box); // which is meant for what lies behind the box
+        EXPECT_EQ(terrain->currentText(), c.Terrain);
+        EXPECT_EQ(cityLevel->currentText(), c.CityLevel);
+        EXPECT_EQ(cityLevel->isEnabled(), *c.CityLevel != '\0');
+        EXPECT_EQ(pad_.Terrain(), c.Terrain);
+        EXPECT_EQ(pad_.cboCityLevel.Text(), c.CityLevel);
     }
     // Nine defenders stand in a city and nowhere else.
     LineUp({"Oath Guard"}, QStringList(9, "Oath Guard"));
@@ -130,11 +123,9 @@ TEST_F(MainWindow, TheOddsTableShowsEachSidesColourWhereItsColumnsAre) {
 
 TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
     struct Case {
-        const char* Box;
-        const char* Typed;
+        const char *Box, *Typed;
         const TextBox& Model;
-        std::string Arrives;
-        QString StandsAfterwards;
+        const char *Arrives, *StandsAfterwards;
     };
     // clang-format off
     const Case cases[] = {

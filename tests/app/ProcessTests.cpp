@@ -94,8 +94,7 @@ TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
 TEST(OutermostHandler, ReportsWhateverAHandlerThrows) {
     struct Case {
         std::function<void()> Handler;
-        const char* Headline;
-        const char* Details;
+        const char *Headline, *Details;
     };
     // clang-format off
     const Case cases[] = {

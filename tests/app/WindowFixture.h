@@ -8,7 +8,6 @@
 #include "catalogue/CsvCatalogue.h"
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
-#include "tests/app/Descendants.h"
 #include "ui/setup/frmBrawlpad.h"
 
 #include <QAccessible>
@@ -27,8 +26,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
-#include <cstdint>
 #include <deque>
 #include <functional>
 #include <ostream>
@@ -51,8 +48,9 @@ inline QString NameOf(QWidget* widget) {
 
 template <class Widget>
 Widget* Find(QWidget* window, const QString& name) {
-    for (Widget* widget : Descendants<Widget>(*window))
-        if (NameOf(widget) == name)
+    // Unlike Qt's own search, from 6.7 on, this one also takes a class without a meta-object of its own.
+    for (QWidget* child : window->findChildren<QWidget*>())
+        if (auto* const widget = dynamic_cast<Widget*>(child); widget != nullptr && NameOf(widget) == name)
             return widget;
     qFatal("no such widget is called %s", qPrintable(name));
 }
@@ -109,20 +107,6 @@ inline void HoldKeyUnknown(Qt::Key key, const QString& text) {
         QApplication::sendEvent(QApplication::focusWidget(), &event);
     }
 }
-
-/// Dice that always fall in the same few ways, in turn. The stronger army wins every duel.
-class TurningDice final : public MBattleCalc::UniformSource {
-public:
-    /// `rolls`: of a die of 20 faces.
-    explicit TurningDice(std::vector<std::uint32_t> rolls) : rolls_(std::move(rolls)) {}
-    [[nodiscard]] std::uint32_t Draw() override {
-        return ((2 * rolls_[next_++ % rolls_.size()] - 1) << MBattleCalc::UniformBits) / 40;
-    }
-
-private:
-    std::vector<std::uint32_t> rolls_;
-    std::size_t next_ = 0;
-};
 
 /// The real main window on the offscreen platform, with hands that click and type. A modal window that no
 /// test expects fails the test instead of waiting for ever.
