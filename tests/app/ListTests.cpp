@@ -12,11 +12,9 @@ using Lists = Window;
 
 TEST_F(Lists, PickersFindEntriesByTheBeginningOfAWord) {
     EXPECT_EQ(QApplication::keyboardInputInterval(), 1000);
-    struct Case {
+    const struct {
         const char *Letters, *Found, *Reason; // nullptr: nothing is found
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"z", nullptr, "nothing is picked so far, and no word begins so"},
         {"oa", "Oath Guard", "a beginning"},
         {"guard", "Oath Guard", "a later word"},
@@ -28,9 +26,8 @@ TEST_F(Lists, PickersFindEntriesByTheBeginningOfAWord) {
         {"tt", "Thorn Bows", "a letter repeated goes on to the next entry"},
         {"tttt", "Tunnel Sappers", "and round and round"},
     };
-    // clang-format on
     QStringList lines;
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         LookUp(Side::Attack, c.Letters);
         QTest::keyClick(Picker(Side::Attack)->view(), Qt::Key_Return);
         if (c.Found != nullptr)

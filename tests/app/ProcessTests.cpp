@@ -58,17 +58,16 @@ protected:
 };
 
 TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
-    struct Case {
+    const char* const advice =
+        "The program cannot start. Correct this, or take the catalogue's folder away, and start it again.";
+    const struct {
         const char* Reason;
         std::function<void()> Prepare;
         const char* Deed;
         int ExitStatus;
         QStringList Told;
-    };
-    const char* const advice =
-        "The program cannot start. Correct this, or take the catalogue's folder away, and start it again.";
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
+        // clang-format off
         {"an empty folder", [] {}, "exit", 1, {"armies.csv", advice, "box: "}},
         {"a broken number", [&] { WriteCatalogue("Guard", "much"); }, "exit", 1, {"armies.csv", "much", advice, "box: "}},
         {"a good one, and the windows close together", [&] { WriteCatalogue("Own Guard", "1"); }, "exit", 0, {"first army: Own Guard"}},
@@ -79,9 +78,9 @@ TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
         {"none, and a style of the player's choice",
             [&] { QDir(folder_.filePath("catalogue")).removeRecursively(); qputenv("QT_STYLE_OVERRIDE", "windows"); }, "exit", 0,
             {"first army: Vale Levy", "icon: 128 16 24 256 32 48 64\n", "style: windows"}},
+        // clang-format on
     };
-    // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         c.Prepare();
         EXPECT_EQ(Run(c.Deed), c.ExitStatus) << c.Reason;
         for (const QString& text : c.Told)
@@ -92,20 +91,19 @@ TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
 }
 
 TEST(OutermostHandler, ReportsWhateverAHandlerThrows) {
-    struct Case {
+    const struct {
         std::function<void()> Handler;
         const char *Headline, *Details;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
+        // clang-format off
         {[] { const Trap trap{"frmHero::Form_Load"}; throw RunTimeError{ErrorNumber::DivisionByZero}; }, "Run-time error '13':\nType mismatch", "frmHero::Form_Load"},
         {[] { throw std::bad_alloc(); }, "Run-time error '7':\nOut of memory", ""},
         {[] { throw std::runtime_error("a library's own"); }, "Unexpected error", "a library's own"},
+        // clang-format on
     };
-    // clang-format on
     std::vector<ErrorReport> reports;
     OnFatalError = [&](const ErrorReport& report) { reports.push_back(report); };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         RunOutermost(c.Handler);
         EXPECT_EQ(reports.back().Headline, c.Headline);
         EXPECT_NE(reports.back().Details.find(c.Details), std::string::npos) << reports.back().Details;

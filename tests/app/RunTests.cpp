@@ -134,26 +134,23 @@ TEST_F(Run, LiftsTheHourglassWhileAWindowWaitsAndGivesTheFocusBack) {
 }
 
 TEST_F(Run, IsRefusedWithoutArmiesAndOffersNoResultsThatItDoesNotHave) {
-    struct Case {
+    const QStringList stackOfNone(8, "None");
+    const struct {
         QStringList Attackers, Defenders;
         bool IsFought;
-    };
-    const QStringList stackOfNone(8, "None");
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {{}, {}, false},
         {{"Oath Guard"}, {}, false},
         {{"None"}, {"None"}, false},
         {stackOfNone + QStringList{"Oath Guard"}, {"Oath Guard"}, false}, // the first stack is empty
         {{"None", "Oath Guard"}, {"None", "Oath Guard"}, true},
     };
-    // clang-format on
     QString warning;
     const auto read = [&](QDialog& box) {
         warning = dynamic_cast<QMessageBox&>(box).text();
         box.accept();
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         Click(ButtonCalled("Clear List, Attacking Armies"));
         Click(ButtonCalled("Clear List, Defending Armies"));
         LineUp(c.Attackers, c.Defenders);
