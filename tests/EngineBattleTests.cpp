@@ -13,15 +13,9 @@ namespace {
 
 using namespace MBattleCalc;
 
-std::uint64_t readings = 0;
-
-std::uint64_t CountingTimer() {
-    return ++readings;
-}
-
 TEST(Generator, ReadsItsTimerOnceADrawAndMixesItIntoASequenceThatNeverRestarts) {
-    readings = 0;
-    TimedGenerator counting{1, CountingTimer}, frozen{1, [] { return std::uint64_t{7}; }},
+    static std::uint64_t readings = 0;
+    TimedGenerator counting{1, [] { return ++readings; }}, frozen{1, [] { return std::uint64_t{7}; }},
         other{1, [] { return std::uint64_t{8}; }};
     std::set<std::uint32_t> values, others;
     for (std::uint64_t draw = 1; draw <= 100; ++draw) {

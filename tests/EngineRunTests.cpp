@@ -77,19 +77,17 @@ TEST_F(Engine, ProgressIsShownEveryHundredthPartAndPumpsAfterBarAndText) {
         std::int32_t battles, battle;
         const char *shown, *reason;
     } cases[] = {
-        // clang-format off
-        {150,  1,   "1, events, 1% Completed, events",     "every battle of a short run"},
-        {150,  150, "100, events, 100% Completed, events", "the last battle"},
-        {8,    1,   "12, events, 12% Completed, events",   "the half of 12.5 goes to the even number"},
-        {8,    3,   "38, events, 38% Completed, events",   "and so does that of 37.5"},
-        {40,   23,  "57, events, 57% Completed, events",   "57.5 falls below the half in double precision"},
-        {1000, 370, "37, events, 37% Completed, events",   "every tenth battle of a thousand"},
-        {1000, 375, "",                                    "and none between"},
-        {199,  1,   "1, events, 1% Completed, events",     "a hundredth of 199 is cut to 1"},
-        {200,  1,   "",                                    "a hundredth of 200 is 2"},
-        {250,  2,   "1, events, 1% Completed, events",     "a hundredth of 250 is cut to 2"},
-        {1,    1,   "100, events, 100% Completed, events", "the only battle"},
-        // clang-format on
+        {150, 1, "1, events, 1% Completed, events", "every battle of a short run"},
+        {150, 150, "100, events, 100% Completed, events", "the last battle"},
+        {8, 1, "12, events, 12% Completed, events", "the half of 12.5 goes to the even number"},
+        {8, 3, "38, events, 38% Completed, events", "and so does that of 37.5"},
+        {40, 23, "57, events, 57% Completed, events", "57.5 falls below the half in double precision"},
+        {1000, 370, "37, events, 37% Completed, events", "every tenth battle of a thousand"},
+        {1000, 375, "", "and none between"},
+        {199, 1, "1, events, 1% Completed, events", "a hundredth of 199 is cut to 1"},
+        {200, 1, "", "a hundredth of 200 is 2"},
+        {250, 2, "1, events, 1% Completed, events", "a hundredth of 250 is cut to 2"},
+        {1, 1, "100, events, 100% Completed, events", "the only battle"},
     };
     for (const auto& test : cases) {
         host.Shown.clear();

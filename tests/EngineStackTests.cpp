@@ -14,12 +14,10 @@ TEST_F(Engine, StacksGoByLineAndAnEmptyOneHidesThoseBehindIt) {
         const char* draws;
         Row results;
     } cases[] = {
-        // clang-format off
-        {{0, 5, 7, 8},       "D D D D",   {0, 4, 24, 0, 0}},
-        {{0, 16, 24},        "D",         {0, 1, 1, 0, 0}},
-        {{0, 8, 24},         "D D",       {0, 2, 10, 0, 0}},
+        {{0, 5, 7, 8}, "D D D D", {0, 4, 24, 0, 0}},
+        {{0, 16, 24}, "D", {0, 1, 1, 0, 0}},
+        {{0, 8, 24}, "D D", {0, 2, 10, 0, 0}},
         {{0, 8, 16, 24, 31}, "D D D D D", {0, 5, 84, 0, 0}},
-        // clang-format on
     };
     for (const auto& test : cases) {
         host.Clear();
@@ -66,10 +64,9 @@ TEST_F(Engine, PoisonStrikesBeforeDiseaseAndCurseTheAttackersFirstAndABlessingHo
     const struct {
         const char *attackers, *defenders, *draws, *seen;
     } cases[] = {
-        // clang-format off
-        {"Hits 2 Medals 1;Poison 1", "Poison 1 Disease 2 Curse 3;", "3% 4% 7% 8% 11% A A", "9/1PD 10/1 10/1 10/1"},
+        {"Hits 2 Medals 1;Poison 1", "Poison 1 Disease 2 Curse 3;", "3% 4% 7% 8% 11% A A",
+         "9/1PD 10/1 10/1 10/1"},
         {"Blessed Strength 14 Medals 2", "Poison 1 Disease 2 Curse 3", "11% 20 1", "13/1 10/1"},
-        // clang-format on
     };
     for (const auto& test : cases) {
         std::string seen;
