@@ -29,28 +29,15 @@ struct Desk : Game {
             seen += " " + Pad.lblAvg[column].Caption.Get();
         return seen;
     }
-    std::string Run() {
-        Pad.cmdAttack.Press();
-        return Results();
-    }
 };
 
-TEST(Setup, StartsWithItsDefaultsAndTheUnitsOfTheCatalogue) {
+TEST(Setup, StartsWithItsDefaults) {
     Desk desk;
-    const auto items = [](const ComboBox& box) {
-        std::string texts;
-        for (const ListEntry& item : box.Items())
-            texts += item.Text + "=" + ToText(item.Datum) + " ";
-        return texts + box.Text();
-    };
     EXPECT_EQ(desk.Pad.Terrain() + desk.Results(), "fieldAX     ");
     EXPECT_EQ(desk.Pad.txtNumSimulations.Text() + desk.Pad.txtCombatDice.Text(), "100020");
     EXPECT_EQ(desk.Pad.NumBattles() + desk.Pad.CombatDice, 1020);
     EXPECT_FALSE(desk.Pad.sschkViewStats.Checked || desk.Pad.pbBattleProgress.Visible);
-    EXPECT_EQ(items(desk.Pad.cboTerrain), "city=0 ice=0 hills=0 marsh=0 field=0 woods=0 field");
-    EXPECT_EQ(items(desk.Pad.cboCityLevel), "Village (+1)=1 Castle (+2)=2 Citadel (+3)=3 ");
-    for (const ComboBox& picker : desk.Pad.cboArmies)
-        EXPECT_EQ(items(picker), "Midges=0 Giants=1 Stalkers=2 Ghouls=3 Colossi=4 Captain=5 Witch=6 None=7 ");
+    EXPECT_EQ(desk.Pad.cboArmies[1].Text() + desk.Pad.cboCityLevel.Text(), "");
 }
 
 TEST(Setup, NumbersThatAreNoneAreErrorsOfTheirFields) {
@@ -93,7 +80,8 @@ TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {
                 shown += window.msfgStackStats[grid].Text(row, column) + (column == 11 ? "\n" : ",");
         shown += window.Panels[1].Raw[2].Figure.Caption.Get();
     };
-    EXPECT_EQ(desk.Run().substr(0, 3), "AXM");
+    desk.Pad.cmdAttack.Press();
+    EXPECT_EQ(desk.Results().substr(0, 3), "AXM");
     EXPECT_EQ(edited, "Attacking Armies, line 2     Captain0 1 1\n"
                       "None >[Captain] Midges Witch *+ Midges Midges Midges Midges *+ Ghouls \n"
                       "Attacking Armies, line 4     Witch0 1 1F\n"
@@ -114,7 +102,7 @@ TEST(Run, ErrorOfTheAssemblyTellsItsWay) {
     desk.Add(0, {Midges, Colossi});
     desk.Add(1, {Midges});
     desk.Pad.cboTerrain.Choose(3);
-    EXPECT_THAT([&] { desk.Run(); },
+    EXPECT_THAT([&] { desk.Pad.cmdAttack.Press(); },
                 Raises(6, {"CAttackArmies::InterpretCB", "CAttackArmies::Add", "frmBrawlpad::AddAttacker",
                            "frmBrawlpad::FillArmyCollections", "frmBrawlpad::cmdAttack_Click"}));
 }
