@@ -55,10 +55,9 @@ private:
             entry.CBValue = Between(-3, 5);
             entry.PowerValue = Between(1, 3);
             entry.HasMedal = Between(0, 4);
-            entry.IsBlessed = Between(0, 3) == 0;
-            entry.IsPoisoned = Between(0, 3) == 0;
-            entry.IsBlacksmith = Between(0, 3) == 0;
-            entry.IsFlying = Between(0, 3) == 0;
+            for (const auto condition : {&ArmyEntry::IsBlessed, &ArmyEntry::IsPoisoned,
+                                         &ArmyEntry::IsBlacksmith, &ArmyEntry::IsFlying})
+                entry.*condition = Between(0, 3) == 0;
             CArmy& army = (host_.*add)(entry);
             for (const auto power :
                  {&CArmy::Chaos, &CArmy::Morale, &CArmy::Fear, &CArmy::Siege, &CArmy::Fortify, &CArmy::Poison,

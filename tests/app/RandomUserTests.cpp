@@ -32,15 +32,12 @@ protected:
                 NameOf(widget) != "Exit" && NameOf(widget) != "More Results")
                 widgets += widget;
         // What makes a battle, and what opens a list's menu, comes more often than chance would have it.
-        if (front == &main_ && Any(20) == 0) {
-            List(Side::Attack)->setFocus();
-            return QTest::keyClick(List(Side::Attack), Qt::Key_V, Qt::ControlModifier);
-        }
-        if (front == &main_ && Any(15) == 0) {
+        if (front == &main_ && Any(8) == 0) {
             QListWidget* const list = List(Any(2) == 0 ? Side::Attack : Side::Defend);
             list->setFocus();
             QTest::keyClick(list, Qt::Key_Down);
-            return QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
+            return Any(2) == 0 ? QTest::keyClick(list, Qt::Key_V, Qt::ControlModifier)
+                               : QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
         }
         QWidget* const widget = widgets.isEmpty() ? front : widgets[Any(static_cast<int>(widgets.size()))];
         if (Any(3) == 0)

@@ -29,7 +29,7 @@ inline const std::map<std::string, bool CArmy::*> Marks{{"Blessed", &CArmy::Bles
                                                         {"IsFlying", &CArmy::IsFlying}};
 
 /// Gives an army what a text says: "Name a Strength 5 Hits 2 Acid 3 Blessed". Throws when a word is unknown
-/// or a number is missing.
+/// or a number is none.
 inline CArmy& Give(CArmy& army, const std::string& text) {
     std::istringstream words(text);
     for (std::string name; words >> name;) {
@@ -37,16 +37,12 @@ inline CArmy& Give(CArmy& army, const std::string& text) {
             army.*mark->second = true;
             continue;
         }
-        if (name == "Name") {
-            if (!(words >> name))
-                throw std::invalid_argument("an army has no name in \"" + text + '"');
-            army.Name = name;
-            continue;
-        }
-        std::int32_t value = 0;
-        if (!(words >> value))
-            throw std::invalid_argument(name + " has no number in \"" + text + '"');
-        if (name == "Strength")
+        std::string given;
+        words >> given;
+        const Long value = name == "Name" ? Long{} : ToLong(given);
+        if (name == "Name")
+            army.Name = given;
+        else if (name == "Strength")
             army.TotalStrength = value;
         else if (name == "Hits")
             army.Hits = value;
