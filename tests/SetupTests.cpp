@@ -36,9 +36,9 @@ TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {
     Game game;
     game.Add(0, {Nobody, Captain, Midges, Witch, Midges, Midges, Midges, Midges, Ghouls});
     game.Add(1, {Ghouls, Captain});
-    game.Mark(0, {3}, {1, 5, 6, 7});
+    game.Mark(0, {3}, {1, 5, 7});
     game.Pad.mnuPopupItemMedals[4].Choose();
-    game.Mark(0, {7}, {3});
+    game.Mark(0, {7}, {3, 6});
     game.Mark(1, {0}, {2});
     game.Pad.cboTerrain.Choose(0);
     game.Pad.cboCityLevel.Choose(2);
@@ -62,8 +62,8 @@ TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {
                       "Attacking Armies, line 4: Witch 0 1 1 F\n"
                       "Defending Armies, line 2: Captain 0 1 1\n");
     EXPECT_EQ(shown, "Captain,6,6,3,field,1,power 1,1,False,False,False,0\n"
-                     "Witch,5,6,3,woods,2,power 1,1,True,False,False,4\n"
-                     "Midges,1,1,1,,0,power 0,0,False,True,False,0\n"
+                     "Witch,5,6,2,woods,2,power 1,1,True,False,False,4\n"
+                     "Midges,1,1,2,,0,power 0,0,False,True,False,0\n"
                      ",,,,,,,,,,,\n" // line 8 fights in the second stack
                      "Ghouls,5,8,1,field,2,power 6,2,False,False,True,0\n"
                      "Captain,6,9,3,field,1,power 1,1,False,False,False,0\n3");
