@@ -154,7 +154,6 @@ protected:
     CatalogueFolder() { Restore(); }
     ~CatalogueFolder() override { Remove(); }
 
-    /// Makes the folder anew.
     void Restore() {
         Remove();
         std::filesystem::create_directories(folder_);

@@ -37,14 +37,12 @@ struct Player final : Game {
     std::string OddsState() const { return Text(Pad.OddsFrame.lblState); }
     static std::string Text(const Label& label) { return label.Caption; }
 
-    /// The last notice.
     std::string Notice;
 
 private:
     Connection noticing_ = Pad.Noticed.Connect([this](const std::string& text) { Notice = text; });
 };
 
-/// A list of so many midges as text.
 std::string MidgesAsText(int count) {
     std::string lines;
     while (count-- > 0)

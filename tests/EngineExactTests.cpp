@@ -14,8 +14,7 @@ using namespace MBattleCalc;
 
 constexpr std::int32_t battles = 200'000;
 
-/// Two sides as TestHost::Bring reads them, the combat die and the city's level. Together they use every
-/// rule.
+/// Two sides as TestHost::Bring reads them, the combat die and the city's level; together all the rules.
 const struct Matchup {
     const char *Attackers, *Defenders;
     int Die, City;

@@ -253,18 +253,17 @@ TEST(BattleOddsTest, LeaveARunThatIsUnderWayAlone) {
     EXPECT_EQ(run(true), run(false));
 }
 
-/// An army of the built-in catalogue.
 ArmyEntry UnitOf(const Table& armies, const std::string& name) {
+    using namespace ArmyColumn;
     Long row = 0;
-    while (CellText(armies(row, ArmyColumn::Name)) != name)
+    while (CellText(armies(row, Name)) != name)
         ++row;
-    ArmyEntry entry =
-        Plain(CellNumber(armies(row, ArmyColumn::Strength)), CellNumber(armies(row, ArmyColumn::Hits)),
-              CellNumber(armies(row, ArmyColumn::Turns)));
-    entry.CBName = CellText(armies(row, ArmyColumn::BonusTerrain));
-    entry.CBValue = CellNumber(armies(row, ArmyColumn::BonusSize));
-    entry.PowerType = CellNumber(armies(row, ArmyColumn::PowerCode));
-    entry.PowerValue = CellNumber(armies(row, ArmyColumn::PowerSize));
+    const auto number = [&](Long column) { return CellNumber(armies(row, column)); };
+    ArmyEntry entry = Plain(number(Strength), number(Hits), number(Turns));
+    entry.CBName = CellText(armies(row, BonusTerrain));
+    entry.CBValue = number(BonusSize);
+    entry.PowerType = number(PowerCode);
+    entry.PowerValue = number(PowerSize);
     return entry;
 }
 

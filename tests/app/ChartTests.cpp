@@ -45,7 +45,6 @@ protected:
         }
         return bars;
     }
-    /// The texts that stand among the bars.
     static QStringList TextsIn(const ChartView& chart) {
         QStringList texts;
         for (int i = 0; i < chart.itemCount(); ++i)
@@ -53,7 +52,6 @@ protected:
                 texts += text->text();
         return texts;
     }
-    /// The tooltip at a category.
     static QString HoverOver(ChartView* chart, int category) {
         const QPoint place(qRound(chart->xAxis->coordToPixel(category)), chart->axisRect()->center().y());
         QHelpEvent help(QEvent::ToolTip, place, chart->mapToGlobal(place));

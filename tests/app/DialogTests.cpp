@@ -15,7 +15,6 @@ namespace {
 
 using Dialogs = Window;
 
-/// Whether a text stands somewhere in a window.
 bool ShowsText(const QWidget& window, const QString& text) {
     return std::ranges::any_of(window.findChildren<QLabel*>(),
                                [&](const QLabel* label) { return label->text() == text; });

@@ -68,7 +68,6 @@ inline QString Beside(const QObject* window, const QString& caption) {
     return FieldOf(window, caption)->property("text").toString();
 }
 
-/// The text in a number box.
 inline QLineEdit* EditOf(QWidget* box) {
     auto* const edit = qobject_cast<QLineEdit*>(box);
     return edit != nullptr ? edit : box->findChild<QLineEdit*>();
@@ -82,7 +81,6 @@ inline QWidget* ResultsWindow() {
     return nullptr;
 }
 
-/// Turns the wheel over a widget.
 inline void Wheel(QWidget* widget) {
     QWheelEvent turn({5, 5}, widget->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
                      Qt::NoScrollPhase, false);
@@ -261,7 +259,6 @@ private:
     std::deque<Deed> deeds_;
 };
 
-// The titles of windows.
 inline const char* const HeroTitle = "Hero Bonuses (Both Intrinsic and from Items)";
 inline const char* const MainTitle = "Vorhaven 3 Combat Calculator";
 
