@@ -73,6 +73,15 @@ struct Rules : Look {
             list.At(list.Current).Selected = true;
         CountLines(side);
     }
+    void Swap() {
+        std::swap(Lists[0], Lists[1]);
+        for (Lines& list : Lists) {
+            list.Current = -1;
+            for (Line& line : list)
+                line.Selected = false;
+        }
+        CountLines(1);
+    }
     static void Move(Lines& list, int to) {
         if (list.Current < 0 || to < 0 || to == list.Count())
             return;
@@ -158,6 +167,10 @@ public:
             for (Lines& lines : rules_.Lists)
                 for (Line& line : lines)
                     line.Health = {};
+        } else if (action < 765) {
+            pad_.sscSwapSides.Press();
+            if (pad_.cmdAttack.Enabled) // no run is under way
+                rules_.Swap();
         } else if (action < 800) {
             pad_.cboTerrain.Choose(any);
             rules_.SetTerrain(rules_.IsTerrainLocked ? rules_.Terrain : any);
