@@ -124,6 +124,10 @@ TEST(Stats, LimitADifferenceOnceAndTakeTheLongestStacks) {
     while (attack.Count() <= LinesPerStack)
         attack.Add(CArmy{}, "");
     EXPECT_THAT([&] { window.ShowStats(attack, defend, [] {}); }, Raises(9, {"MBattleCalc::ShowStats"}));
+    EXPECT_EQ(window.Panels[0].StackBonus.Figure.ToolTip,
+              "The final stack bonus, ajusted into the range of -3 to +5, and applied to the stregth of each "
+              "army in the stack")
+        << "it is spelled so";
 }
 
 /// The results of a battle: winner (1 the attacker), attackers slain and their turns, defenders likewise.

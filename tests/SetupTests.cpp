@@ -7,8 +7,18 @@
 namespace vorhaven::test {
 namespace {
 
-TEST(Setup, StartsWithItsDefaults) {
+TEST(Setup, StartsWithItsDefaultsAndTheUnitsOfTheCatalogue) {
     Game game;
+    const auto items = [](const ComboBox& box) {
+        std::string texts;
+        for (const ListEntry& item : box.Items())
+            texts += item.Text + "=" + ToText(item.Datum) + " ";
+        return texts;
+    };
+    EXPECT_EQ(items(game.Pad.cboTerrain), "city=0 ice=0 hills=0 marsh=0 field=0 woods=0 ");
+    EXPECT_EQ(items(game.Pad.cboCityLevel), "Village (+1)=1 Castle (+2)=2 Citadel (+3)=3 ");
+    for (const ComboBox& picker : game.Pad.cboArmies)
+        EXPECT_EQ(items(picker), "Midges=0 Giants=1 Stalkers=2 Ghouls=3 Colossi=4 Captain=5 Witch=6 None=7 ");
     EXPECT_EQ(game.Pad.Terrain(), "field");
     EXPECT_EQ(game.Pad.txtNumSimulations.Text() + game.Pad.txtCombatDice.Text(), "100020");
     EXPECT_EQ(game.Pad.NumBattles() + game.Pad.CombatDice, 1020);

@@ -55,6 +55,7 @@ TEST_F(Dialogs, HeroFieldsTakeAnyNumberAndKeepTheLastWhileTheirTextIsNone) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return EditOf(strength)->text() == "9"; }));
         EXPECT_TRUE(strength->hasFocus());
         EXPECT_EQ(editor.findChildren<QAbstractSpinBox*>().size(), 14);
+        EXPECT_EQ(editor.accessibleDescription(), "Defending Armies, line 9");
         for (const auto& c : cases) {
             auto* const box = Find<QAbstractSpinBox>(&editor, c.Box);
             Type(box, c.Typed);

@@ -198,9 +198,10 @@ TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
                                    tells);
     };
     for (const Control* model : std::initializer_list<const Control*>{
-             &pad_.cmdAttack, &pad_.sschkViewStats, &pad_.txtCombatDice, &pad_.txtNumSimulations,
-             &pad_.cboTerrain, &pad_.lblAttWinPercent, &pad_.cboArmies[0], &pad_.lstArmies[0],
-             &pad_.sscDup[1], &pad_.txtDup[1], &statistics.msfgStackStats[0],
+             &pad_.cmdAttack, &pad_.sscAbort, &pad_.sscExit, &pad_.sscMoreResults, &pad_.sschkViewStats,
+             &pad_.txtCombatDice, &pad_.txtNumSimulations, &pad_.cboTerrain, &pad_.cboCityLevel,
+             &pad_.lblAttWinPercent, &pad_.cboArmies[0], &pad_.lstArmies[0], &pad_.sscDup[1], &pad_.txtDup[1],
+             &pad_.sscClearList[0], &pad_.sscListArrow[3], &statistics.msfgStackStats[0],
              &statistics.Panels[1].Raw[2].Figure})
         EXPECT_TRUE(isTold(*model)) << model->ToolTip;
 
