@@ -37,8 +37,6 @@ Widget* ArmyPanel::MakePaired(ControlType& control) {
 QLayout* ArmyPanel::MakePicker(bool compact) {
     auto* const label = Make<QLabel>(pad_->lblArmies[index_]);
     auto* const picker = MakeFocusable<Picker>(*pad_, pad_->cboArmies[index_]);
-    picker->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    picker->setMinimumContentsLength(12);
     LabelField(*picker, *label);
     tabs_ += picker;
     auto* const layout = new QGridLayout;

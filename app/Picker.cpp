@@ -28,6 +28,9 @@ bool IsOneLetterRepeated(const QString& letters) {
     return letters.count(letters.front(), Qt::CaseInsensitive) == letters.size();
 }
 
+/// A picker is at least as wide as so many letters; the names in it may be longer.
+constexpr int LeastLetters = 12;
+
 int GapOf(const QFontMetrics& metrics) {
     return 2 * metrics.averageCharWidth();
 }
@@ -137,16 +140,30 @@ void PickerList::focusInEvent(QFocusEvent* event) {
     QListView::focusInEvent(&asByMouse);
 }
 
-Picker::Picker(QWidget* parent) : DropDown(parent), list_(new PickerList) {
+Picker::Picker(QWidget* parent) : DropDown(parent) {
+    setMaxVisibleItems(MaxLines);
+}
+
+QSize Picker::sizeHint() const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QSize letters = fontMetrics().size(Qt::TextSingleLine, QString(LeastLetters, 'x'));
+    // A pixel above and below, as in the toolkit's other boxes.
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, letters + QSize(0, 2), this);
+}
+
+void Picker::MakeList() {
+    list_ = new PickerList;
     setView(list_);
     list_->setItemDelegate(new DetailsDelegate(*list_));
-    setMaxVisibleItems(MaxLines);
     auto* const style = new ListBelowField;
     style->setParent(this);
     setStyle(style);
 }
 
 void Picker::showPopup() {
+    if (list_ == nullptr)
+        MakeList();
     list_->setMinimumWidth(std::max(width(), list_->MeasureColumns()));
     list_->EndSearch();
     DropDown::showPopup();

@@ -47,13 +47,18 @@ public:
 
     explicit Picker(QWidget* parent = nullptr);
 
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
     void showPopup() override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    PickerList* list_;
+    void MakeList();
+
+    /// Made when it opens for the first time, so that the window stands sooner: it is most of a picker.
+    PickerList* list_ = nullptr;
 };
 
 } // namespace vorhaven
