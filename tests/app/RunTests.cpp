@@ -66,11 +66,10 @@ TEST_F(Run, ShowsItsFiguresWhereThePlayerReadsThem) {
         clocks += panel->text();
     const QDateTime now = QDateTime::currentDateTime();
     EXPECT_TRUE(clocks.contains(QLocale().toString(now.date(), QLocale::ShortFormat)));
-    bool isLate = true;
-    for (int seconds = 0; seconds <= 2; ++seconds)
-        isLate = isLate &&
-                 !clocks.contains(QLocale().toString(now.addSecs(-seconds).time(), QLocale::ShortFormat));
-    EXPECT_FALSE(isLate) << clocks.join(", ").toStdString();
+    const auto shows = [&](int secondsAgo) {
+        return clocks.contains(QLocale().toString(now.addSecs(-secondsAgo).time(), QLocale::ShortFormat));
+    };
+    EXPECT_TRUE(shows(0) || shows(1) || shows(2)) << clocks.join(", ").toStdString();
 }
 
 TEST_F(Run, KeepsBarAndTextInStepUntilItIsAborted) {
