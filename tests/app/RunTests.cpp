@@ -35,9 +35,9 @@ protected:
 /// Rolls of 4, 5 and 5 on 20 faces, in turn.
 struct TurningDice final : MBattleCalc::UniformSource {
     [[nodiscard]] std::uint32_t Draw() override {
-        return ((next++ % 3 == 0 ? 7U : 9U) << MBattleCalc::UniformBits) / 40;
+        return ((Next++ % 3 == 0 ? 7U : 9U) << MBattleCalc::UniformBits) / 40;
     }
-    int next = 0;
+    int Next = 0;
 };
 
 TEST_F(Run, ShowsItsFiguresWhereThePlayerReadsThem) {
