@@ -4,14 +4,47 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <locale>
 #include <sstream>
 #include <system_error>
+#if !defined(__cpp_lib_to_chars) && __has_include(<xlocale.h>)
+#include <xlocale.h>
+#endif
 
 namespace vorhaven {
+namespace {
+
+#ifdef __cpp_lib_to_chars
+
+using std::from_chars;
+
+#else
+
+/// std::from_chars, which libc++ has for whole numbers alone, for a text of the characters that ToLong
+/// accepts.
+std::from_chars_result from_chars(const char* begin, const char* end, double& value) {
+    static const locale_t classic = newlocale(LC_ALL_MASK, "C", locale_t{});
+    const std::string text(begin, end);
+    char* stop = nullptr;
+    errno = 0;
+    const double read = strtod_l(text.c_str(), &stop, classic);
+    if (stop == text.c_str() || text.starts_with('+'))
+        return {begin, std::errc::invalid_argument};
+    const char* const rest = begin + (stop - text.c_str());
+    if (errno == ERANGE)
+        return {rest, std::errc::result_out_of_range};
+    value = read;
+    return {rest, std::errc{}};
+}
+
+#endif
+
+} // namespace
 
 Long RoundToLong(double value) {
     const double floor = std::floor(value);
@@ -33,15 +66,14 @@ Long ToLong(std::string_view text) {
         throw RunTimeError{ErrorNumber::TypeMismatch};
     double value = 0.0;
     const char* const end = number.data() + number.size();
-    const auto [stop, error] = std::from_chars(number.data(), end, value);
+    const auto [stop, error] = from_chars(number.data(), end, value);
     if (error == std::errc::invalid_argument || stop != end)
         throw RunTimeError{ErrorNumber::TypeMismatch};
     if (error == std::errc::result_out_of_range) {
-        // Either too large or so near to 0 that it reads as 0: only a stream tells which.
+        // Too large or too near to 0? A stream reads the one as the largest number and the other as about 0.
         std::istringstream in{std::string{number}};
         in.imbue(std::locale::classic());
-        if (!(in >> value))
-            throw RunTimeError{ErrorNumber::Overflow};
+        in >> value;
     }
     return RoundToLong(value);
 }

@@ -93,6 +93,9 @@ constexpr Long& Long::operator-=(Long other) {
 template <std::int32_t Lowest, std::int32_t Highest>
 class Bounded {
 public:
+    static constexpr std::int32_t Min = Lowest;
+    static constexpr std::int32_t Max = Highest;
+
     constexpr Bounded() = default;
 
     constexpr Bounded& operator=(Long value) {

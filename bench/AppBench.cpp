@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/MainView.h"
-#include "app/QtToolkit.h"
+#include "app/program/QtToolkit.h"
+#include "app/setup/MainView.h"
 #include "bench/CpuTime.h"
 #include "engine/MBattleCalc.h"
 #include "tests/support/QuietHost.h"
@@ -61,9 +61,9 @@ class Press {
 public:
     Press() {
         toolkit_.Show(view_, pad_);
-        for (ComboBox& picker : pad_.cboArmies)
+        for (const Side side : BothSides)
             for (int army = 0; army < ArmiesPerSide; ++army)
-                picker.Pick(0);
+                pad_.cboArmies[side].Pick(0);
         ProcessAllEvents();
         for (Long line = 0; line < ArmiesPerSide; ++line)
             for (CArmy* army : {&engine_.BringAttacker(line), &engine_.BringDefender()})

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/MMain.h"
+#include "app/program/MMain.h"
 #include "bench/FirstPaint.h"
 
 namespace vorhaven::bench {

@@ -66,24 +66,25 @@ void OddsAgainstABattle(benchmark::State& state, Lists (*lists)()) {
     host.Bring(armies.Attackers, armies.Defenders);
     MBattleCalc::BattleStacks stacks;
     const MBattleCalc::Flyers flyers{host.Armies(), host.Heroes()};
-    const std::function<bool()> goOn = [end = Clock::now() + std::chrono::hours{1}] {
-        return Clock::now() < end;
-    };
     constexpr std::int32_t battles = 1'000;
     double battle = std::numeric_limits<double>::max();
     double odds = battle;
     double won = 0.0;
+    std::int64_t steps = 0;
     for ([[maybe_unused]] auto iteration : state) {
         battle = std::min(
             battle, SecondsOf([&] { MBattleCalc::Add(host, battles, 20, false, armies.City); }) / battles);
         const double seconds = SecondsOf([&] {
             stacks.Build(host.AttackArmies(), host.DefendArmies());
-            won = Odds::OddsOf(stacks, flyers, 20, armies.City, goOn)->Won;
+            Odds::Budget budget{10'000'000};
+            won = Odds::OddsOf(stacks, flyers, 20, armies.City, budget)->Won;
+            steps = budget.Taken();
         });
         odds = std::min(odds, seconds);
         state.SetIterationTime(seconds);
     }
     state.counters["won"] = won;
+    state.counters["steps"] = static_cast<double>(steps);
     state.counters["ns_per_battle"] = battle * 1e9;
     state.counters["ns_odds"] = odds * 1e9;
     state.counters["ratio"] = odds / battle;

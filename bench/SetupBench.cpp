@@ -34,34 +34,50 @@ double Median(std::vector<double> values) {
     return *middle;
 }
 
-/// What the odds add to a pick, when both sides have as many lines already. Half of the picks are given no
-/// time for the odds; both kinds take turns, so that the machine's noise meets both.
+/// A main window whose lists hold units of every power, in turn.
+class FilledWindow {
+public:
+    FilledWindow(const CatalogueProvider& catalogue, std::int32_t attackers, std::int32_t defenders)
+        : pad_{catalogue, toolkit_}, attackers_(attackers) {
+        pad_.Form_Load();
+        for (std::int32_t line = 0; line < attackers; ++line)
+            pad_.cboArmies[Side::Attacker].Pick(line * 5 % pad_.NumArmies().Value());
+        for (std::int32_t line = 0; line < defenders; ++line)
+            pad_.cboArmies[Side::Defender].Pick((line * 5 + 1) % pad_.NumArmies().Value());
+        pad_.Settle();
+    }
+
+    /// Picks one more attacker, and takes it out again; the time of the pick alone.
+    double SecondsOfPick(std::int32_t unit) {
+        const auto start = Clock::now();
+        pad_.cboArmies[Side::Attacker].Pick(unit % pad_.NumArmies().Value());
+        pad_.Settle();
+        const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+        pad_.DeleteArmyFromList(Side::Attacker, attackers_);
+        pad_.Settle();
+        return seconds;
+    }
+
+private:
+    NoToolkit toolkit_;
+    frmBrawlpad pad_;
+    std::int32_t attackers_;
+};
+
+/// What the odds add to a pick, when both sides have as many lines already: the same pick in a window without
+/// defenders has no odds. Both take turns, so that the machine's noise meets both.
 void PickWithOdds(benchmark::State& state) {
     const CsvCatalogue catalogue = CsvCatalogue::BuiltIn();
-    NoToolkit toolkit;
-    frmBrawlpad pad{catalogue, toolkit};
-    pad.Form_Load();
-    // Units of every power, in turn.
     const auto lines = static_cast<std::int32_t>(state.range(0));
-    for (std::int32_t line = 0; line < lines; ++line)
-        for (const std::size_t side : {0U, 1U})
-            pad.cboArmies[side].Pick((line * 5 + static_cast<std::int32_t>(side)) % pad.NumArmies().Value());
-    pad.Settle();
-
-    const std::chrono::milliseconds budget = pad.OddsBudget;
+    FilledWindow without{catalogue, lines, 0};
+    FilledWindow with{catalogue, lines, lines};
     std::array<std::vector<double>, 2> seconds;
     std::int32_t unit = 0;
-    for ([[maybe_unused]] auto iteration : state)
-        for (const std::size_t kind : {0U, 1U}) {
-            pad.OddsBudget = kind == 0 ? std::chrono::milliseconds{0} : budget;
-            const auto start = Clock::now();
-            pad.cboArmies[0].Pick(++unit % pad.NumArmies().Value());
-            pad.Settle();
-            seconds[kind].push_back(std::chrono::duration<double>(Clock::now() - start).count());
-            pad.DeleteArmyFromList(Side::Attack, lines);
-            pad.OddsBudget = std::chrono::milliseconds{0};
-            pad.Settle();
-        }
+    for ([[maybe_unused]] auto iteration : state) {
+        ++unit;
+        seconds[0].push_back(without.SecondsOfPick(unit));
+        seconds[1].push_back(with.SecondsOfPick(unit));
+    }
     state.counters["ms_without"] = Median(seconds[0]) * 1e3;
     state.counters["ms_with"] = Median(seconds[1]) * 1e3;
     state.counters["ms_added"] = (Median(seconds[1]) - Median(seconds[0])) * 1e3;

@@ -2,33 +2,30 @@
 
 #include "catalogue/CsvCatalogue.h"
 
+#include "base/Conversion.h"
 #include "catalogue/BuiltIn.h"
 #include "catalogue/CsvRows.h"
-#include "model/CAttackArmies.h"
-#include "model/Terrain.h"
+#include "catalogue/Ranges.h"
+#include "catalogue/RowReader.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdint>
-#include <limits>
 #include <new>
 #include <string_view>
 #include <system_error>
-#include <utf8.h>
 
 namespace vorhaven {
-
 namespace {
 
-using Location = CatalogueError::Location;
-
 /// What the cells of a column hold.
-enum class CellKind { Identifier, Name, Text, Number, OptionalNumber, Terrain, PowerCode };
+enum class CellKind { Identifier, Name, Text, Number, OptionalNumber, Terrain, Trait, Movement };
 
 struct Column {
     std::string_view Header;
     CellKind Kind;
+    /// Of a number.
+    Range Numbers = AnyNumber;
 };
 
 // The columns of a table in the table's order.
@@ -39,24 +36,24 @@ constexpr std::array<Column, 24> ArmyColumns{{
     {"plural", CellKind::Text},
     {"faction", CellKind::Text},
     {"cost", CellKind::OptionalNumber},
-    {"strength", CellKind::Number},
+    {"strength", CellKind::Number, Strengths},
     {"upkeep", CellKind::OptionalNumber},
-    {"hits", CellKind::Number},
-    {"turns", CellKind::Number},
+    {"hits", CellKind::Number, HitPoints},
+    {"turns", CellKind::Number, ProductionTurns},
     {"moves", CellKind::OptionalNumber},
     {"view", CellKind::OptionalNumber},
-    {"trait1", CellKind::Text},
-    {"trait2", CellKind::Text},
-    {"movement", CellKind::Text},
+    {"trait1", CellKind::Trait},
+    {"trait2", CellKind::Trait},
+    {"movement", CellKind::Movement},
     {"building", CellKind::Text},
     {"weapon", CellKind::Text},
     {"armour", CellKind::Text},
     {"terrain", CellKind::Terrain},
-    {"bonus", CellKind::Number},
+    {"bonus", CellKind::Number, Bonuses},
     {"size", CellKind::Text},
     {"description", CellKind::Text},
     {"notes", CellKind::Text},
-    {"power", CellKind::PowerCode},
+    {"power", CellKind::Number, PowerCodes},
     {"powersize", CellKind::Number},
 }};
 
@@ -69,16 +66,16 @@ constexpr std::array<Column, 18> HeroColumns{{
     {"upkeep", CellKind::OptionalNumber},
     {"moves", CellKind::OptionalNumber},
     {"view", CellKind::OptionalNumber},
-    {"strength", CellKind::Number},
+    {"strength", CellKind::Number, Strengths},
     {"weapon", CellKind::Text},
-    {"hits", CellKind::Number},
+    {"hits", CellKind::Number, HitPoints},
     {"armour", CellKind::Text},
-    {"movement", CellKind::Text},
+    {"movement", CellKind::Movement},
     {"mount", CellKind::Text},
     {"description", CellKind::Text},
     {"notes", CellKind::Text},
     {"terrain", CellKind::Terrain},
-    {"bonus", CellKind::Number},
+    {"bonus", CellKind::Number, Bonuses},
 }};
 // clang-format on
 
@@ -103,113 +100,100 @@ static_assert(HeroColumns[HeroColumn::Movement].Header == "movement");
 static_assert(HeroColumns[HeroColumn::BonusTerrain].Header == "terrain");
 static_assert(HeroColumns[HeroColumn::BonusSize].Header == "bonus");
 
-/// Where the first unit of each name stands.
-using UnitNames = std::map<std::string, Location>;
+/// What is known from the rows before, for the checks that compare rows.
+struct Earlier {
+    UnitNames& Names;
+    /// By how much the last identifier was wrong.
+    std::int64_t IdentifierShift = 0;
+};
 
-/// A cell as the errors tell it: in quotes, its beginning if it is long.
-std::string Quoted(const std::string& cell) {
-    constexpr std::size_t longest = 60;
-    if (cell.empty())
-        return "an empty cell";
-    if (cell.size() <= longest)
-        return '"' + cell + '"';
-    // A character that is cut in two is left out.
-    const auto end = cell.begin() + longest;
-    return '"' + std::string{cell.begin(), utf8::find_invalid(cell.begin(), end)} + "...\"";
-}
-
-template <class Number>
-Number ToNumber(const Location& location, const std::string& cell) {
-    using Limits = std::numeric_limits<Number>;
-    Number number{};
-    const bool hasPlus = cell.starts_with('+') && !cell.starts_with("+-");
-    const char* const end = cell.data() + cell.size();
-    const auto [rest, error] = std::from_chars(cell.data() + (hasPlus ? 1 : 0), end, number);
-    if (error != std::errc{} || rest != end)
-        throw CatalogueError{location, Quoted(cell),
-                             "a whole number from " + std::to_string(Limits::min()) + " to " +
-                                 std::to_string(Limits::max())};
-    return number;
-}
-
-void CheckUnitName(const Location& location, const std::string& name, UnitNames& names) {
-    if (name.empty() || name == NoArmy)
-        throw CatalogueError{location, Quoted(name), std::string{"a name other than "} + NoArmy};
-    if (name.ends_with(ConditionMark))
-        throw CatalogueError{location, Quoted(name),
-                             "a name without \"" + std::string{ConditionMark} +
-                                 "\" at its end, which marks a unit with conditions"};
-    const auto [first, isNew] = names.try_emplace(name, location);
-    if (!isNew)
-        throw CatalogueError{location,
-                             Quoted(name) + " again, after " + CatalogueError::ToText(first->second),
-                             "a name that no other army type or hero type has"};
-}
-
-void CheckTerrain(const Location& location, const std::string& terrain) {
-    if (terrain.empty() || std::ranges::find(Terrains::All, terrain) != Terrains::All.end())
-        return;
-    std::string all;
-    for (const char* const known : Terrains::All)
-        all.append(known).append(", ");
-    throw CatalogueError{location, Quoted(terrain), all + "or an empty cell for no bonus"};
-}
-
-Cell ToCell(const Location& location, CellKind kind, const std::string& text, std::size_t row,
-            UnitNames& names) {
-    switch (kind) {
+Cell ToCell(RowReader& reader, const Column& column, const std::string& text, std::size_t row,
+            Earlier& earlier) {
+    switch (column.Kind) {
     case CellKind::Identifier:
-        if (text != std::to_string(row))
-            throw CatalogueError{location, Quoted(text),
-                                 std::to_string(row) + ": identifiers count the rows from 0"};
+        reader.CheckIdentifier(text, row, earlier.IdentifierShift);
         return Long{static_cast<std::int32_t>(row)};
-    case CellKind::Name:
-        CheckUnitName(location, text, names);
-        return text;
     case CellKind::Number:
-        return Long{ToNumber<std::int32_t>(location, text)};
+        return reader.Number(column.Header, text, column.Numbers);
     case CellKind::OptionalNumber:
-        if (text.empty())
-            return {};
-        return Long{ToNumber<std::int32_t>(location, text)};
-    case CellKind::PowerCode:
-        return Long{ToNumber<std::int16_t>(location, text)};
+        return text.empty() ? Cell{} : reader.Number(column.Header, text, column.Numbers);
+    case CellKind::Name:
+        reader.CheckName(text, earlier.Names);
+        break;
     case CellKind::Terrain:
-        CheckTerrain(location, text);
-        return text;
+        reader.CheckTerrain(text);
+        break;
+    case CellKind::Trait:
+        reader.CheckWord(column.Header, text, "undead");
+        break;
+    case CellKind::Movement:
+        reader.CheckWord(column.Header, text, "fly");
+        break;
     case CellKind::Text:
         break;
     }
     return text;
 }
 
+/// Reads a table of units. `checkUnit` looks at the cells of a row together.
 template <std::size_t N>
-Table ReadUnits(const TextFile& file, const std::array<Column, N>& columns, UnitNames& names) {
+Table ReadUnits(const TextFile& file, const std::array<Column, N>& columns, UnitNames& names,
+                CatalogueFaults& faults, const auto& checkUnit) {
     std::array<std::string, N> headers;
-    std::transform(columns.begin(), columns.end(), headers.begin(),
-                   [](const Column& column) { return std::string{column.Header}; });
-    std::vector<std::vector<Cell>> cells;
-    for (const CsvRow<N>& row : ReadCsvRows(file, headers)) {
-        std::vector<Cell> unit;
+    std::ranges::transform(columns, headers.begin(),
+                           [](const Column& column) { return std::string{column.Header}; });
+    Earlier earlier{names};
+    std::vector<std::vector<Cell>> units;
+    CsvRows<N>{file, headers, faults}.ForEach([&](const CsvRow<N>& row) {
+        RowReader reader{file.Name, row.Line, faults};
+        std::vector<Cell>& unit = units.emplace_back();
+        unit.reserve(N);
         for (std::size_t i = 0; i < N; ++i)
-            unit.push_back(ToCell({file.Name, row.Line, headers[i]}, columns[i].Kind, row.Cells[i],
-                                  cells.size(), names));
-        cells.push_back(std::move(unit));
-    }
-    return Table{std::move(cells)};
+            unit.push_back(ToCell(reader, columns[i], row.Cells[i], row.Number, earlier));
+        checkUnit(reader, unit);
+    });
+    return Table{std::move(units)};
 }
 
-std::map<std::int16_t, std::string> ReadPowers(const TextFile& file) {
+Table ReadArmies(const TextFile& file, UnitNames& names, CatalogueFaults& faults) {
+    return ReadUnits(file, ArmyColumns, names, faults, [](RowReader& reader, const std::vector<Cell>& unit) {
+        reader.CheckBonus(unit[ArmyColumn::BonusTerrain], unit[ArmyColumn::BonusSize]);
+        reader.CheckPowerSize(unit[ArmyColumn::PowerCode], unit[ArmyColumn::PowerSize]);
+    });
+}
+
+Table ReadHeroes(const TextFile& file, UnitNames& names, CatalogueFaults& faults) {
+    return ReadUnits(file, HeroColumns, names, faults, [](RowReader& reader, const std::vector<Cell>& unit) {
+        reader.CheckBonus(unit[HeroColumn::BonusTerrain], unit[HeroColumn::BonusSize]);
+    });
+}
+
+std::map<std::int16_t, std::string> ReadPowers(const TextFile& file, CatalogueFaults& faults) {
+    const std::array<std::string, 2> headers{"code", "name"};
     std::map<std::int16_t, std::string> powers;
-    for (const auto& [line, cells] : ReadCsvRows<2>(file, {"code", "name"})) {
-        const auto& [code, name] = cells;
-        const Location codeLocation{file.Name, line, "code"};
+    CsvRows<2>{file, headers, faults}.ForEach([&](const CsvRow<2>& row) {
+        RowReader reader{file.Name, row.Line, faults};
+        const auto& [code, name] = row.Cells;
         if (name.empty())
-            throw CatalogueError{{file.Name, line, "name"}, Quoted(name), "the power's name"};
-        if (!powers.try_emplace(ToNumber<std::int16_t>(codeLocation, code), name).second)
-            throw CatalogueError{codeLocation, Quoted(code) + " again", "each power code once"};
-    }
+            reader.Refuse("name", name, "the power's name");
+        const Cell number = reader.Number("code", code, PowerCodes);
+        if (std::holds_alternative<Long>(number) &&
+            !powers.try_emplace(ToShort(CellNumber(number)), name).second)
+            reader.Refuse("code", code, "each power code once", " again");
+    });
     return powers;
+}
+
+bool IsBuiltIn(const TextFile& armies, const TextFile& heroes, const TextFile& powers) {
+    return armies.Text == BuiltInText::Armies && heroes.Text == BuiltInText::Heroes &&
+           powers.Text == BuiltInText::Powers;
+}
+
+[[noreturn]] void RefuseFolder(const std::string& origin, const std::string& found,
+                               const std::string& expected) {
+    CatalogueFaults faults;
+    faults.Add({}, found, expected);
+    throw CatalogueError{origin, faults};
 }
 
 } // namespace
@@ -218,23 +202,27 @@ CsvCatalogue::CsvCatalogue(const TextFile& armies, const TextFile& heroes, const
                            std::string origin)
     : origin_(std::move(origin)) {
     UnitNames names;
-    armies_ = ReadUnits(armies, ArmyColumns, names);
-    heroes_ = ReadUnits(heroes, HeroColumns, names);
-    powers_ = ReadPowers(powers);
+    CatalogueFaults faults;
+    armies_ = ReadArmies(armies, names, faults);
+    heroes_ = ReadHeroes(heroes, names, faults);
+    powers_ = ReadPowers(powers, faults);
+    if (!faults.IsEmpty())
+        throw CatalogueError{origin_, faults};
+    if (IsBuiltIn(armies, heroes, powers))
+        origin_.clear();
 }
 
 CsvCatalogue CsvCatalogue::BuiltIn() {
     return CsvCatalogue{{"built-in armies.csv", BuiltInText::Armies},
                         {"built-in heroes.csv", BuiltInText::Heroes},
-                        {"built-in powers.csv", BuiltInText::Powers},
-                        "built in"};
+                        {"built-in powers.csv", BuiltInText::Powers}};
 }
 
 CsvCatalogue CsvCatalogue::FromFolder(const std::filesystem::path& folder) {
-    CheckFileType(folder, std::filesystem::file_type::directory,
-                  "a readable folder with armies.csv, heroes.csv and powers.csv");
+    if (const std::string fault = FaultOf(folder, std::filesystem::file_type::directory); !fault.empty())
+        RefuseFolder(PathText(folder), fault, "a readable folder with armies.csv, heroes.csv and powers.csv");
     return CsvCatalogue{ReadTextFile(folder / "armies.csv"), ReadTextFile(folder / "heroes.csv"),
-                        ReadTextFile(folder / "powers.csv"), folder.string()};
+                        ReadTextFile(folder / "powers.csv"), PathText(folder)};
 }
 
 CsvCatalogue CsvCatalogue::FromFirstFolder(const std::vector<std::filesystem::path>& candidates) {
@@ -248,9 +236,8 @@ CsvCatalogue CsvCatalogue::FromFirstFolder(const std::vector<std::filesystem::pa
     try {
         return hasOwn ? FromFolder(*own) : BuiltIn();
     } catch (const std::bad_alloc&) {
-        throw CatalogueError{{hasOwn ? own->string() : "built-in catalogue", 0, {}},
-                             "too little memory to read it",
-                             "some hundred MiB that are free"};
+        RefuseFolder(hasOwn ? PathText(*own) : "", "too little memory to read it",
+                     "some hundred MiB that are free");
     }
 }
 

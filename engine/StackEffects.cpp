@@ -31,8 +31,8 @@ Long StackBonus(const CStackAtt& own, const CStackAtt& enemy) {
 
 void EvalStacksSelfEffect(Long cityLevel) {
     const Trap trap{"MBattleCalc::EvalStacksSelfEffect"};
-    AttackFront.CountSelfPowers(CStackAtt::Mode::Attack, cityLevel);
-    DefendFront.CountSelfPowers(CStackAtt::Mode::Defend, cityLevel);
+    AttackFront.CountSelfPowers(Side::Attacker, cityLevel);
+    DefendFront.CountSelfPowers(Side::Defender, cityLevel);
     AttackFront.EvalSelfPowers();
     DefendFront.EvalSelfPowers();
 }

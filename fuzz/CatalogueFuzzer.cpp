@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "base/Conversion.h"
+#include "base/ForeignText.h"
 #include "catalogue/BuiltIn.h"
 #include "catalogue/CsvCatalogue.h"
+#include "catalogue/Ranges.h"
+#include "model/BattleWords.h"
 #include "model/CAttackArmies.h"
 
 #include <algorithm>
@@ -25,19 +28,39 @@ std::string NextText(std::string_view& input, const char* builtIn) {
     return text.empty() ? builtIn : std::string{text};
 }
 
-/// The program reads no column of a table that it accepted as something else than it holds.
-void CheckTable(const Table& table, std::initializer_list<std::int32_t> numbers, std::int32_t name) {
+/// A column of numbers that the program reads, with the range that it relies on.
+struct NumberColumn {
+    std::int32_t Column;
+    Range Numbers;
+};
+
+/// The program reads nothing from a table that it accepted but what it can use.
+void CheckTable(const Table& table, std::initializer_list<NumberColumn> numbers, std::int32_t name) {
     for (std::int32_t row = 0; row < table.RowCount(); ++row) {
-        for (const std::int32_t column : numbers)
-            Require(std::holds_alternative<Long>(table(row, column)));
+        for (const auto& [column, range] : numbers)
+            Require(range.Holds(std::get<Long>(table(row, column))));
         const std::string& text = std::get<std::string>(table(row, name));
-        Require(!text.empty() && text != NoArmy && !text.ends_with(" *"));
+        Require(!text.empty() && text != NoArmy && !text.ends_with('*') && !IsHeadingOrSetting(text));
         Require(Trimmed(text, " \t") == text);
     }
 }
 
-/// Reads a catalogue. Any exception but a CatalogueError ends the fuzzer, and so does a message that is not
-/// one short line.
+/// A heading, and one short line for each fault, but not too many.
+void CheckMessage(std::string_view message) {
+    std::size_t faults = 0;
+    Require(message.starts_with("The unit catalogue cannot be used:\n"));
+    message.remove_prefix(message.find('\n'));
+    while (!message.empty()) {
+        const std::string_view line = message.substr(1, message.find('\n', 1) - 1);
+        message.remove_prefix(1 + line.size());
+        Require(line.size() < 300 && line.ends_with('.') && Visible(line) == line);
+        Require(line.find(".csv") != std::string_view::npos || line.starts_with("And "));
+        ++faults;
+    }
+    Require(faults >= 1 && faults <= CatalogueFaults::MostListed + 1);
+}
+
+/// Reads a catalogue. Any exception but a CatalogueError ends the fuzzer.
 void ReadCatalogue(std::string_view input) {
     const std::string armies = NextText(input, BuiltInText::Armies);
     const std::string heroes = NextText(input, BuiltInText::Heroes);
@@ -46,16 +69,22 @@ void ReadCatalogue(std::string_view input) {
         const CsvCatalogue catalogue{{"armies.csv", armies}, {"heroes.csv", heroes}, {"powers.csv", powers}};
         using enum CatalogueProvider::Selector;
         CheckTable(catalogue.GetTable(Armies),
-                   {ArmyColumn::Identifier, ArmyColumn::Strength, ArmyColumn::Hits, ArmyColumn::Turns,
-                    ArmyColumn::BonusSize, ArmyColumn::PowerCode, ArmyColumn::PowerSize},
+                   {{ArmyColumn::Identifier, AnyNumber},
+                    {ArmyColumn::Strength, Strengths},
+                    {ArmyColumn::Hits, HitPoints},
+                    {ArmyColumn::Turns, ProductionTurns},
+                    {ArmyColumn::BonusSize, Bonuses},
+                    {ArmyColumn::PowerCode, PowerCodes},
+                    {ArmyColumn::PowerSize, {0, 99}}},
                    ArmyColumn::Name);
         CheckTable(catalogue.GetTable(Heroes),
-                   {HeroColumn::Identifier, HeroColumn::Strength, HeroColumn::Hits, HeroColumn::BonusSize},
+                   {{HeroColumn::Identifier, AnyNumber},
+                    {HeroColumn::Strength, Strengths},
+                    {HeroColumn::Hits, HitPoints},
+                    {HeroColumn::BonusSize, Bonuses}},
                    HeroColumn::Name);
     } catch (const CatalogueError& error) {
-        const std::string_view message = error.what();
-        Require(message.size() < 300 && message.find_first_of("\r\n") == std::string_view::npos);
-        Require(message.find(".csv") != std::string_view::npos && message.ends_with('.'));
+        CheckMessage(error.what());
     }
 }
 

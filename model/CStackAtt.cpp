@@ -57,10 +57,10 @@ void CStackAtt::CopyFrom(const CStackAtt& master) {
     armies_.CopyItems(master.armies_);
 }
 
-void CStackAtt::CountSelfPowers(Mode mode, Long fortification) {
+void CStackAtt::CountSelfPowers(Side side, Long fortification) {
     const Trap trap{"CStackAtt::CountSelfPowers"};
     BlankPowers();
-    if (mode == Mode::Defend)
+    if (side == Side::Defender)
         StackFortify = fortification;
 
     bands_.clear();

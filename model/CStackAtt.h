@@ -4,6 +4,7 @@
 
 #include "base/KeyedCollection.h"
 #include "model/CArmy.h"
+#include "model/Side.h"
 
 #include <string_view>
 #include <vector>
@@ -14,9 +15,6 @@ namespace vorhaven {
 /// stack.
 class CStackAtt {
 public:
-    /// The side that a stack fights on, as CountSelfPowers takes it.
-    enum class Mode { Attack = 0, Defend = 1 };
-
     // The highest value among the armies.
     Long StackChaos;
     Long StackMorale;
@@ -59,7 +57,7 @@ public:
     /// the banding add to what is there, so it is called once for a filled stack. `fortification`: what the
     /// city gives to a defending stack, 0 to 3; an attacking stack ignores it. Raises error 6 when a sum does
     /// not fit.
-    void CountSelfPowers(Mode mode, Long fortification);
+    void CountSelfPowers(Side side, Long fortification);
 
     /// Writes the six highest values back as they are: the place where a rule on a stack's own values would
     /// act.

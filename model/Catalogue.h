@@ -99,6 +99,9 @@ public:
 
     /// The display name of a power code; empty for a code that has none.
     [[nodiscard]] virtual std::string PowerName(std::int16_t code) const = 0;
+
+    /// Where the units are from, for the player to read; empty for those of the program itself.
+    [[nodiscard]] virtual std::string Origin() const { return {}; }
 };
 
 } // namespace vorhaven

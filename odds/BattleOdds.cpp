@@ -25,7 +25,7 @@ public:
 
     void Fight() {
         for (std::size_t i = 0; i < lineup_->Attackers.size(); ++i)
-            for (std::size_t j = 0; j < lineup_->Defenders.size() && !budget_->Exhausted(); ++j)
+            for (std::size_t j = 0; j < lineup_->Defenders.size(); ++j)
                 Meet(i, j);
     }
 
@@ -73,12 +73,10 @@ void Battles::Meet(std::size_t i, std::size_t j) {
     DuelOdds duel{attacker.Army, defender.Army, dice_, *flyers_, survivors_, *budget_};
     for (const State& survivor : attackers_)
         for (const State& fresh : attacker.StackBehind ? defender.States : defender.StatesUnhealed)
-            if (!budget_->Exhausted())
-                duel.Fight({survivor, fresh});
+            duel.Fight({survivor, fresh});
     for (const State& survivor : defenders_[j])
         for (const State& fresh : attacker.StatesUnhealed)
-            if (!budget_->Exhausted())
-                duel.Fight({fresh, survivor});
+            duel.Fight({fresh, survivor});
     endless_ += duel.Endless();
 
     std::swap(attackers_, survivors_.Attacker);
@@ -88,8 +86,7 @@ void Battles::Meet(std::size_t i, std::size_t j) {
     }
     SendNextAttacker(i, j);
     waiting_ += defenders_[j].Size();
-    if (waiting_ > MostStates)
-        budget_->Exhaust();
+    budget_->Hold(waiting_);
 }
 
 /// Attacker i has fallen to defender j.
@@ -176,13 +173,14 @@ BattleOdds ResultOf(const Battles& battles, const Lineup& lineup) {
 } // namespace
 
 std::optional<BattleOdds> OddsOf(const BattleStacks& stacks, const Flyers& flyers, Long dice, Long cityLevel,
-                                 const std::function<bool()>& goOn) {
-    Budget budget{goOn};
+                                 Budget& budget) {
     const Lineup lineup = LineUp(stacks, cityLevel);
     Battles battles{lineup, flyers, dice, budget};
-    battles.Fight();
-    if (budget.Exhausted())
+    try {
+        battles.Fight();
+    } catch (const TooManyOutcomes&) {
         return std::nullopt;
+    }
     return ResultOf(battles, lineup);
 }
 

@@ -2,9 +2,10 @@
 
 #pragma once
 
+#include "base/Chance.h"
 #include "engine/Stacks.h"
+#include "odds/Budget.h"
 
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -38,17 +39,21 @@ struct BattleOdds {
     double Endless = 0.0;
     SideOdds Attackers;
     SideOdds Defenders;
+
+    [[nodiscard]] Chance AttackerWins() const { return {Won, Lost + Endless}; }
+    [[nodiscard]] Chance DefenderWins() const { return {Lost, Won + Endless}; }
+    [[nodiscard]] Chance NeverEnds() const { return {Endless, Won + Lost}; }
 };
 
 /// The exact odds of the battle that the engine would fight, each die's faces being equally likely. `dice`:
 /// faces of the combat die. `cityLevel`: 0 none, 1 village, 2 castle, 3 citadel. Draws nothing and touches no
 /// state but its own, so it may be called while a run is under way.
 ///
-/// `goOn` is asked every few microseconds; nothing is returned once it says no, or when the battle has more
-/// states than a few dozen megabytes hold. Raises what the engine may raise in such a battle: error 5 when a
-/// side has no army to send, error 6 when a sum does not fit, error 9 for a unit outside the catalogue.
+/// Returns nothing when the battle has more outcomes than the budget covers. Raises what the engine may raise
+/// in such a battle: error 5 when a side has no army to send, error 6 when a sum does not fit, error 9 for a
+/// unit outside the catalogue.
 [[nodiscard]] std::optional<BattleOdds> OddsOf(const MBattleCalc::BattleStacks& stacks,
                                                const MBattleCalc::Flyers& flyers, Long dice, Long cityLevel,
-                                               const std::function<bool()>& goOn);
+                                               Budget& budget);
 
 } // namespace vorhaven::Odds

@@ -96,7 +96,7 @@ void DuelOdds::Lightning(PerSide<State> fighters) {
 
 void DuelOdds::Assassins(PerSide<State> fighters) {
     const bool tries = assass_.IsTried && !fighters[Opponent(assass_.Victim)].Is.UsedSpecial;
-    for (const Side side : {Side::Attacker, Side::Defender})
+    for (const Side side : BothSides)
         if (SpendsAttempt(armies_[side]->Assass, armies_[Opponent(side)]->Assass))
             UseUp(fighters[side].Is);
     if (tries) {
@@ -123,8 +123,7 @@ void DuelOdds::Volley(PerSide<State> fighters) {
         double missed = 1.0;
         PerSide<State> afterHit = fighters;
         for (Long shot = 1; shot <= shots && missed * hit > 0.0; ++shot) {
-            if (!budget_->Step())
-                return;
+            budget_->Take();
             Keep(afterHit[side].Is, AfterHit(shots, shot));
             Win(side, afterHit, missed * hit);
             missed *= 1.0 - hit;
@@ -137,8 +136,9 @@ void DuelOdds::Volley(PerSide<State> fighters) {
 
 void DuelOdds::Rounds(const PerSide<State>& fighters) {
     const double meeting = ChanceOf(fighters);
-    if (meeting <= 0.0 || !budget_->Step())
+    if (meeting <= 0.0)
         return;
+    budget_->Take();
     const auto damageTo = [this](Side side) {
         return DamageTo(*armies_[side], *armies_[Opponent(side)], *flyers_).Value();
     };
@@ -177,7 +177,7 @@ void DuelOdds::Rounds(const PerSide<State>& fighters) {
             else
                 both[static_cast<std::size_t>(a - damageToAttacker)][defenderHits] += attackerStruck;
         }
-    for (const Side side : {Side::Attacker, Side::Defender})
+    for (const Side side : BothSides)
         (*survivors_)[side].Add(survivors[side].Is, survivors[side].Chances);
 }
 
@@ -198,8 +198,7 @@ void DuelOdds::Win(Side side, const PerSide<State>& fighters, double chance) {
     if (Sum(winner.Chances) <= 0.0)
         return;
     (*survivors_)[side].Add(winner.Is, winner.Chances);
-    if (survivors_->Attacker.Size() + survivors_->Defender.Size() > MostStates)
-        budget_->Exhaust();
+    budget_->Hold(survivors_->Attacker.Size() + survivors_->Defender.Size());
 }
 
 } // namespace vorhaven::Odds

@@ -4,26 +4,12 @@
 
 #include "engine/Rules.h"
 #include "engine/Stacks.h"
+#include "odds/Budget.h"
 #include "odds/StateTable.h"
 
 #include <array>
-#include <functional>
 
 namespace vorhaven::Odds {
-
-using MBattleCalc::Side;
-
-/// One item for each side.
-template <class Item>
-struct PerSide {
-    Item Attacker;
-    Item Defender;
-
-    [[nodiscard]] Item& operator[](Side side) { return side == Side::Attacker ? Attacker : Defender; }
-    [[nodiscard]] const Item& operator[](Side side) const {
-        return side == Side::Attacker ? Attacker : Defender;
-    }
-};
 
 /// The chance that a percentage draw is below a number.
 [[nodiscard]] double PercentChance(Long below);
@@ -44,28 +30,6 @@ private:
     std::array<std::array<Roll, 15>, 5> rolls_{};
 };
 
-/// What may still be spent on the odds.
-class Budget {
-public:
-    /// `goOn` must outlive the budget.
-    explicit Budget(const std::function<bool()>& goOn) : goOn_(&goOn) {}
-
-    /// Takes one step, a microsecond at most; returns false when no more may be taken.
-    [[nodiscard]] bool Step() {
-        constexpr unsigned stepsPerQuestion = 64;
-        if (!exhausted_ && ++steps_ % stepsPerQuestion == 0)
-            exhausted_ = !(*goOn_)();
-        return !exhausted_;
-    }
-    void Exhaust() { exhausted_ = true; }
-    [[nodiscard]] bool Exhausted() const { return exhausted_; }
-
-private:
-    const std::function<bool()>* goOn_;
-    unsigned steps_ = 0;
-    bool exhausted_ = false;
-};
-
 /// The duels of an attacker with a defender, whatever condition the two are in. The survivors' states and the
 /// chance of a duel without end add up over the duels.
 class DuelOdds {
@@ -74,8 +38,8 @@ public:
     DuelOdds(const CArmy& attacker, const CArmy& defender, const DiceOdds& dice,
              const MBattleCalc::Flyers& flyers, PerSide<StateTable>& survivors, Budget& budget);
 
-    /// The duel between two states, which comes with the product of their chances. What the budget does not
-    /// cover is left out.
+    /// The duel between two states, which comes with the product of their chances. Throws TooManyOutcomes
+    /// when the budget does not cover it.
     void Fight(const PerSide<State>& fighters) { Acid(fighters); }
 
     [[nodiscard]] double Endless() const { return endless_; }

@@ -92,8 +92,8 @@ Lineup LineUp(const BattleStacks& stacks, Long cityLevel) {
     CStackAtt defend;
     attack.CopyFrom(stacks.AttackStacks[0]);
     defend.CopyFrom(stacks.DefendStack);
-    attack.CountSelfPowers(CStackAtt::Mode::Attack, cityLevel);
-    defend.CountSelfPowers(CStackAtt::Mode::Defend, cityLevel);
+    attack.CountSelfPowers(Side::Attacker, cityLevel);
+    defend.CountSelfPowers(Side::Defender, cityLevel);
     attack.EvalSelfPowers();
     defend.EvalSelfPowers();
     if (attack.Count() == 0 || defend.Count() == 0)

@@ -2,25 +2,32 @@
 
 #include "odds/StateTable.h"
 
+#include <algorithm>
+
 namespace vorhaven::Odds {
 namespace {
 
 constexpr int FirstBits = 5;
 constexpr std::size_t MostStatesKept = 1024;
 
+/// What is possible is kept at this at least: more than enough for the factors of one duel, so that nothing
+/// possible ever rounds to 0, and far too little to be seen in a sum.
+constexpr double LeastChance = 1e-200;
+
 } // namespace
 
 void StateTable::Add(const Condition& condition, const HitChances& chances) {
-    std::size_t slot = SlotOf(KeyOf(condition));
-    if (slots_[slot] != 0) {
-        HitChances& sum = states_[slots_[slot] - 1].Chances;
-        for (std::size_t i = 0; i < sum.size(); ++i)
-            sum[i] += chances[i];
-        return;
+    const std::size_t slot = SlotOf(KeyOf(condition));
+    const bool isNew = slots_[slot] == 0;
+    if (isNew) {
+        states_.push_back({condition, {}});
+        slots_[slot] = static_cast<std::uint32_t>(states_.size());
     }
-    states_.push_back({condition, chances});
-    slots_[slot] = static_cast<std::uint32_t>(states_.size());
-    if (states_.size() * 2 > slots_.size())
+    HitChances& sums = states_[slots_[slot] - 1].Chances;
+    for (std::size_t i = 0; i < sums.size(); ++i)
+        if (chances[i] > 0.0)
+            sums[i] += std::max(chances[i], LeastChance);
+    if (isNew && states_.size() * 2 > slots_.size())
         Grow();
 }
 

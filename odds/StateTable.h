@@ -39,9 +39,6 @@ struct Condition {
 // the record too large for its key, which does not compile.
 static_assert(std::has_unique_object_representations_v<Condition>);
 
-/// The live states beyond which a battle is given up: with all that belongs to them, some ten megabytes.
-inline constexpr std::size_t MostStates = 65'536;
-
 /// An army in a condition, with its chances by hits.
 struct State {
     Condition Is;
@@ -53,7 +50,7 @@ class StateTable {
 public:
     StateTable() { Clear(); }
 
-    /// Adds chances to those of a condition.
+    /// Adds chances to those of a condition. However small they are, none that is above 0 gets lost.
     void Add(const Condition& condition, const HitChances& chances);
 
     /// Forgets all states; the storage is kept unless it is large.

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "base/Chance.h"
+#include "base/ForeignText.h"
 #include "base/InternedText.h"
 #include "base/KeyedCollection.h"
 #include "tests/support/Errors.h"
@@ -51,6 +53,25 @@ TEST(Count, WithLimitsIsClampedByEveryWrite) {
     EXPECT_EQ(bounded = Long{fresh}, 2);
 }
 
+TEST(ForeignText, IsQuotedOnOneShortLineWhateverItHolds) {
+    const auto letters = [](std::size_t count) { return std::string(count, 'o'); };
+    const std::string omega = "\u03A9", none = "\uFFFD";
+    // clang-format off
+    for (const auto& [text, shown] : {
+             std::pair{std::string(), std::string()},
+             {"<img src=\"/dev/zero\">", "<img src=\"/dev/zero\">"},  // whose label decides that it is no markup
+             {std::string("a\0b\tc\r\nd\x7F", 9), "a" + none + "b" + none + "c" + none + none + "d" + none},
+             {"\u0085 \u2028 \u202E \u2066", none + ' ' + none + ' ' + none + ' ' + none},
+             {"\xFF" + omega + "\xC3", none + omega + none},
+             {letters(39) + omega, letters(39) + omega},
+             {letters(40) + omega, letters(39) + "\u2026"},
+             {letters(39) + omega + '\n', letters(39) + "\u2026"},
+             {letters(std::size_t{1} << 20), letters(39) + "\u2026"}})
+        EXPECT_EQ(Quoted(text), '"' + shown + '"');
+    // clang-format on
+    EXPECT_EQ(Visible(letters(50) + "\n" + omega), letters(50) + none + omega) << "whole";
+}
+
 TEST(Conversion, TextBecomesTheNearestCountAndAHalfTheEvenOne) {
     // clang-format off
     for (const auto& [text, count] :
@@ -83,6 +104,32 @@ TEST(Conversion, NumberBecomesItsSignificantDigitsAndNoMore) {
                                       {1e-8, "0.00000001"},
                                       {99.9999999, "100"}})
         EXPECT_EQ(ToSignificantText(value, 7), text);
+}
+
+TEST(Chance, IsCalledCertainOnlyWhereItIs) {
+    const struct {
+        Chance Given;
+        int Decimals;
+        const char* Text;
+    } cases[] = {
+        {{573, 427}, 1, "57.3%"},
+        {{1, 0}, 1, "100.0%"},
+        {{0, 1}, 1, "0.0%"},
+        {{1, 1e-300}, 1, "> 99.9%"},
+        {{1e-300, 1}, 1, "< 0.1%"},
+        {{0.9996, 0.0004}, 1, "> 99.9%"},
+        {{0.9994, 0.0006}, 1, "99.9%"},
+        {{0.0006, 0.9994}, 1, "0.1%"},
+        {{1, 2}, 4, "33.3333%"},
+        {{0, 7}, 0, "0%"},
+        {{7, 0}, 0, "100%"},
+        {{1, 199}, 0, "<1%"},
+        {{199, 1}, 0, ">99%"},
+        {{5, 195}, 0, "2%"},
+        {{7, 193}, 0, "4%"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(PercentText(c.Given, c.Decimals), c.Text) << c.Given.For << ' ' << c.Given.Against;
 }
 
 TEST(Conversion, TextsAreComparedWithoutOuterBlanksAndAsciiCapitals) {

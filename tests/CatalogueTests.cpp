@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "catalogue/CsvCatalogue.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <filesystem>
-#include <fstream>
-#include <functional>
 #include <set>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -20,16 +16,17 @@ namespace {
 using namespace std::string_literals;
 using enum CatalogueProvider::Selector;
 
-/// The armies, the heroes and the powers. In row 0 of the units most cells hold the number of their column.
+/// The armies, the heroes and the powers. In row 0 of the units most cells hold the number of their column;
+/// row 1 has the other end of the ranges.
 using Texts = std::array<std::string, 3>;
 const Texts ValidTexts{
     "id,name,plural,faction,cost,strength,upkeep,hits,turns,moves,view,trait1,trait2,movement,building,"
     "weapon,"
     "armour,terrain,bonus,size,description,notes,power,powersize\n"
-    "0,Reeds,c2,c3,4,5,6,7,8,9,10,c11,c12,c13,c14,c15,c16,ice,18,c19,c20,c21,22,23\n"
-    "1,Kites,12,,,-5,,-2147483648,2147483647,,,,,Fly,,,,,0,,,,-1,0\n",
+    "0,Reeds,c2,c3,4,5,6,3,8,9,10,c11,c12,c13,c14,c15,c16,ice,13,c19,c20,c21,22,23\n"
+    "1,Kites,12,,,14,-2147483648,4,99,2147483647,,,Undead,Fly,,,,,0,,,,-1,0\n",
     "id,name,plural,faction,cost,upkeep,moves,view,strength,weapon,hits,armour,movement,mount,description,"
-    "notes,terrain,bonus\n0,Thane,c2,c3,4,5,6,7,8,c9,10,c11,c12,c13,c14,c15,woods,17\n",
+    "notes,terrain,bonus\n0,Thane,c2,c3,4,5,6,7,8,c9,1,c11,c12,c13,c14,c15,woods,-13\n",
     "code,name\n22,Sparks\n-32768,\"Frost, \"\"deep\"\"\"\n"};
 constexpr std::size_t A = 0, H = 1, P = 2;
 const std::array<std::string, 3> FileNames{"armies.csv", "heroes.csv", "powers.csv"};
@@ -72,7 +69,7 @@ TEST(Catalogue, PutsEveryCellInItsColumnHoweverTheFileIsWritten) {
         const char* reason;
         Texts texts;
     } cases[] = {
-        {"as it stands", ValidTexts},
+        {"as it is", ValidTexts},
         {"byte order mark", Changed(A, "id,name", "\xEF\xBB\xBFid,name")},
         {"blank lines, blanks around and within quotes in the header", Changed(A, "id,name", "\n \t\n\"id\" , \" name\t\" ")},
         {"CR LF, blanks around and within a quoted cell", Changed(A, "\n1,Kites,", "\r\n\n \t\r\n1,\" Kites \"\t,")},
@@ -83,25 +80,30 @@ TEST(Catalogue, PutsEveryCellInItsColumnHoweverTheFileIsWritten) {
     for (const auto& test : cases)
         EXPECT_EQ(ContentsOrError([&] { return Read(test.texts); }),
                   "Sparks|Frost, \"deep\"|"
-                  "#0|Reeds|c2|c3|#4|#5|#6|#7|#8|#9|#10|c11|c12|c13|c14|c15|c16|ice|#18|c19|c20|c21|#22|#23|"
-                  "#1|Kites|12|||#-5||#-2147483648|#2147483647|||||Fly|||||#0||||#-1|#0|"
-                  "#0|Thane|c2|c3|#4|#5|#6|#7|#8|c9|#10|c11|c12|c13|c14|c15|woods|#17|")
+                  "#0|Reeds|c2|c3|#4|#5|#6|#3|#8|#9|#10|c11|c12|c13|c14|c15|c16|ice|#13|c19|c20|c21|#22|#23|"
+                  "#1|Kites|12|||#14|#-2147483648|#4|#99|#2147483647|||Undead|Fly|||||#0||||#-1|#0|"
+                  "#0|Thane|c2|c3|#4|#5|#6|#7|#8|c9|#1|c11|c12|c13|c14|c15|woods|#-13|")
             << test.reason;
 }
 
-TEST(Catalogue, RefusesABrokenFileAndTellsWhereAndWhy) {
+TEST(Catalogue, RefusesABrokenFileAndSaysWhereAndWhy) {
     const auto header = "a header that names each column once, with commas between the names";
-    const auto cells = "as many cells as the header has (a text with a comma stands in quotes)";
+    const auto cells = "as many cells as the header has (a text with a comma needs quotes around it)";
     const auto quotes = "quotes around the whole cell, on one line, and a quote within it doubled";
     const auto utf8 = "text that is saved as UTF-8", notUtf8 = "bytes that are not UTF-8";
     const auto cr = "a line end of CR alone", lf = "line ends of LF or CR LF";
-    const auto number = "a whole number from -2147483648 to 2147483647",
+    const auto strength = "a whole number from 1 to 14", hits = "a whole number from 1 to 4",
+               turns = "a whole number from 0 to 99", bonus = "a whole number from -13 to 13",
+               any = "a whole number from -2147483648 to 2147483647",
                code = "a whole number from -32768 to 32767";
     const auto name = "a name other than None", unique = "a name that no other army type or hero type has";
-    const auto mark = "a name without \" *\" at its end, which marks a unit with conditions";
+    const auto mark = "a name without an asterisk at its end, which marks a unit with conditions";
+    const auto heading = "a name that does not read as a heading or a setting of a battle's text";
     const auto terrain = "city, ice, hills, marsh, field, woods, or an empty cell for no bonus";
+    const auto noTerrain = "the terrain of the bonus, or a bonus of 0";
+    const auto undead = R"("undead", or a word that is less like it)", fly = R"("fly", or a word that is less like it)";
     const auto reedsAgain = R"("Reeds" again, after armies.csv, line 2, column "name")";
-    const std::string o60(60, 'o'), o59e = std::string(59, 'o') + "\xC3\xA9";
+    const std::string o41(41, 'o'), o39e = std::string(39, 'o') + "\u2026";
     const std::size_t rest = MaxFileSize - ValidTexts[P].size();
     const struct {
         std::size_t file;
@@ -112,25 +114,37 @@ TEST(Catalogue, RefusesABrokenFileAndTellsWhereAndWhy) {
         {P, "", "code,name\n\n", ", line 2", "no row below the header", "at least one"},
         {P, "\n-", std::string(rest + 2, '\n') + '-', "", "a file that is too large", "at most 4 MiB"},
         {P, "\n-", std::string(rest, '\n') + "--", ", line " + std::to_string(rest + 2) + ", column \"code\"", "\"--32768\"", code},  // 4 MiB exactly
-        {P, "", "code;name\n1;Hero\n", R"(, line 1, column "code")", "no such column", header},
+        {P, "", "code;name\n1;Hero\n", ", line 1", "none of the columns", header},
         {A, ",hits,", ",Hits,", R"(, line 1, column "hits")", "no such column", header},
-        {H, ",view,", ",hits,", R"(, line 1, column "hits")", "it twice", header},
+        {H, ",view,", ",view,hits,", R"(, line 1, column "hits")", "it twice", header},
         {A, "Kites", "Kites, black", ", line 3", "too many cells", cells},
-        {A, ",-5,", ",+-5,", R"(, line 3, column "strength")", R"("+-5")", number},
-        {A, "2147483647", "2147483648", R"(, line 3, column "turns")", R"("2147483648")", number},
+        {A, ",14,", ",+-5,", R"(, line 3, column "strength")", R"("+-5")", strength},
+        {A, ",14,", ",15,", R"(, line 3, column "strength")", R"("15")", strength},
+        {H, ",8,", ",0,", R"(, line 2, column "strength")", R"("0")", strength},
+        {A, ",4,99,", ",5,99,", R"(, line 3, column "hits")", R"("5")", hits},
+        {H, ",1,c11", ",0,c11", R"(, line 2, column "hits")", R"("0")", hits},
+        {A, ",99,", ",100,", R"(, line 3, column "turns")", R"("100")", turns},
+        {A, ",8,9,", ",-1,9,", R"(, line 2, column "turns")", R"("-1")", turns},
+        {A, "ice,13", "ice,14", R"(, line 2, column "bonus")", R"("14")", bonus},
+        {H, "woods,-13", "woods,-14", R"(, line 2, column "bonus")", R"("-14")", bonus},
+        {A, "2147483647", "2147483648", R"(, line 3, column "moves")", R"("2147483648")", any},
         {A, ",22,23", ",32768,23", R"(, line 2, column "power")", R"("32768")", code},
         {P, "-32768", "22", R"(, line 3, column "code")", R"("22" again)", "each power code once"},
         {P, "Sparks", "", R"(, line 2, column "name")", "an empty cell", "the power's name"},
         {A, "\n1,", "\n2,", R"(, line 3, column "id")", R"("2")", "1: identifiers count the rows from 0"},
+        {A, "\n0,Reeds", "\n1,Reeds", R"(, line 2, column "id")", R"("1")", "0: identifiers count the rows from 0"},
         {A, "Kites", "\"  \"", R"(, line 3, column "name")", "an empty cell", name},
         {H, "Thane", "\" None\"", R"(, line 2, column "name")", R"("None")", name},
         {A, "Kites", "\"Kites * \"", R"(, line 3, column "name")", R"("Kites *")", mark},
+        {A, "Kites", "terrain : city", R"(, line 3, column "name")", R"("terrain : city")", heading},
+        {H, "Thane", "Number of Battles:", R"(, line 2, column "name")", R"("Number of Battles:")", heading},
+        {H, "Thane", "Defending armies", R"(, line 2, column "name")", R"("Defending armies")", heading},
+        {A, "Kites", "QUICK RESULTS:", R"(, line 3, column "name")", R"("QUICK RESULTS:")", heading},
         {A, "Kites", "Reeds", R"(, line 3, column "name")", reedsAgain, unique},
         {H, "Thane", "Reeds", R"(, line 2, column "name")", reedsAgain, unique},
-        {A, ",-5,", ',' + o60 + ',', R"(, line 3, column "strength")", '"' + o60 + '"', number},
-        {A, ",-5,", ',' + o59e + ',', R"(, line 3, column "strength")", '"' + o60.substr(1) + "...\"", number},
+        {A, ",14,", ',' + o41 + ',', R"(, line 3, column "strength")", '"' + o39e + '"', strength},
         {A, "id,", "\"id,", ", line 1", "a quote that is never closed", quotes},
-        {A, "Kites", "\"Kites\nblack\"", ", line 3", "a quote that is never closed", quotes},
+        {A, "Kites", "\"Kites", ", line 3", "a quote that is never closed", quotes},
         {A, "Kites", "Big \"red\" kites", ", line 3", "a quote in the middle of a cell", quotes},
         {H, "", "id,n\xC3", ", line 1", notUtf8, utf8},            // a character cut in two
         {P, "", "\xFF\xFE\x63\0o\0"s, ", line 1", notUtf8, utf8},  // UTF-16
@@ -138,85 +152,56 @@ TEST(Catalogue, RefusesABrokenFileAndTellsWhereAndWhy) {
         {P, "", "code,name\r22,Sparks\r", ", line 1", cr, lf},
         {P, "Sparks\n", "Sparks\r\r\n", ", line 2", cr, lf},
         {A, ",ice,", ",Ice,", R"(, line 2, column "terrain")", R"("Ice")", terrain},
+        {A, ",ice,", ",,", R"(, line 2, column "terrain")", "an empty cell", noTerrain},
+        {H, ",woods,", ",,", R"(, line 2, column "terrain")", "an empty cell", noTerrain},
+        {A, "c11", "Undeed", R"(, line 2, column "trait1")", R"("Undeed")", undead},
+        {A, "c12", "udnead", R"(, line 2, column "trait2")", R"("udnead")", undead},
+        {A, "Fly", "Flys", R"(, line 3, column "movement")", R"("Flys")", fly},
+        {H, "c12", "fy", R"(, line 2, column "movement")", R"("fy")", fly},
     };
     for (const auto& test : cases)
         EXPECT_EQ(ContentsOrError([&] { return Read(Changed(test.file, test.from, test.to)); }),
-                  FileNames[test.file] + test.where + ": found " + test.found + ", expected " +
-                      test.expected + '.');
+                  "The unit catalogue cannot be used:\n" + FileNames[test.file] + test.where + ": found " +
+                      test.found + ", expected " + test.expected + '.');
+}
+
+TEST(Catalogue, TakesTheSizesOfAPowerThatDifferToTheRules) {
+    const auto read = [](const std::string& power, int size) {
+        return ContentsOrError([&] { return Read(Changed(A, "22,23", power + ',' + std::to_string(size))); });
+    };
+    for (const auto& [powers, highest] : {std::pair{"2 3 4 5 6", 5}, {"26 27 33", 25}, {"32", 3}, {"37", 13},
+                                          {"28 30 38 39 41", 99}, {"1 -1 29", 99}, {"0", 0}})
+        for (const std::string& power : test::Split(powers, ' ')) {
+            EXPECT_NE(read(power, highest).find('#' + power + "|#" + std::to_string(highest) + '|'), std::string::npos);
+            for (const int size : {-1, highest + 1})
+                EXPECT_EQ(read(power, size), "The unit catalogue cannot be used:\narmies.csv, line 2, column \"powersize\": found \"" +
+                                                 std::to_string(size) + "\", expected " +
+                                                 (highest == 0 ? "0" : "a whole number from 0 to " + std::to_string(highest)) +
+                                                 " for power " + power + '.');
+        }
+}
+
+TEST(Catalogue, ListsItsFaultsUpToTen) {
+    Texts texts{Changed(A, "0,Reeds,c2,c3,4,5,6,3,8,", "5,,c2,c3,much,0,6,,2.5,")[A], "Id;name\n0;Thane\n", ValidTexts[P] + "7\n,\n"};
+    texts[A].replace(texts[A].find("1,Kites"), 1, "6");  // counts on from the 5
+    const auto listed = [&] { return ContentsOrError([&] { return Read(texts); }); };
+    const std::string eight = "The unit catalogue cannot be used:\n"
+        "armies.csv, line 2, column \"id\": found \"5\", expected 0: identifiers count the rows from 0.\n"
+        "armies.csv, line 2, column \"name\": found an empty cell, expected a name other than None.\n"
+        "armies.csv, line 2, column \"cost\": found \"much\", expected a whole number from -2147483648 to 2147483647.\n"
+        "armies.csv, line 2, column \"strength\": found \"0\", expected a whole number from 1 to 14.\n"
+        "armies.csv, line 2, column \"hits\": found an empty cell, expected a whole number from 1 to 4.\n"
+        "armies.csv, line 2, column \"turns\": found \"2.5\", expected a whole number from 0 to 99.\n"
+        "heroes.csv, line 1: found none of the columns, expected a header that names each column once, with commas between the names.\n"
+        "powers.csv, line 4: found too few cells, expected as many cells as the header has (a text with a comma needs quotes around it).";
+    const std::string ten = eight + "\n"
+        "powers.csv, line 5, column \"name\": found an empty cell, expected the power's name.\n"
+        "powers.csv, line 5, column \"code\": found an empty cell, expected a whole number from -32768 to 32767.";
+    EXPECT_EQ(listed(), ten);
+    texts[P] += ",\n1\n";
+    EXPECT_EQ(listed(), ten + "\nAnd 3 more.");
 }
 // clang-format on
-
-/// A valid catalogue in a folder of its own.
-class CatalogueFolder : public testing::Test {
-protected:
-    using Path = std::filesystem::path;
-
-    CatalogueFolder() { Restore(); }
-    ~CatalogueFolder() override { Remove(); }
-
-    void Restore() {
-        Remove();
-        std::filesystem::create_directories(folder_);
-        for (std::size_t i = 0; i < FileNames.size(); ++i)
-            std::ofstream{folder_ / FileNames[i]} << ValidTexts[i];
-    }
-
-    [[nodiscard]] std::string ContentsOrErrorOf(const std::vector<Path>& candidates) const {
-        return ContentsOrError([&] { return CsvCatalogue::FromFirstFolder(candidates); });
-    }
-
-    const Path root_ = Path{testing::TempDir()} / ("vorhaven-catalogue-" + std::to_string(getpid()));
-    const Path folder_ = root_ / "catalogue";
-
-private:
-    void Remove() const { std::filesystem::remove_all(root_); }
-};
-
-// clang-format off
-TEST_F(CatalogueFolder, WithAFaultIsRefusedAndNotPassedOver) {
-    const auto armies = folder_ / "armies.csv";
-    const auto unreadable = "no way to read it", dangling = "a symbolic link that leads nowhere",
-               special = "a pipe or a device";
-    const auto folder = "a readable folder with armies.csv, heroes.csv and powers.csv",
-               file = "a readable file (the folder of a catalogue holds armies.csv, heroes.csv and powers.csv)";
-    const auto replaceByLink = [](const Path& path, const Path& target) {
-        std::filesystem::remove_all(path);
-        std::filesystem::create_symlink(target, path);
-    };
-    const struct {
-        std::function<void()> spoil;
-        Path where;
-        std::string found, expected;
-    } cases[] = {
-        {[&] { std::filesystem::remove(armies); }, armies, "nothing of this name", file},
-        {[&] { std::filesystem::remove(armies); std::filesystem::create_directory(armies); }, armies, "a folder", file},
-        {[&] { std::filesystem::remove(armies); mkfifo(armies.c_str(), 0666); }, armies, special, file},
-        {[&] { replaceByLink(armies, "/dev/zero"); }, armies, special, file},
-        {[&] { replaceByLink(armies, "nowhere"); }, armies, dangling, file},
-        {[&] { replaceByLink(armies, armies); }, armies, unreadable, file},
-        {[&] { std::filesystem::resize_file(armies, std::uintmax_t{8} << 30); }, armies, "a file that is too large", "at most 4 MiB"},
-        {[&] { replaceByLink(folder_, "nowhere"); }, folder_, dangling, folder},
-        {[&] { replaceByLink(folder_, folder_); }, folder_, unreadable, folder},
-        {[&] { std::filesystem::remove_all(folder_); std::ofstream{folder_}; }, folder_, "a file", folder},
-    };
-    for (const auto& test : cases) {
-        Restore();
-        test.spoil();
-        EXPECT_EQ(ContentsOrErrorOf({folder_}),
-                  test.where.string() + ": found " + test.found + ", expected " + test.expected + '.');
-    }
-}
-// clang-format on
-
-TEST_F(CatalogueFolder, ReplacesTheBuiltInCatalogueAndIsPassedOverWhereNothingExists) {
-    const std::vector<Path> nothing{root_ / "missing", root_ / "missing/catalogue",
-                                    folder_ / "armies.csv/catalogue"};
-    EXPECT_EQ(ContentsOrErrorOf(nothing), Contents(CsvCatalogue::BuiltIn()));
-    std::filesystem::create_directory_symlink(folder_, root_ / "link");
-    for (const Path& own : {folder_, root_ / "link"})
-        EXPECT_EQ(ContentsOrErrorOf({nothing[0], nothing[1], nothing[2], own, root_}),
-                  Contents(Read(ValidTexts)));
-}
 
 TEST(Catalogue, TheBuiltInOneHasEveryPowerAndNamesIt) {
     const CsvCatalogue catalogue = CsvCatalogue::BuiltIn();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "tests/support/FakeToolkit.h"
+#include "ui/setup/BattleText.h"
 #include "ui/setup/WinMargin.h"
 
 #include <gtest/gtest.h>
@@ -17,10 +18,10 @@ struct Player final : Game {
         action();
         Pad.Settle();
     }
-    void Mark(std::size_t side, Long line, std::size_t item) {
+    void Mark(Side side, Long line, std::size_t item) {
         Do([&] { Game::Mark(side, {line}, {item}); });
     }
-    void Pick(std::size_t side, const std::vector<Long>& entries) {
+    void Pick(Side side, const std::vector<Long>& entries) {
         Do([&] { Add(side, entries); });
     }
     void Paste(Side side, const std::string& text) {
@@ -54,13 +55,20 @@ TEST(Undo, PutsBackEveryKindOfChangeAndRedoGoesForwardAgain) {
     Player player;
     frmBrawlpad& pad = player.Pad;
     const std::vector<std::function<void()>> actions{
-        [&] { player.Add(0, {Midges}); },     [&] { player.Add(0, {Captain}); },
-        [&] { player.Mark(0, 1, 1); },        [&] { pad.mnuPopupItemMedals[3].Choose(); },
-        [&] { pad.sscListArrow[0].Press(); }, [&] { pad.sscDup[0].Press(); },
-        [&] { pad.mnuPopupDelete.Choose(); }, [&] { player.Add(1, std::vector<Long>(9, Ghouls)); },
-        [&] { pad.cboCityLevel.Choose(2); },  [&] { pad.sscSwapSides.Press(); },
-        [&] { pad.sscClearList[1].Press(); }, [&] { pad.cboTerrain.Choose(3); },
-        [&] { pad.updCombatDice.Step(1); },   [&] { pad.txtNumSimulations.SetText("500"); },
+        [&] { player.Add(Attacker, {Midges}); },
+        [&] { player.Add(Attacker, {Captain}); },
+        [&] { player.Mark(Attacker, 1, 1); },
+        [&] { pad.mnuPopupItemMedals[3].Choose(); },
+        [&] { pad.sscListArrow[0].Press(); },
+        [&] { pad.sscDup[Attacker].Press(); },
+        [&] { pad.mnuPopupDelete.Choose(); },
+        [&] { player.Add(Defender, std::vector<Long>(9, Ghouls)); },
+        [&] { pad.cboCityLevel.Choose(2); },
+        [&] { pad.sscSwapSides.Press(); },
+        [&] { pad.sscClearList[Defender].Press(); },
+        [&] { pad.cboTerrain.Choose(3); },
+        [&] { pad.updCombatDice.Step(1); },
+        [&] { pad.txtNumSimulations.SetText("500"); },
     };
     std::vector<vorhaven::Setup> states{pad.CurrentSetup()};
     for (const auto& action : actions) {
@@ -90,49 +98,78 @@ TEST(Undo, TakesTheKeysOfOneNumberTogetherAndForgetsWhatWasUndoneOnceSomethingEl
         pad.Undo();
         EXPECT_EQ(pad.CombatDice, dice);
     }
-    player.Pick(0, {Midges, Giants});
+    player.Pick(Attacker, {Midges, Giants});
     EXPECT_FALSE(pad.mnuRedo.Enabled);
     // What is typed after an undo is a step of its own, and undoing it leaves the selection where it is.
-    pad.lstArmies[0].Select({1, {1}});
+    pad.lstArmies[Attacker].Select({1, {1}});
     for (const char* typed : {"30", "31"}) {
         player.Do([&] { pad.txtCombatDice.SetText(typed); });
         pad.Undo();
         EXPECT_EQ(pad.CombatDice, 20);
     }
-    EXPECT_EQ(pad.lstArmies[0].ListIndex(), 1);
-    EXPECT_EQ(pad.lstArmies[0].SelectedLines(), std::vector<Long>{1});
+    EXPECT_EQ(pad.lstArmies[Attacker].ListIndex(), 1);
+    EXPECT_EQ(pad.lstArmies[Attacker].SelectedLines(), std::vector<Long>{1});
     // What stood in a field in the midst of typing is completed when it comes back after the field was left.
     player.Do([&] { pad.txtNumSimulations.SetText(""); });
-    player.Pick(0, {Midges});
+    player.Pick(Attacker, {Midges});
     player.Do([&] { pad.txtNumSimulations.SetText("70"); });
     pad.Undo();
     EXPECT_EQ(pad.NumBattles(), 10);
 }
 
+TEST(Undo, BringsBackWhatWasEnteredForAHero) {
+    Player player;
+    frmBrawlpad& pad = player.Pad;
+    player.Pick(Attacker, {Captain});
+    player.Pick(Defender, {Midges});
+    std::string offered;
+    const auto fightWith = [&](const std::function<void(frmHero&)>& leave) {
+        player.Toolkit.OnHero = [&](frmHero& editor) {
+            offered += editor.LastValues ? ToText(editor.LastValues->Strength) + " " : "none ";
+            leave(editor);
+        };
+        player.Fight();
+    };
+    fightWith([](frmHero& editor) {
+        editor.Field(&HeroValues::Strength).txt.SetText("9");
+        editor.cmdProceed.Press();
+    });
+    fightWith([](frmHero& editor) { editor.cmdProceed.Press(); });
+    pad.Undo();
+    EXPECT_EQ(player.OutOfDate(), "before the latest changes") << "6 fought, 9 is set up";
+    fightWith([](frmHero& /*editor*/) {});
+    EXPECT_EQ(player.OutOfDate(), "before the latest changes")
+        << "an editor closed without Done enters nothing";
+    pad.lstArmies.Attacker.Select({0, {0}});
+    player.Do([&] { pad.sscDup.Attacker.Press(); });
+    fightWith([](frmHero& /*editor*/) {});
+    EXPECT_EQ(offered, "none 9 9 9 none ") << "a copy begins anew";
+}
+
 TEST(Lists, TellWhatALineReallyHasAndHowFullTheyAre) {
     Player player;
     frmBrawlpad& pad = player.Pad;
-    player.Pick(0, {Midges});
-    player.Mark(0, 0, 1);
+    player.Pick(Attacker, {Midges});
+    player.Mark(Attacker, 0, 1);
     pad.mnuPopupItemMedals[2].Choose();
-    player.Do([&] { pad.sscDup[0].Press(); });
-    const ListBox& list = pad.lstArmies[0];
+    player.Do([&] { pad.sscDup[Attacker].Press(); });
+    const ListBox& list = pad.lstArmies[Attacker];
     EXPECT_EQ(list.Note(0), "blessed, 2 medals");
     EXPECT_EQ(list.Entry(1).Text + list.Note(1), "Midges *") << "a copy has the mark alone";
-    EXPECT_EQ(Player::Text(pad.lblCount[0]), "2 of 32");
-    pad.txtDup[0].SetText("30");
-    player.Do([&] { pad.sscDup[0].Press(); });
+    EXPECT_EQ(Player::Text(pad.lblCount[Attacker]), "2 of 32");
+    pad.txtDup[Attacker].SetText("30");
+    player.Do([&] { pad.sscDup[Attacker].Press(); });
     EXPECT_EQ(player.Notice, "") << "all of them found room";
-    player.Pick(0, {Midges});
-    EXPECT_EQ(Player::Text(pad.lblCount[0]), "32 of 32");
+    player.Pick(Attacker, {Midges});
+    EXPECT_EQ(Player::Text(pad.lblCount[Attacker]), "32 of 32");
     EXPECT_EQ(player.Notice, "The list is full: delete an army to make room for another");
 }
 
 TEST(QuickResults, SayWhenTheyBelongToAnEarlierSetUp) {
     Player player;
     frmBrawlpad& pad = player.Pad;
-    player.Pick(0, {Midges, Midges});
-    player.Pick(1, {Midges});
+    player.Pick(Attacker, {Midges, Midges});
+    player.Pick(Defender, {Midges});
     EXPECT_EQ(pad.WinMarginInWords.Get(), "");
     bool isTouched = false;
     const Connection touched = pad.SetupTouched.Connect([&] { isTouched = true; });
@@ -140,9 +177,10 @@ TEST(QuickResults, SayWhenTheyBelongToAnEarlierSetUp) {
     EXPECT_TRUE(isTouched) << "a view has to take in that there are new results";
     EXPECT_NE(pad.WinMarginInWords.Get(), "");
     const std::pair<const char*, std::function<void()>> changes[]{
-        {"armies", [&] { player.Add(0, {Midges}); }},
-        {"conditions", [&] { player.Mark(0, 0, 2); }},
-        {"order", [&] { player.Add(0, {Giants}), pad.Settle(), pad.Undo(), player.Mark(0, 0, 7); }},
+        {"armies", [&] { player.Add(Attacker, {Midges}); }},
+        {"conditions", [&] { player.Mark(Attacker, 0, 2); }},
+        {"order",
+         [&] { player.Add(Attacker, {Giants}), pad.Settle(), pad.Undo(), player.Mark(Attacker, 0, 7); }},
         {"terrain", [&] { pad.cboTerrain.Choose(0); }},
         {"dice", [&] { pad.txtCombatDice.SetText("30"); }},
     };
@@ -163,28 +201,28 @@ TEST(QuickResults, SayWhenTheyBelongToAnEarlierSetUp) {
 TEST(QuickResults, AreOfOtherHeroesWhenAHeroOfOtherValuesTakesALine) {
     Player player;
     frmBrawlpad& pad = player.Pad;
-    player.Pick(0, {Captain, Captain});
-    player.Pick(1, {Midges});
+    player.Pick(Attacker, {Captain, Captain});
+    player.Pick(Defender, {Midges});
     player.Toolkit.OnHero = [](frmHero& editor) { editor.cmdProceed.Press(); };
     player.Fight();
-    player.Do([&] { pad.DeleteArmyFromList(Side::Attack, 1); });
+    player.Do([&] { pad.DeleteArmyFromList(Attacker, 1); });
     EXPECT_EQ(player.OutOfDate(), "before the latest changes");
-    player.Pick(0, {Captain});
+    player.Pick(Attacker, {Captain});
     EXPECT_EQ(player.OutOfDate(), "") << "the same as the one that went: both as they begin";
 
     int strength = 6;
     player.Toolkit.OnHero = [&](frmHero& editor) {
-        editor.Strength.txt.SetText(std::to_string(++strength));
+        editor.Field(&HeroValues::Strength).txt.SetText(std::to_string(++strength));
         editor.cmdProceed.Press();
     };
     player.Fight();
     EXPECT_EQ(player.OutOfDate(), "");
-    pad.lstArmies[0].Select({0, {0}});
+    pad.lstArmies[Attacker].Select({0, {0}});
     player.Do([&] { pad.sscListArrow[1].Press(); });
     EXPECT_EQ(player.OutOfDate(), "before the latest changes");
     pad.Undo();
     EXPECT_EQ(player.OutOfDate(), "");
-    player.Paste(Side::Attack, "Attacking Armies\nCaptain\nCaptain\nDefending Armies\nMidges");
+    player.Paste(Attacker, "Attacking Armies\nCaptain\nCaptain\nDefending Armies\nMidges");
     EXPECT_EQ(player.OutOfDate(), "before the latest changes");
 }
 
@@ -211,19 +249,11 @@ TEST(WinMargin, IsHalfTheScoreIntervalAndNeverNothing) {
               "With a confidence of 95%, the attacker's chance of winning is between 1.8% and 40.4%");
 }
 
-bool IsSameBattle(const vorhaven::Setup& a, const vorhaven::Setup& b) {
-    const auto isSameLine = [](const SetupLine& one, const SetupLine& other) {
-        return one.Entry.Datum == other.Entry.Datum && one.Health == other.Health;
-    };
-    return std::ranges::equal(a.Sides[0], b.Sides[0], isSameLine) &&
-           std::ranges::equal(a.Sides[1], b.Sides[1], isSameLine) && a.Terrain == b.Terrain &&
-           a.CityLevel == b.CityLevel && a.CombatDice == b.CombatDice;
-}
-
 TEST(BattleText, ReadsBackAsTheSameBattleWhateverIsSetUp) {
     Player player;
     frmBrawlpad& pad = player.Pad;
-    const auto none = SizeOf(pad.cboArmies[0].Items()) - 1;
+    const Units units{player.Catalogue};
+    const auto none = SizeOf(units.Entries()) - 1;
     std::mt19937 random{20260101};
     const auto any = [&random](int count) {
         return static_cast<int>(random() % static_cast<unsigned>(count));
@@ -234,10 +264,10 @@ TEST(BattleText, ReadsBackAsTheSameBattleWhateverIsSetUp) {
         editor.cmdProceed.Press();
     };
     for (int round = 0; round < 60; ++round) {
-        for (ListBox& list : pad.lstArmies)
-            list.Clear();
+        for (const Side side : BothSides)
+            pad.lstArmies[side].Clear();
         pad.RefreshHealthArray();
-        for (const std::size_t side : {0U, 1U})
+        for (const Side side : BothSides)
             for (int line = any(33); line >= 0; --line) {
                 player.Add(side, {any(none.Value())});
                 player.Mark(side, any(line + 1), static_cast<std::size_t>(any(7) + 1));
@@ -251,13 +281,13 @@ TEST(BattleText, ReadsBackAsTheSameBattleWhateverIsSetUp) {
         pad.Settle();
         const vorhaven::Setup copied = pad.CurrentSetup();
         const std::string text = pad.BattleAsText();
-        pad.sscClearList[0].Press();
-        pad.sscClearList[1].Press();
+        pad.sscClearList[Attacker].Press();
+        pad.sscClearList[Defender].Press();
         pad.cboTerrain.Choose(2);
         pad.updCombatDice.Step(100);
-        player.Paste(Side::Attack, text);
+        player.Paste(Attacker, text);
         EXPECT_EQ(player.Toolkit.Message, "");
-        EXPECT_TRUE(IsSameBattle(pad.CurrentSetup(), copied)) << text;
+        EXPECT_TRUE(IsSameBattle(pad.CurrentSetup(), copied, units)) << text;
         EXPECT_EQ(pad.BattleAsText(), text);
     }
 }
@@ -265,60 +295,74 @@ TEST(BattleText, ReadsBackAsTheSameBattleWhateverIsSetUp) {
 TEST(BattleText, IsPlainAndTakesWhatAPersonTypes) {
     Player player;
     frmBrawlpad& pad = player.Pad;
-    player.Pick(0, {Midges});
-    player.Paste(Side::Attack, "defending armies\r\n  giants , BLESSED,2 medals\n\nCaptain, strength 9\r\n"
-                               "Terrain: City\nCity Level: castle\nCombat Dice: 25\n");
+    player.Pick(Attacker, {Midges});
+    player.Paste(Attacker, "defending armies\r\n  giants , BLESSED,2 medals\n\nCaptain, strength 9\r\n"
+                           "Terrain: City\nCity Level: castle\nCombat Dice: 25\n");
     EXPECT_EQ(pad.BattleAsText(), "Defending Armies\nGiants, blessed, 2 medals\n"
                                   "Captain, strength 9, hits 3, leadership 1\n\n"
                                   "Terrain: city\nCity Level: Castle (+2)\nCombat Dice: 25\n"
                                   "Number of Battles: 1000\n");
     pad.Undo();
-    EXPECT_EQ(pad.lstArmies[0].ListCount() + pad.lstArmies[1].ListCount(), 1);
-    pad.lstArmies[0].Select({0, {0}});
+    EXPECT_EQ(pad.lstArmies[Attacker].ListCount() + pad.lstArmies[Defender].ListCount(), 1);
+    pad.lstArmies[Attacker].Select({0, {0}});
     pad.mnuCopy.Choose();
-    player.Paste(Side::Defend, "Midges\nNone\n");
-    EXPECT_EQ(pad.lstArmies[1].Entry(1).Text, "None");
-    pad.lstArmies[0].Select({});
+    player.Paste(Defender, "Midges\nNone\n");
+    EXPECT_EQ(pad.lstArmies[Defender].Entry(1).Text, "None");
+    pad.lstArmies[Attacker].Select({});
     pad.mnuCopy.Choose();
     EXPECT_EQ(player.Toolkit.Clipboard, "Midges\n") << "there was nothing else to copy";
     pad.txtNumSimulations.SetText("5");
-    player.Paste(Side::Attack, pad.BattleAsText());
+    player.Paste(Attacker, pad.BattleAsText());
     EXPECT_EQ(player.Toolkit.Message, "") << "a number that is still being typed is left out";
 }
 
 TEST(BattleText, TakesUnitsByTheirWholeNamesAndKeepsAnyValueOfAHero) {
-    const std::vector<ListEntry> units{{"Guard", 0}, {"Guard, blessed", 1}, {"Guard, bl", 2}, {"GUARD", 3}};
-    const std::vector<ListEntry> cityLevels;
-    const BattleText format{{units, cityLevels, 15, 100, [](Long) { return HeroValues{}; }}};
+    struct Guards final : CatalogueProvider {
+        const Table& GetTable(Selector name) const override {
+            return name == Selector::Armies ? Armies : Heroes;
+        }
+        std::string PowerName(std::int16_t /*code*/) const override { return ""; }
+        const Table Armies = SmallCatalogue::Spread({0, 1}, {{0, "Guard, blessed"}, {1, "GUARD"}});
+        const Table Heroes = SmallCatalogue::Spread({0, 1}, {{0, "Guard"}, {1, "Guard, bl"}});
+    };
+    const Guards guards;
+    const Units units{guards};
     HeroValues entered;
     entered.Hits = 3;
     entered.Morale = -3;
-    BattleDescription battle;
-    battle.Loose = {{1, {}, {}}, {3, {}, {}}, {0, HealthRow{.Flying = true}, entered}};
-    EXPECT_EQ(format.Write(battle), "Guard, blessed\nGUARD\n"
-                                    "Guard, flying, strength 0, hits 3, leadership 0, morale -3\n");
-    EXPECT_EQ(format.Read(format.Write(battle)), battle);
+    const HeroValues all{7, 2, 60, 61, 62, 63, 64, 65, 66, 67, 68, 69, 70, 71};
+    vorhaven::Setup battle;
+    battle.Sides.Attacker = {{0, "Guard, blessed"},
+                             {1, "GUARD"},
+                             {2, "Guard *", HealthRow{.Flying = true}, entered},
+                             {3, "Guard, bl", {}, all}};
+    const std::string text = BattleText{units}.Write(battle.Sides.Attacker);
+    EXPECT_EQ(text,
+              "Guard, blessed\nGUARD\nGuard, flying, strength 0, hits 3, leadership 0, morale -3\n"
+              "Guard, bl, strength 7, hits 2, leadership 60, morale 61, fortification 62, chaos 63, fear 64, "
+              "siege 65, assassination 66, missle 67, curse 68, acid 69, lightning 70, trample 71\n");
+    EXPECT_EQ(BattleText{units}.Read(text, {}, Attacker), battle);
 }
 
 TEST(BattleText, OfABattleTakesThePlaceOfAllThatWasSetUp) {
     Player player;
     frmBrawlpad& pad = player.Pad;
-    player.Pick(1, {Midges, Midges});
-    player.Mark(1, 1, 1);
-    player.Paste(Side::Attack, "Defending Armies\n" + MidgesAsText(9));
+    player.Pick(Defender, {Midges, Midges});
+    player.Mark(Defender, 1, 1);
+    player.Paste(Attacker, "Defending Armies\n" + MidgesAsText(9));
     EXPECT_EQ(pad.Terrain(), "city");
     EXPECT_FALSE(pad.cboTerrain.Enabled);
     EXPECT_EQ(Player::Text(pad.lblTerrainLocked), "More than 8 defenders stand in a city");
-    player.Mark(1, 8, 1);
-    player.Paste(Side::Attack, "Defending Armies\nGhouls\nTerrain: ice");
+    player.Mark(Defender, 8, 1);
+    player.Paste(Attacker, "Defending Armies\nGhouls\nTerrain: ice");
     EXPECT_EQ(pad.Terrain() + Player::Text(pad.lblTerrainLocked), "ice");
-    player.Pick(1, std::vector<Long>(8, Midges));
-    EXPECT_EQ(pad.lstArmies[1].Note(8), "") << "the conditions of a line that is gone";
+    player.Pick(Defender, std::vector<Long>(8, Midges));
+    EXPECT_EQ(pad.lstArmies[Defender].Note(8), "") << "the conditions of a line that is gone";
 }
 
 TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
     Player player;
-    player.Pick(0, {Midges});
+    player.Pick(Attacker, {Midges});
     // clang-format off
     const struct { std::string Text, Fault; } cases[]{
         {"Midges\nMidge\n", "Line 2: \"Midge\" is no unit of the catalogue"},
@@ -335,14 +379,14 @@ TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
     // clang-format on
     const vorhaven::Setup before = player.Pad.CurrentSetup();
     for (const auto& [text, fault] : cases) {
-        player.Pad.Paste(Side::Defend, text);
+        player.Pad.Paste(Defender, text);
         EXPECT_EQ(player.Toolkit.Message, fault + ".\nNothing was pasted.");
         EXPECT_EQ(player.Pad.CurrentSetup(), before) << fault;
     }
 
     // What can be read does not always fit.
     for (const std::string& text : {MidgesAsText(32), "Midges\nAttacking Armies\n" + MidgesAsText(32)}) {
-        player.Pad.Paste(Side::Attack, text);
+        player.Pad.Paste(Attacker, text);
         EXPECT_EQ(std::exchange(player.Notice, ""),
                   "The list would hold more than 32 armies, so nothing was pasted");
         EXPECT_EQ(player.Pad.CurrentSetup(), before);
@@ -360,13 +404,12 @@ std::string DuelChances(double attackStrength, double defendStrength, double fac
 TEST(LiveOdds, FollowEveryChangeOfTheBattle) {
     Player player;
     frmBrawlpad& pad = player.Pad;
-    pad.OddsBudget = std::chrono::hours{1};
     EXPECT_EQ(player.Chances(), "– –");
-    player.Pick(0, {Midges});
+    player.Pick(Attacker, {Midges});
     EXPECT_EQ(player.OddsState(), "Pick armies for both sides");
-    player.Pick(1, {Midges});
+    player.Pick(Defender, {Midges});
     EXPECT_EQ(player.Chances(), DuelChances(1, 1));
-    player.Mark(0, 0, 1);
+    player.Mark(Attacker, 0, 1);
     EXPECT_EQ(player.Chances(), DuelChances(2, 1));
     player.Do([&] { pad.txtCombatDice.SetText("30"); });
     EXPECT_EQ(player.Chances(), DuelChances(2, 1, 30));
@@ -387,7 +430,7 @@ TEST(LiveOdds, FollowEveryChangeOfTheBattle) {
     EXPECT_EQ(shown, 0) << "odds that stand are not computed again";
 
     // The detailed results get them side by side: the attacker cannot lose two armies, the defender can.
-    player.Pick(1, {Midges});
+    player.Pick(Defender, {Midges});
     pad.cmdAttack.Press();
     player.Toolkit.OnMoreResults = [](frmMoreResults& results) {
         EXPECT_EQ(results.mscAttMore.Beside.Get().Reachable, 2);
@@ -397,7 +440,7 @@ TEST(LiveOdds, FollowEveryChangeOfTheBattle) {
     };
     pad.sscMoreResults.Press();
 
-    player.Do([&] { pad.sscClearList[0].Press(); });
+    player.Do([&] { pad.sscClearList[Attacker].Press(); });
     EXPECT_EQ(player.Chances(), "– –");
     EXPECT_EQ(pad.OddsFrame.AttackerShare(), std::nullopt);
 }
@@ -426,14 +469,13 @@ TEST(OddsPanel, NeverCallsThePossibleImpossibleNorTheLikelyCertain) {
 TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
     Player player;
     frmBrawlpad& pad = player.Pad;
-    pad.OddsBudget = std::chrono::hours{1};
-    player.Pick(0, {Midges, Captain});
-    player.Pick(1, {Midges});
+    player.Pick(Attacker, {Midges, Captain});
+    player.Pick(Defender, {Midges});
     const std::string asTheyBegin = player.Chances();
     EXPECT_EQ(player.OddsState(), "With the heroes as their editors begin");
     std::string during;
     player.Toolkit.OnHero = [](frmHero& editor) {
-        for (HeroField* field : {&editor.Strength, &editor.Hits})
+        for (HeroField* field : {&editor.Field(&HeroValues::Strength), &editor.Field(&HeroValues::Hits)})
             field->txt.SetText("1");
         editor.cmdProceed.Press();
     };
@@ -445,22 +487,23 @@ TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
     EXPECT_NE(player.Chances(), asTheyBegin);
     EXPECT_EQ(player.Chances(), during) << "the odds of the lists that fight, already while they do";
     EXPECT_EQ(player.OddsState(), "With the heroes as entered last");
-    player.Pick(0, {Captain});
+    player.Pick(Attacker, {Captain});
     EXPECT_EQ(player.OddsState(), "With the heroes as entered last, the others as their editors begin");
     // Both heroes go, and with them what was entered; a new one begins anew.
     for (const Long line : {2, 1})
-        player.Do([&] { pad.DeleteArmyFromList(Side::Attack, line); });
-    player.Pick(0, {Captain});
+        player.Do([&] { pad.DeleteArmyFromList(Attacker, line); });
+    player.Pick(Attacker, {Captain});
     EXPECT_EQ(player.Chances(), asTheyBegin);
 
     // The next editor offers what was entered for its own line, wherever that line is by now.
     player.Fight();
-    pad.lstArmies[0].Select({1, {1}});
+    pad.lstArmies[Attacker].Select({1, {1}});
     player.Do([&] { pad.sscListArrow[0].Press(); });
     std::string offered;
     player.Toolkit.OnHero = [&](frmHero& editor) {
         editor.cmdLastValues.Press();
-        offered = editor.Strength.txt.Text() + "/" + editor.Hits.txt.Text();
+        offered =
+            editor.Field(&HeroValues::Strength).txt.Text() + "/" + editor.Field(&HeroValues::Hits).txt.Text();
         editor.cmdProceed.Press();
     };
     player.Fight();
@@ -469,16 +512,33 @@ TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
 
 TEST(LiveOdds, ThatCannotBeToldSayWhyAndRaiseNothing) {
     Player player;
-    player.Pick(0, {Colossi, Midges});
-    player.Pick(1, {Giants, Midges});
+    player.Pick(Attacker, {Colossi, Midges});
+    player.Pick(Defender, {Giants, Midges});
     player.Do([&] { player.Pad.cboTerrain.Choose(3); });
     EXPECT_EQ(player.Chances(), "– –");
     EXPECT_EQ(player.OddsState(), "There are no odds of this battle: Overflow");
-    player.Pad.OddsBudget = std::chrono::milliseconds{0};
-    player.Do([&] { player.Pad.sscClearList[0].Press(); });
-    player.Add(0, std::vector<Long>(32, Stalkers));
-    player.Pick(1, std::vector<Long>(32, Ghouls));
-    EXPECT_EQ(player.OddsState(), "Too many outcomes to sum up at once: Attack will tell");
+}
+
+TEST(LiveOdds, OfAVolleyOfThousandsAreLeftToTheDetailedResultsAndOfMoreToTheRun) {
+    Player player;
+    player.Toolkit.OnHero = [](frmHero& editor) {
+        editor.cmdLastValues.Press();
+        editor.cmdProceed.Press();
+    };
+    for (const auto& [missiles, isExact] : {std::pair{"1000", true}, {"99999", false}}) {
+        player.Paste(Attacker,
+                     std::string("Attacking Armies\nCaptain, strength 1, hits 1, leadership 1, missle ") +
+                         missiles + "\nDefending Armies\n" + MidgesAsText(4));
+        player.Do([&] { player.Pad.txtCombatDice.SetText(missiles); });
+        EXPECT_EQ(player.OddsState(), "Too many outcomes to sum up at once: Attack will tell");
+        player.Fight();
+        player.Toolkit.OnMoreResults = [&](frmMoreResults& results) {
+            EXPECT_EQ(results.mscDefMore.HasExactValues(), isExact);
+            const std::string remark = ". There are no exact odds: too many outcomes to sum up";
+            EXPECT_EQ(results.mscDefMore.Beside.Get().Sentence.ends_with(remark), !isExact);
+        };
+        player.Pad.sscMoreResults.Press();
+    }
 }
 
 } // namespace

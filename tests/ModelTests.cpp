@@ -158,31 +158,31 @@ TEST(Stack, CopyComesWithoutTheMarksOfItsMakingAndOfAnEarlierBattle) {
 }
 
 /// Counts a stack's powers: chaos, morale, fear, siege, fortification, leadership; poison, disease, curse.
-std::string Count(CStackAtt& stack, CStackAtt::Mode mode, Long city) {
-    stack.CountSelfPowers(mode, city);
+std::string Count(CStackAtt& stack, Side side, Long city) {
+    stack.CountSelfPowers(side, city);
     stack.EvalSelfPowers();
     return Joined({stack.StackChaos, stack.StackMorale, stack.StackFear, stack.StackSiege, stack.StackFortify,
                    stack.StackLeadership, stack.StackPoison, stack.StackDisease, stack.StackCurse});
 }
 
 TEST(Stack, TakesTheBestOfSixPowersTheSumOfThreeAndTheCityForTheDefender) {
-    using enum CStackAtt::Mode;
+    using enum Side;
     CStackAtt stack =
         StackOf("Chaos -1 Morale -2 Fear -3 Siege -4 Fortify -5 Leader -16 Poison -6 Disease -7 Curse -11;"
                 "Chaos 2 Morale 4 Fear 6 Siege 8 Fortify 10 Leader 32 Poison 12 Disease 14 Curse 22;"
                 "Chaos 1 Morale 2 Fear 3 Siege 4 Fortify 5 Leader 16 Poison 6 Disease 7 Curse 11");
-    EXPECT_EQ(Count(stack, Attack, 13), "2 4 6 8 10 32 12 14 22");
-    EXPECT_EQ(Count(stack, Defend, 13), "2 4 6 8 13 32 24 28 44") << "the sums count again";
-    EXPECT_EQ(Count(stack, Defend, 9), "2 4 6 8 10 32 36 42 66");
+    EXPECT_EQ(Count(stack, Attacker, 13), "2 4 6 8 10 32 12 14 22");
+    EXPECT_EQ(Count(stack, Defender, 13), "2 4 6 8 13 32 24 28 44") << "the sums count again";
+    EXPECT_EQ(Count(stack, Defender, 9), "2 4 6 8 10 32 36 42 66");
     stack.Remove(2);
     stack.Remove(2);
-    EXPECT_EQ(Count(stack, Attack, 3), "0 0 0 0 0 0 30 35 55") << "below zero is none";
+    EXPECT_EQ(Count(stack, Attacker, 3), "0 0 0 0 0 0 30 35 55") << "below zero is none";
     stack.TotalStackBonus = 4;
     stack.Clear();
-    EXPECT_EQ(Count(stack, Attack, 3), "0 0 0 0 0 0 0 0 0") << "a new stack has nothing";
+    EXPECT_EQ(Count(stack, Attacker, 3), "0 0 0 0 0 0 0 0 0") << "a new stack has nothing";
     EXPECT_EQ(stack.TotalStackBonus, 0);
     stack = StackOf("Poison 2147483647;Poison 1");
-    EXPECT_THAT([&] { Count(stack, Attack, 0); },
+    EXPECT_THAT([&] { Count(stack, Attacker, 0); },
                 Raises(6, {"CStackAtt::AddRegularPowers", "CStackAtt::CountSelfPowers"}));
 }
 
@@ -202,7 +202,7 @@ TEST(Stack, BandingArmiesOfOneNameStrengthenEachOther) {
     };
     for (const auto& test : cases) {
         CStackAtt stack = StackOf(test.armies);
-        stack.CountSelfPowers(CStackAtt::Mode::Attack, 0);
+        stack.CountSelfPowers(Side::Attacker, 0);
         EXPECT_EQ(Describe(stack), test.described) << test.reason;
     }
 }

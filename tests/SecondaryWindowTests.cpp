@@ -4,16 +4,18 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace vorhaven::test {
 namespace {
 
 using MBattleCalc::BattleResults;
 
 /// The editor's fields in the order in which they are stored, and a hero's numbers from the third one on.
-constexpr std::array fields{&frmHero::Strength,      &frmHero::Hits,   &frmHero::Leadership, &frmHero::Morale,
-                            &frmHero::Fortification, &frmHero::Chaos,  &frmHero::Fear,       &frmHero::Siege,
-                            &frmHero::Assass,        &frmHero::Missle, &frmHero::Curse,      &frmHero::Acid,
-                            &frmHero::Lightning,     &frmHero::Trample};
+const std::vector<std::string> fields =
+    Split("Strength Hits Leadership Morale Fortification Chaos Fear Siege Assass Missle Curse Acid Lightning "
+          "Trample",
+          ' ');
 constexpr std::array numbers{&CArmy::Leadership, &CArmy::Morale, &CArmy::Fortify,   &CArmy::Chaos,
                              &CArmy::Fear,       &CArmy::Siege,  &CArmy::Assass,    &CArmy::Missle,
                              &CArmy::Curse,      &CArmy::Acid,   &CArmy::Lightning, &CArmy::Trample};
@@ -29,10 +31,17 @@ struct Editor {
         Toolkit.OnEvents = [this] { Seen += "events "; };
         Window.Form_Load();
     }
-    std::string Screen() const {
+    HeroField& Field(const std::string& name) {
+        return *std::ranges::find_if(Window.Fields, [&](const HeroField& field) {
+            return field.txt.Name == "txt" + name && field.upd.Name == "upd" + name;
+        });
+    }
+    std::string Screen() {
         std::string screen;
-        for (const auto field : fields)
-            screen += (Window.*field).txt.Text() + " ";
+        for (const std::string& name : fields) {
+            EXPECT_EQ(Field(name).lbl.Caption.Get(), (name == "Assass" ? "Assassination" : name) + ":");
+            screen += Field(name).txt.Text() + " ";
+        }
         return screen;
     }
     std::string Record() const {
@@ -51,8 +60,19 @@ struct Editor {
 
 TEST(HeroEditor, BeginsWithTheRecordAndLeadershipOneAndStoresWhatIsTyped) {
     Editor editor;
+    std::string loaded;
+    std::vector<Connection> loading;
+    for (HeroField& field : editor.Window.Fields) {
+        field.txt.SetText("");
+        loading.push_back(field.txt.Changed.Connect([&] { loaded += field.txt.Name.substr(3) + " "; }));
+    }
+    editor.Window.Form_Load();
+    loading.clear();
+    EXPECT_EQ(loaded,
+              "Strength Hits Leadership Morale Fortification Chaos Fear Siege Assass Missle Curse Trample "
+              "Acid Lightning ");
     EXPECT_EQ(editor.Screen(), "6 3 1 43 44 45 46 47 48 49 50 51 52 53 ");
-    editor.Window.Fear.txt.SetText("9");
+    editor.Field("Fear").txt.SetText("9");
     editor.Window.Unload();
     EXPECT_EQ(editor.Record(), "6 3 42 43 44 45 46 47 48 49 50 51 52 53 ") << "closed by other means";
     editor.Seen.clear();
@@ -60,7 +80,7 @@ TEST(HeroEditor, BeginsWithTheRecordAndLeadershipOneAndStoresWhatIsTyped) {
     EXPECT_EQ(editor.Record(), "6 3 1 43 44 45 9 47 48 49 50 51 52 53 ");
     EXPECT_EQ(editor.Seen, "closed events ");
     for (std::size_t i = 0; i < fields.size(); ++i)
-        (editor.Window.*fields[i]).txt.SetText("-7" + std::to_string(i) + ".5");
+        editor.Field(fields[i]).txt.SetText("-7" + std::to_string(i) + ".5");
     editor.Window.cmdProceed.Press();
     EXPECT_EQ(editor.Record(), "1 1 -72 -74 -74 -76 -76 -78 -78 -80 -710 -712 -712 -714 ");
 }
@@ -70,7 +90,7 @@ TEST(HeroEditor, TextThatIsNoNumberStoresTheFieldsBeforeIt) {
         Editor editor;
         std::string expected;
         for (std::size_t i = 0; i < fields.size(); ++i) {
-            (editor.Window.*fields[i]).txt.SetText(i == bad ? bad == 5 ? "" : "2x" : "2");
+            editor.Field(fields[i]).txt.SetText(i == bad ? bad == 5 ? "" : "2x" : "2");
             expected += (i < bad ? "2" : std::to_string(i == 0 ? 6 : i == 1 ? 3 : i + 40)) + " ";
         }
         EXPECT_THAT([&] { editor.Window.cmdProceed.Press(); },
@@ -82,8 +102,8 @@ TEST(HeroEditor, TextThatIsNoNumberStoresTheFieldsBeforeIt) {
 TEST(HeroEditor, ArrowsStepWithinTheirLimits) {
     Editor editor;
     const auto step = [&](Long steps) {
-        for (const auto field : fields)
-            (editor.Window.*field).upd.Step(steps);
+        for (HeroField& field : editor.Window.Fields)
+            field.upd.Step(steps);
         return editor.Screen();
     };
     EXPECT_EQ(step(1000), "255 4 5 5 5 5 5 5 10 10 10 10 10 3 ");
@@ -114,7 +134,7 @@ TEST(Stats, LimitADifferenceOnceAndTakeTheLongestStacks) {
     frmStats window{toolkit, catalogue, "field"};
     CStackAtt attack = StackOf("Leader 9"), defend = StackOf("Chaos 3");
     for (CStackAtt* stack : {&attack, &defend})
-        stack->CountSelfPowers(CStackAtt::Mode::Attack, 0);
+        stack->CountSelfPowers(Side::Attacker, 0);
     while (defend.Count() < MaxLines)
         defend.Add(CArmy{}, "");
     window.ShowStats(attack, defend, [] {});

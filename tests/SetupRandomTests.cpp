@@ -33,7 +33,7 @@ struct Lines : std::vector<Line> {
 
 /// What the window shows.
 struct Look {
-    std::array<Lines, 2> Lists;
+    PerSide<Lines> Lists;
     int Terrain = 4, Level = -1;
     bool IsTerrainLocked = false, IsLevelLocked = true;
     std::array<bool, 8> Checked{}, Disabled{};
@@ -53,17 +53,19 @@ struct Rules : Look {
         if (std::exchange(Terrain, terrain) != terrain)
             Level = IsLevelLocked ? -1 : 0;
     }
-    void CountLines(std::size_t side) {
-        IsTerrainLocked = side == 1 ? Lists[1].Count() > 8 : IsTerrainLocked;
-        SetTerrain(side == 1 && IsTerrainLocked ? 0 : Terrain);
+    void CountLines(Side side) {
+        if (side == Defender) {
+            IsTerrainLocked = Lists.Defender.Count() > 8;
+            SetTerrain(IsTerrainLocked ? 0 : Terrain);
+        }
     }
-    void Append(std::size_t side, const Line& line) {
+    void Append(Side side, const Line& line) {
         if (Lists[side].Count() == 32)
             return;
         Lists[side].push_back(line);
         CountLines(side);
     }
-    void Remove(std::size_t side, int line) {
+    void Remove(Side side, int line) {
         Lines& list = Lists[side];
         const bool passesSelectionOn = line == list.Current && list.Selected() == std::vector{line};
         list.erase(list.begin() + line);
@@ -74,13 +76,13 @@ struct Rules : Look {
         CountLines(side);
     }
     void Swap() {
-        std::swap(Lists[0], Lists[1]);
-        for (Lines& list : Lists) {
-            list.Current = -1;
-            for (Line& line : list)
+        std::swap(Lists.Attacker, Lists.Defender);
+        for (const Side side : BothSides) {
+            Lists[side].Current = -1;
+            for (Line& line : Lists[side])
                 line.Selected = false;
         }
-        CountLines(1);
+        CountLines(Defender);
     }
     static void Move(Lines& list, int to) {
         if (list.Current < 0 || to < 0 || to == list.Count())
@@ -131,7 +133,7 @@ public:
     }
 
     void Act() {
-        const std::size_t side = random_() % 2;
+        const Side side = BothSides.at(random_() % 2);
         Lines& list = rules_.Lists[side];
         const int action = Any(1000), any = Any(6);
         if (action < 200) {
@@ -153,7 +155,7 @@ public:
         } else if (action < 600) {
             UseMenu(side);
         } else if (action < 700) {
-            pad_.sscListArrow[side * 2 + (any < 3 ? 0 : 1)].Press();
+            (any < 3 ? pad_.ArmyUp(side) : pad_.ArmyDown(side)).Press();
             Rules::Move(list, list.Current + (any < 3 ? -1 : 1));
         } else if (action < 750) {
             const int copies = std::array{0, -3, 1, 2, 6, 40}.at(random_() % 6);
@@ -164,8 +166,8 @@ public:
         } else if (action < 760) {
             pad_.sscClearList[side].Press();
             list = {};
-            for (Lines& lines : rules_.Lists)
-                for (Line& line : lines)
+            for (const Side each : BothSides)
+                for (Line& line : rules_.Lists[each])
                     line.Health = {};
         } else if (action < 765) {
             pad_.sscSwapSides.Press();
@@ -191,11 +193,11 @@ private:
 
     Look Seen() {
         Look seen;
-        for (std::size_t side = 0; side < 2; ++side) {
+        for (const Side side : BothSides) {
             const ListBox& list = pad_.lstArmies[side];
             seen.Lists[side].Current = list.ListIndex().Value();
             for (Long row = 1; row <= HealthArray::RowCount; ++row)
-                if (const HealthRow& health = pad_.Health(Side{side})(row); row <= list.ListCount())
+                if (const HealthRow& health = pad_.Health(side)(row); row <= list.ListCount())
                     seen.Lists[side].push_back({list.Entry(row - 1), list.Selected(row - 1), health});
                 else if (health != HealthRow{})
                     seen.Lists[side].push_back({{"no line", row}, false, health});
@@ -214,16 +216,16 @@ private:
     /// Moves the focus to a place; those on odd numbers belong to the defenders.
     void Focus(std::size_t place) {
         focus_ = place;
-        pad_.MoveFocus(std::array<Control*, 4>{&pad_.txtNumSimulations, &pad_.lstArmies[1],
-                                               &pad_.lstArmies[0], &pad_.sscListArrow[1]}[place]);
+        pad_.MoveFocus(std::array<Control*, 4>{&pad_.txtNumSimulations, &pad_.lstArmies[Defender],
+                                               &pad_.lstArmies[Attacker], &pad_.sscListArrow[1]}[place]);
     }
 
-    void UseMenu(std::size_t side) {
-        Focus(2 - side);
+    void UseMenu(Side side) {
+        Focus(side == Defender ? 1 : 2);
         isOpen_ = false;
-        pad_.lstArmies_MouseUp(Side{side}, frmBrawlpad::MouseButton::Left);
+        pad_.lstArmies_MouseUp(side, frmBrawlpad::MouseButton::Left);
         fault_ = fault_ || isOpen_;
-        pad_.lstArmies_MouseUp(Side{side}, frmBrawlpad::MouseButton::Right);
+        pad_.lstArmies_MouseUp(side, frmBrawlpad::MouseButton::Right);
         const int current = rules_.Lists[side].Current;
         fault_ = fault_ || isOpen_ != (current >= 0);
         if (current < 0)
@@ -234,7 +236,7 @@ private:
                                    (rules_.Lists[side].At(current).Health.Medals == static_cast<int>(medals));
         if (Any(8) == 0)
             Focus(random_() % 4);
-        side = focus_ % 2;
+        side = BothSides.at(focus_ % 2);
         Lines& list = rules_.Lists[side];
         if (const auto item = static_cast<std::size_t>(Any(13)); item == 0) {
             pad_.mnuPopupDelete.Choose();
@@ -251,8 +253,8 @@ private:
     }
 
     void Run() {
-        for (Lines& list : rules_.Lists)
-            if (!list.empty() && list.At(0).Entry.Datum == Nobody)
+        for (const Side side : BothSides)
+            if (Lines& list = rules_.Lists[side]; !list.empty() && list.At(0).Entry.Datum == Nobody)
                 return; // a stack might have no army, which is an error
         pad_.cmdAttack.Press();
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "engine/State.h"
 #include "tests/support/FakeToolkit.h"
 
 #include <gtest/gtest.h>
@@ -17,14 +18,15 @@ TEST(Setup, StartsWithItsDefaultsAndTheUnitsOfTheCatalogue) {
     };
     EXPECT_EQ(items(game.Pad.cboTerrain), "city=0 ice=0 hills=0 marsh=0 field=0 woods=0 ");
     EXPECT_EQ(items(game.Pad.cboCityLevel), "Village (+1)=1 Castle (+2)=2 Citadel (+3)=3 ");
-    for (const ComboBox& picker : game.Pad.cboArmies)
-        EXPECT_EQ(items(picker), "Midges=0 Giants=1 Stalkers=2 Ghouls=3 Colossi=4 Captain=5 Witch=6 None=7 ");
+    for (const Side side : BothSides)
+        EXPECT_EQ(items(game.Pad.cboArmies[side]),
+                  "Midges=0 Giants=1 Stalkers=2 Ghouls=3 Colossi=4 Captain=5 Witch=6 None=7 ");
     EXPECT_EQ(game.Pad.Terrain(), "field");
     EXPECT_EQ(game.Pad.txtNumSimulations.Text() + game.Pad.txtCombatDice.Text(), "100020");
     EXPECT_EQ(game.Pad.NumBattles() + game.Pad.CombatDice, 1020);
     EXPECT_FALSE(game.Pad.sschkViewStats.Checked || game.Pad.pbBattleProgress.Visible);
     EXPECT_FALSE(game.Pad.sscAbort.Enabled || game.Pad.sscMoreResults.Enabled);
-    EXPECT_EQ(game.Pad.cboArmies[1].Text() + game.Pad.cboCityLevel.Text(), "");
+    EXPECT_EQ(game.Pad.cboArmies[Defender].Text() + game.Pad.cboCityLevel.Text(), "");
 }
 
 TEST(Setup, NumbersThatAreNoneAreErrorsOfTheirFields) {
@@ -38,18 +40,18 @@ TEST(Setup, NumbersThatAreNoneAreErrorsOfTheirFields) {
     EXPECT_EQ(game.Pad.CombatDice, 300) << "typing is free";
     EXPECT_THAT([&] { game.Pad.txtCombatDice.SetText(""); },
                 Raises(13, {"frmBrawlpad::txtCombatDice_Change"}));
-    game.Pad.txtDup[1].SetText("two");
-    EXPECT_THAT([&] { game.Pad.sscDup[1].Press(); }, Raises(13, {"frmBrawlpad::sscDup_Click"}));
+    game.Pad.txtDup[Defender].SetText("two");
+    EXPECT_THAT([&] { game.Pad.sscDup[Defender].Press(); }, Raises(13, {"frmBrawlpad::sscDup_Click"}));
 }
 
 TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {
     Game game;
-    game.Add(0, {Nobody, Captain, Midges, Witch, Midges, Midges, Midges, Midges, Ghouls});
-    game.Add(1, {Ghouls, Captain});
-    game.Mark(0, {3}, {1, 5, 7});
+    game.Add(Attacker, {Nobody, Captain, Midges, Witch, Midges, Midges, Midges, Midges, Ghouls});
+    game.Add(Defender, {Ghouls, Captain});
+    game.Mark(Attacker, {3}, {1, 5, 7});
     game.Pad.mnuPopupItemMedals[4].Choose();
-    game.Mark(0, {7}, {3, 6});
-    game.Mark(1, {0}, {2});
+    game.Mark(Attacker, {7}, {3, 6});
+    game.Mark(Defender, {0}, {2});
     game.Pad.cboTerrain.Choose(0);
     game.Pad.cboCityLevel.Choose(2);
     game.Pad.sschkViewStats.Toggle();
@@ -78,13 +80,55 @@ TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {
                      "Ghouls,5,8,1,field,2,power 6,2,False,False,True,0\n"
                      "Captain,6,9,3,field,1,power 1,1,False,False,False,0\n3");
     for (const Long row : {Midges, Giants, Ghouls})
-        EXPECT_EQ(game.Pad.CheckIfUndead(row), row == Ghouls);
+        EXPECT_EQ(Units{game.Catalogue}.CheckIfUndead(row), row == Ghouls);
+}
+
+TEST(Run, IsOfTheSetUpAtThePressOfAttackWhateverChangesInAHeroEditor) {
+    Game game;
+    frmBrawlpad& pad = game.Pad;
+    game.Add(Attacker, {Captain, Witch});
+    game.Add(Defender, {Ghouls});
+    pad.txtNumSimulations.SetText("100");
+    pad.sschkViewStats.Toggle();
+    pad.Settle();
+    game.Toolkit.OnHero = [&](frmHero& editor) {
+        if (editor.HeroName == "Captain") {
+            pad.DeleteArmyFromList(Attacker, 1);
+            game.Add(Attacker, {Midges, Midges, Midges});
+            game.Mark(Defender, {0}, {2});
+            pad.txtCombatDice.SetText("100");
+            pad.txtNumSimulations.SetText("10");
+            pad.cboTerrain.Choose(0);
+            pad.cboCityLevel.Choose(2);
+        }
+        editor.cmdProceed.Press();
+    };
+    std::string shown;
+    game.Toolkit.OnStats = [&](frmStats& window) {
+        for (const auto& [grid, row] : {std::pair{0U, 1}, {0U, 2}, {1U, 1}})
+            shown +=
+                window.msfgStackStats[grid].Text(row, 0) + window.msfgStackStats[grid].Text(row, 2) + " ";
+    };
+    pad.cmdAttack.Press();
+    EXPECT_EQ(shown, "Captain8 Witch5 Ghouls9 ") << "of the field, with one leader, and without a city";
+    EXPECT_EQ(MBattleCalc::BattleResults.RowCount() + MBattleCalc::CombatDice, 120);
+    std::optional<double> exactWins;
+    game.Toolkit.OnMoreResults = [&](frmMoreResults& window) {
+        EXPECT_EQ(window.mscAttMore.Beside.Get().Reachable, 3);
+        exactWins = window.mscDefMore.Rows()[1].Exact;
+    };
+    pad.sscMoreResults.Press();
+    pad.Settle();
+    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "before the latest changes");
+    pad.Undo();
+    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "");
+    EXPECT_EQ(pad.OddsFrame.lblChance[0].Caption.Get(), ToFixedText(exactWins.value(), 1) + "%");
 }
 
 TEST(Run, ErrorOfTheAssemblyTellsItsWay) {
     Game game;
-    game.Add(0, {Midges, Colossi});
-    game.Add(1, {Midges});
+    game.Add(Attacker, {Midges, Colossi});
+    game.Add(Defender, {Midges});
     game.Pad.cboTerrain.Choose(3);
     EXPECT_THAT([&] { game.Pad.cmdAttack.Press(); },
                 Raises(6, {"CAttackArmies::InterpretCB", "CAttackArmies::Add", "frmBrawlpad::AddAttacker",

@@ -40,7 +40,7 @@ ArmyEntry At(const char* terrain, Long bonus, ArmyEntry entry) {
     return entry;
 }
 
-ArmyEntry With(bool ArmyEntry::*condition, ArmyEntry entry) {
+ArmyEntry With(bool ArmyEntry::* condition, ArmyEntry entry) {
     entry.*condition = true;
     return entry;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/ChartView.h"
+#include "app/controls/ChartView.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QMimeData>

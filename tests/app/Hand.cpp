@@ -12,8 +12,8 @@
 
 /// A hand inside the real program, for the tests of whole processes: a plugin that the toolkit loads when the
 /// program starts. It tells on standard error what it sees, closes every message box, and does what
-/// VORHAVEN_HAND says: "fight", "close" (in the middle of a run) or "exit" (by the button, while results are
-/// open).
+/// VORHAVEN_HAND says: "close" (in the middle of a run), "exit" (by the button, while results are open) or
+/// "fail" (fight no battle, which is an error that no user can reach).
 class Hand final : public QObject {
 public:
     Hand() {
@@ -42,11 +42,17 @@ private:
         for (const QSize& size : window.windowIcon().availableSizes())
             QTextStream(stderr) << ' ' << window.windowIcon().pixmap(size).width();
         QTextStream(stderr) << "\nstyle: " << QApplication::style()->name() << "\n";
-        for (const char* picker : {"Select Attacking Armies", "Select Defending Armies"})
-            emit Called<QComboBox>(window, picker)->activated(0);
-        const bool exits = qEnvironmentVariable("VORHAVEN_HAND") == "exit";
-        Called<QLineEdit>(window, "Number of Battles")->setText(exits ? "10" : "9000000");
-        if (qEnvironmentVariable("VORHAVEN_HAND") == "close")
+        for (const char* name : {"Select Attacking Armies", "Select Defending Armies"}) {
+            auto* const picker = Called<QComboBox>(window, name);
+            picker->showPopup();
+            emit picker->activated(0);
+            picker->hidePopup();
+        }
+        const QString deed = qEnvironmentVariable("VORHAVEN_HAND");
+        const bool exits = deed == "exit";
+        const char* const battles = exits ? "10" : deed == "fail" ? "0" : "9000000";
+        Called<QLineEdit>(window, "Number of Battles")->setText(battles);
+        if (deed == "close")
             QTimer::singleShot(100, &window, [&window] {
                 QTextStream(stderr) << "closed in the middle\n";
                 window.close();

@@ -28,20 +28,20 @@ TEST_F(Lists, PickersFindEntriesByTheBeginningOfAWord) {
     };
     QStringList lines;
     for (const auto& c : cases) {
-        LookUp(Side::Attack, c.Letters);
-        QTest::keyClick(Picker(Side::Attack)->view(), Qt::Key_Return);
+        LookUp(Side::Attacker, c.Letters);
+        QTest::keyClick(Picker(Side::Attacker)->view(), Qt::Key_Return);
         if (c.Found != nullptr)
             lines += c.Found;
         else // the open list still waits
-            QTest::keyClick(Picker(Side::Attack)->view(), Qt::Key_Escape);
+            QTest::keyClick(Picker(Side::Attacker)->view(), Qt::Key_Escape);
         Activate();
-        EXPECT_EQ(Lines(Side::Attack), lines) << c.Letters << ": " << c.Reason;
+        EXPECT_EQ(Lines(Side::Attacker), lines) << c.Letters << ": " << c.Reason;
     }
-    EXPECT_EQ(Lines(Side::Defend), QStringList());
+    EXPECT_EQ(Lines(Side::Defender), QStringList());
 }
 
 TEST_F(Lists, PickersTellEveryDetailOfThirtyTwoArmiesBelowTheField) {
-    QComboBox* const picker = Picker(Side::Attack);
+    QComboBox* const picker = Picker(Side::Attacker);
     Click(picker);
     QAbstractItemView* const list = picker->view();
     EXPECT_GE(list->mapToGlobal(QPoint()).y(), picker->mapToGlobal(picker->rect().bottomLeft()).y());
@@ -59,10 +59,26 @@ TEST_F(Lists, PickersTellEveryDetailOfThirtyTwoArmiesBelowTheField) {
         --last;
     EXPECT_GT(last, picture.width() / 2) << "the details stand behind the names";
     EXPECT_LT(last, picture.width() - 1) << "and none is cut off";
+    EXPECT_TRUE(list->verticalScrollBar()->isVisible());
+    QTest::keyClick(list, Qt::Key_End);
+    EXPECT_EQ(list->currentIndex().row(), picker->count() - 1) << "also when nothing is chosen";
+    QTest::keyClick(list, Qt::Key_Escape);
+
+    // With room beside it on the screen, since a window cannot always know how much there is.
+    main_.move(-300, 0);
+    for (const Side side : BothSides) {
+        Activate();
+        Click(Picker(side));
+        const QRect open = Picker(side)->view()->window()->geometry();
+        EXPECT_GE(open.left(), main_.geometry().left());
+        EXPECT_LE(open.right(), main_.geometry().right());
+        EXPECT_GT(open.width(), Picker(side)->width());
+        QTest::keyClick(Picker(side)->view(), Qt::Key_Escape);
+    }
 }
 
 TEST_F(Lists, PickersAddOnlyWhatIsPicked) {
-    QComboBox* const picker = Picker(Side::Defend);
+    QComboBox* const picker = Picker(Side::Defender);
     // By mouse; the same entry again counts again.
     for (int time = 1; time <= 2; ++time) {
         Click(picker);
@@ -72,8 +88,17 @@ TEST_F(Lists, PickersAddOnlyWhatIsPicked) {
         QTest::mouseMove(list->viewport(), place);
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
         Activate();
-        EXPECT_EQ(Lines(Side::Defend), QStringList(time, "Gate Wardens"));
+        EXPECT_EQ(Lines(Side::Defender), QStringList(time, "Gate Wardens"));
     }
+
+    // While a screen reader listens, a key is offered twice.
+    Click(picker);
+    for (int offer = 1; offer <= 2; ++offer) {
+        QKeyEvent key(QEvent::ShortcutOverride, Qt::Key_Return, Qt::NoModifier, "\r");
+        QApplication::sendEvent(picker->view(), &key);
+    }
+    Activate();
+    EXPECT_EQ(Lines(Side::Defender), QStringList(3, "Gate Wardens"));
 
     // Neither by the wheel, nor by a key that is held since before, nor by leaving the list.
     picker->setFocus();
@@ -85,11 +110,11 @@ TEST_F(Lists, PickersAddOnlyWhatIsPicked) {
     QTest::keyClick(picker, Qt::Key_Down);
     QTest::keyClick(picker->view(), Qt::Key_Down);
     QTest::keyClick(picker->view(), Qt::Key_Escape);
-    EXPECT_EQ(Lines(Side::Defend).size(), 2);
+    EXPECT_EQ(Lines(Side::Defender).size(), 3);
 }
 
 TEST_F(Lists, MenuActsOnTheLinesThatAreShownSelected) {
-    QListWidget* const list = List(Side::Defend);
+    QListWidget* const list = List(Side::Defender);
     const auto ask = [&](QContextMenuEvent::Reason reason) {
         const QPoint place = list->visualItemRect(list->currentItem()).center();
         QContextMenuEvent event(reason, place, list->viewport()->mapToGlobal(place));
@@ -128,7 +153,7 @@ TEST_F(Lists, MenuActsOnTheLinesThatAreShownSelected) {
         EXPECT_FALSE(Item(OpenMenu(), "Flying")->isChecked());
         EXPECT_FALSE(Item(OpenMenu(), "Diseased")->isEnabled());
         Choose("Blessed");
-        EXPECT_EQ(Lines(Side::Defend).back(), "Snow Bear");
+        EXPECT_EQ(Lines(Side::Defender).back(), "Snow Bear");
     }
     ways[1].second();
     Item(Item(OpenMenu(), "Medal")->menu(), "2 Medals")->trigger();
@@ -136,7 +161,7 @@ TEST_F(Lists, MenuActsOnTheLinesThatAreShownSelected) {
     ways[1].second();
     EXPECT_TRUE(Item(Item(OpenMenu(), "Medal")->menu(), "2 Medals")->isChecked());
     Choose("Delete");
-    EXPECT_EQ(Lines(Side::Defend), QStringList{"Oath Guard"});
+    EXPECT_EQ(Lines(Side::Defender), QStringList{"Oath Guard"});
     // The Delete key, too, acts on the current line that is not selected.
     ClickLine(list, 0);
     ClickLine(list, 0, Qt::ControlModifier);
@@ -145,7 +170,7 @@ TEST_F(Lists, MenuActsOnTheLinesThatAreShownSelected) {
 }
 
 TEST_F(Lists, ButtonsKeysAndMouseMoveCopyAndRemoveLines) {
-    for (const Side side : {Side::Attack, Side::Defend}) {
+    for (const Side side : BothSides) {
         QListWidget* const list = List(side);
         const auto click = [&](const QString& button) {
             Click(ButtonCalled(button + ", " + SideName(side)));
@@ -183,7 +208,7 @@ TEST_F(Lists, ButtonsKeysAndMouseMoveCopyAndRemoveLines) {
 }
 
 TEST_F(Lists, ShowWhatIsAddedAndWhatWillBeActedOn) {
-    QListWidget* const list = List(Side::Attack);
+    QListWidget* const list = List(Side::Attacker);
     const auto isWhollyVisible = [&](int line) {
         return list->viewport()->rect().contains(list->visualItemRect(list->item(line)));
     };
@@ -199,7 +224,7 @@ TEST_F(Lists, ShowWhatIsAddedAndWhatWillBeActedOn) {
 
     // The Tab key brings the focus into the list, but no line becomes the one that is acted on.
     list->setCurrentRow(-1);
-    QTest::keyClick(Picker(Side::Attack), Qt::Key_Tab);
+    QTest::keyClick(Picker(Side::Attacker), Qt::Key_Tab);
     ASSERT_TRUE(list->hasFocus());
     EXPECT_EQ(list->currentRow(), -1);
     Click(ButtonCalled("Duplicate, Attacking Armies"));
@@ -217,7 +242,7 @@ TEST_F(Lists, ShowWhatIsAddedAndWhatWillBeActedOn) {
     EXPECT_TRUE(isWhollyVisible(25));
     EXPECT_FALSE(outline(25));
     list->scrollToTop();
-    Pick(Side::Attack, "Thane");
+    Pick(Side::Attacker, "Thane");
     EXPECT_TRUE(isWhollyVisible(26));
 
     // Beside every eighth line stands its stack's label, as far as the line is in view.

@@ -5,7 +5,8 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // On the smallest screen that the window is made for.
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VORHAVEN_TEST_SCREEN);
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();

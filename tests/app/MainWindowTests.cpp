@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/FrameStyle.h"
-#include "app/HeroView.h"
-#include "app/MoreResultsView.h"
-#include "app/SideColours.h"
-#include "app/StatsView.h"
+#include "app/hero/HeroView.h"
+#include "app/program/FrameStyle.h"
+#include "app/program/SideColours.h"
+#include "app/results/MoreResultsView.h"
+#include "app/results/StatsView.h"
 #include "tests/app/WindowFixture.h"
 #include "ui/hero/frmHero.h"
 
@@ -93,22 +93,6 @@ TEST(FrameStyleTest, PaintsOneLineAroundTheContentsOfAGroupBoxBelowTheUsualTitle
     }
 }
 
-TEST_F(MainWindow, QuietTextsFollowTheApplicationsColours) {
-    const QPalette usual = QApplication::palette();
-    // The toolkit passes new colours on while the program's event loop runs.
-    const auto show = [](const QPalette& colours) {
-        QTimer::singleShot(0, [&colours] {
-            QApplication::setPalette(colours);
-            QTimer::singleShot(0, &QCoreApplication::quit);
-        });
-        QApplication::exec();
-    };
-    show(QColor(50, 50, 50));
-    for (const QLabel* label : main_.findChildren<QLabel*>())
-        EXPECT_GT(qGray(label->palette().windowText().color().rgb()), 128) << label->text().toStdString();
-    show(usual);
-}
-
 TEST_F(MainWindow, TheOddsTableShowsEachSidesColourWhereItsColumnsAre) {
     const QImage odds = Find<QGroupBox>(&main_, "Exact Odds")->grab().toImage();
     std::array<int, 2> left{odds.width(), odds.width()};
@@ -132,10 +116,10 @@ TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
         {"Combat Dice", "7", pad_.txtCombatDice, "24", "24"}, // below the arrows' limits
         {"Combat Dice", "101", pad_.txtCombatDice, "24", "24"},
         {"Combat Dice", "1234567", pad_.txtCombatDice, "24", "24"},
-        {"Number of Duplicates, Attacking Armies", "32", pad_.txtDup[0], "32", "32"},
-        {"Number of Duplicates, Attacking Armies", "33", pad_.txtDup[0], "3", "3"},
-        {"Number of Duplicates, Defending Armies", "3", pad_.txtDup[1], "3", "3"},
-        {"Number of Duplicates, Defending Armies", "-1", pad_.txtDup[1], "3", "3"},
+        {"Number of Duplicates, Attacking Armies", "32", pad_.txtDup[Side::Attacker], "32", "32"},
+        {"Number of Duplicates, Attacking Armies", "33", pad_.txtDup[Side::Attacker], "3", "3"},
+        {"Number of Duplicates, Defending Armies", "3", pad_.txtDup[Side::Defender], "3", "3"},
+        {"Number of Duplicates, Defending Armies", "-1", pad_.txtDup[Side::Defender], "3", "3"},
         {"Number of Battles", "1x2-3.4e5", pad_.txtNumSimulations, "12345", "12340"},
         {"Number of Battles", "123456789", pad_.txtNumSimulations, "12345678", "12345670"},
         {"Number of Battles", "", pad_.txtNumSimulations, "", "10"},
@@ -169,6 +153,17 @@ TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
     EXPECT_EQ(EditOf(dice)->text(), "25");
     QTest::keyClick(dice, Qt::Key_PageDown);
     EXPECT_EQ(EditOf(dice)->text(), "24") << "one step, whatever the key asks for";
+
+    // A screen reader is given the number and its limits, and may enter another one.
+    auto* const heard = QAccessible::queryAccessibleInterface(dice)->valueInterface();
+    QTest::keyClick(dice, Qt::Key_Up);
+    EXPECT_EQ(heard->currentValue(), 25);
+    EXPECT_EQ(heard->minimumValue(), 15);
+    EXPECT_EQ(heard->maximumValue(), 100);
+    heard->setCurrentValue(30);
+    EXPECT_EQ(EditOf(dice)->text(), "30");
+    heard->setCurrentValue(101);
+    EXPECT_EQ(heard->currentValue(), 30);
 }
 
 TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
@@ -200,27 +195,31 @@ TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
     for (const Control* model : std::initializer_list<const Control*>{
              &pad_.cmdAttack, &pad_.sscAbort, &pad_.sscExit, &pad_.sscMoreResults, &pad_.sschkViewStats,
              &pad_.txtCombatDice, &pad_.txtNumSimulations, &pad_.cboTerrain, &pad_.cboCityLevel,
-             &pad_.lblAttWinPercent, &pad_.cboArmies[0], &pad_.lstArmies[0], &pad_.sscDup[1], &pad_.txtDup[1],
-             &pad_.sscClearList[0], &pad_.sscListArrow[3], &statistics.msfgStackStats[0],
-             &statistics.Panels[1].Raw[2].Figure})
+             &pad_.lblAttWinPercent, &pad_.cboArmies[Side::Attacker], &pad_.lstArmies[Side::Attacker],
+             &pad_.sscDup[Side::Defender], &pad_.txtDup[Side::Defender], &pad_.sscClearList[Side::Attacker],
+             &pad_.sscListArrow[3], &statistics.msfgStackStats[0], &statistics.Panels[1].Raw[2].Figure})
         EXPECT_TRUE(isTold(*model)) << model->ToolTip;
 
     for (QWidget* window : std::initializer_list<QWidget*>{&main_, &heroView, &statisticsView, &resultsView})
-        for (QWidget* widget : window->findChildren<QWidget*>())
-            EXPECT_TRUE(!takesTab(widget) || widget->window() != window || !NameOf(widget).isEmpty())
-                << window->windowTitle().toStdString() << ": " << widget->metaObject()->className();
+        for (QWidget* widget : window->findChildren<QWidget*>()) {
+            SCOPED_TRACE(window->windowTitle().toStdString() + ": " + widget->metaObject()->className());
+            EXPECT_TRUE(!takesTab(widget) || widget->window() != window || !NameOf(widget).isEmpty());
+            const auto* const frame = qobject_cast<QGroupBox*>(widget->parentWidget());
+            EXPECT_TRUE(takesTab(widget) || frame == nullptr || NameOf(widget) != frame->title())
+                << "what fills a place is not its frame";
+        }
     // The Tab key goes from the attackers over the middle to the defenders, through each once.
     QString path;
-    QWidget* next = Picker(Side::Attack);
+    QWidget* next = Picker(Side::Attacker);
     do {
         const QString name = NameOf(next);
-        const auto* const part = name.endsWith(SideName(Side::Attack))   ? "a"
-                                 : name.endsWith(SideName(Side::Defend)) ? "d"
-                                                                         : "m";
+        const auto* const part = name.endsWith(SideName(Side::Attacker))   ? "a"
+                                 : name.endsWith(SideName(Side::Defender)) ? "d"
+                                                                           : "m";
         if (takesTab(next) && !path.endsWith(part))
             path += part;
         next = next->nextInFocusChain();
-    } while (next != Picker(Side::Attack));
+    } while (next != Picker(Side::Attacker));
     EXPECT_EQ(path, "amd");
     EXPECT_EQ(main_.windowTitle(), MainTitle);
 }

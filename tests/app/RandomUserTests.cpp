@@ -33,7 +33,7 @@ protected:
                 widgets += widget;
         // What makes a battle, and what opens a list's menu, comes more often than chance would have it.
         if (front == &main_ && Any(8) == 0) {
-            QListWidget* const list = List(Any(2) == 0 ? Side::Attack : Side::Defend);
+            QListWidget* const list = List(Any(2) == 0 ? Side::Attacker : Side::Defender);
             list->setFocus();
             QTest::keyClick(list, Qt::Key_Down);
             return Any(2) == 0 ? QTest::keyClick(list, Qt::Key_V, Qt::ControlModifier)
@@ -83,15 +83,15 @@ TEST_F(RandomUser, NeverEndsTheProgramNorLeavesItsRules) {
         Act();
         QCoreApplication::processEvents();
         ASSERT_TRUE(reported_.empty()) << reported_.front() << " after " << action << " actions";
-        for (const Side side : {Side::Attack, Side::Defend})
+        for (const Side side : BothSides)
             ASSERT_LE(List(side)->count(), MaxLines);
-        ASSERT_EQ(List(Side::Defend)->count() > LinesPerStack && pad_.cboTerrain.Enabled, false);
+        ASSERT_EQ(List(Side::Defender)->count() > LinesPerStack && pad_.cboTerrain.Enabled, false);
     }
     // Whatever happened, a battle can still be fought.
     while (QWidget* popup = QApplication::activePopupWidget())
         popup->close();
     Activate();
-    pad_.Paste(Side::Attack, "Attacking Armies\nOath Guard\nDefending Armies\nOath Guard\n");
+    pad_.Paste(Side::Attacker, "Attacking Armies\nOath Guard\nDefending Armies\nOath Guard\n");
     Attack("20");
     EXPECT_EQ(MBattleCalc::BattleResults.RowCount(), 20);
 }

@@ -46,8 +46,8 @@ TEST_F(Run, ShowsItsFiguresWhereThePlayerReadsThem) {
     MBattleCalc::DrawFrom(dice);
     EXPECT_FALSE(Find<QProgressBar>(&main_, "Progress Indicator")->isVisible());
     LineUp({"Floe Spears", "Cliff Kites"}, {"Floe Spears", "Floe Spears", "Floe Spears"});
-    ClickLine(List(Side::Attack), 0);
-    QTest::keyClick(List(Side::Attack), Qt::Key_F10, Qt::ShiftModifier);
+    ClickLine(List(Side::Attacker), 0);
+    QTest::keyClick(List(Side::Attacker), Qt::Key_F10, Qt::ShiftModifier);
     Choose("Blessed");
 
     // Enter in the field attacks.
@@ -102,9 +102,9 @@ TEST_F(Run, KeepsBarAndTextInStepUntilItIsAborted) {
     // What the player has moved to in the meantime keeps the focus, and the Abort button aborts too.
     Attack("900000", [this] {
         Click(ButtonCalled("Abort"));
-        List(Side::Defend)->setFocus();
+        List(Side::Defender)->setFocus();
     });
-    EXPECT_TRUE(List(Side::Defend)->hasFocus());
+    EXPECT_TRUE(List(Side::Defender)->hasFocus());
     EXPECT_LT(Bar(), 100);
 }
 
@@ -178,7 +178,7 @@ TEST_F(Run, KeepsAKeyThatIsHeldOnAttackAwayFromEverythingElse) {
         QTimer::singleShot(0, &main_, [k = key, t = text] { HoldKey(k, t); });
         QTest::keyClick(ButtonCalled("Attack"), key);
         HoldKey(key, text);
-        EXPECT_EQ(Lines(Side::Attack) + Lines(Side::Defend), QStringList(2, "Oath Guard"));
+        EXPECT_EQ(Lines(Side::Attacker) + Lines(Side::Defender), QStringList(2, "Oath Guard"));
         EXPECT_TRUE(ButtonCalled("Attack")->hasFocus());
         EXPECT_FALSE(Figures().front().isEmpty());
     }

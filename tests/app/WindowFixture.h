@@ -2,9 +2,9 @@
 
 #pragma once
 
-#include "app/ErrorReport.h"
-#include "app/MainView.h"
-#include "app/QtToolkit.h"
+#include "app/program/ErrorReport.h"
+#include "app/program/QtToolkit.h"
+#include "app/setup/MainView.h"
 #include "catalogue/CsvCatalogue.h"
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
@@ -150,7 +150,7 @@ protected:
     QListWidget* List(Side side) { return Find<QListWidget>(&main_, SideName(side)); }
     QLineEdit* Battles() { return Find<QLineEdit>(&main_, "Number of Battles"); }
     static QString SideName(Side side) {
-        return side == Side::Attack ? "Attacking Armies" : "Defending Armies";
+        return side == Side::Attacker ? "Attacking Armies" : "Defending Armies";
     }
     QStringList Lines(Side side) {
         QStringList lines;
@@ -192,8 +192,8 @@ protected:
         Activate();
     }
     void LineUp(const QStringList& attackers, const QStringList& defenders) {
-        for (const Side side : {Side::Attack, Side::Defend})
-            for (const QString& name : side == Side::Attack ? attackers : defenders)
+        for (const Side side : BothSides)
+            for (const QString& name : side == Side::Attacker ? attackers : defenders)
                 Pick(side, name);
     }
     static QMenu* OpenMenu() {

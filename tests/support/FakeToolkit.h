@@ -18,6 +18,8 @@
 
 namespace vorhaven::test {
 
+using enum Side;
+
 /// A toolkit without a screen: it loads the windows that it shows and hands them to the test as their user.
 struct FakeToolkit final : Toolkit {
     Size ScreenSize() const override { return {1000, 800}; }
@@ -73,15 +75,15 @@ struct Game {
         MBattleCalc::DrawFrom(MBattleCalc::ProcessGenerator());
         Pad.Form_Load();
     }
-    void Add(std::size_t side, const std::vector<Long>& entries) {
+    void Add(Side side, const std::vector<Long>& entries) {
         for (const Long entry : entries)
             Pad.cboArmies[side].Pick(entry);
     }
     /// Selects lines, the first of them the current one, and chooses items of their menu.
-    void Mark(std::size_t side, const std::vector<Long>& lines, const std::vector<std::size_t>& items) {
+    void Mark(Side side, const std::vector<Long>& lines, const std::vector<std::size_t>& items) {
         Pad.lstArmies[side].Select({lines[0], lines});
         Pad.MoveFocus(&Pad.lstArmies[side]);
-        Pad.lstArmies_MouseUp(Side{side}, frmBrawlpad::MouseButton::Right);
+        Pad.lstArmies_MouseUp(side, frmBrawlpad::MouseButton::Right);
         for (const std::size_t item : items)
             Pad.mnuPopupItem[item].Choose();
     }

@@ -36,12 +36,12 @@ private:
         return stack;
     }
 
-    static int Best(const Stack& stack, Long CArmy::*power, int least = 0) {
+    static int Best(const Stack& stack, Long CArmy::* power, int least = 0) {
         for (const CArmy& army : stack)
             least = std::max(least, (army.*power).Value());
         return least;
     }
-    static int Total(const Stack& stack, Long CArmy::*power) {
+    static int Total(const Stack& stack, Long CArmy::* power) {
         int total = 0;
         for (const CArmy& army : stack)
             total += (army.*power).Value();
@@ -68,7 +68,7 @@ private:
 
     /// What an army may have become, with the chances.
     static Chances Outcomes(const CArmy& army, const Stack& own, const Stack& enemy, int bonus) {
-        const auto chance = [&enemy](bool eligible, Long CArmy::*power) {
+        const auto chance = [&enemy](bool eligible, Long CArmy::* power) {
             return eligible ? std::min(4 * Total(enemy, power), 99) / 99.0 : 0.0;
         };
         const double p[3] = {chance(army.Poison == 0 && !army.Blessed && !army.Poisoned, &CArmy::Poison),

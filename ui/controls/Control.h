@@ -42,6 +42,8 @@ public:
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
+    /// What the program calls the control: its widget has the same name. Empty where it needs none.
+    std::string Name;
     const std::string ToolTip;
     /// Place in a control array, -1 outside of one. In a paired array 0 is the attacking side, 1 the
     /// defending.

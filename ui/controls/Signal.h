@@ -27,7 +27,7 @@ public:
         return connected;
     }
 
-    void Raise(Args... args) const {
+    void Raise(const Args&... args) const {
         // A call-back may connect others, or let its own connection go.
         const auto callBacks = callBacks_;
         for (const auto& each : callBacks)

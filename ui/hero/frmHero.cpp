@@ -2,10 +2,29 @@
 
 #include "ui/hero/frmHero.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace vorhaven {
+namespace {
+
+template <std::size_t... Place>
+std::array<HeroField, sizeof...(Place)> MakeFields(std::index_sequence<Place...> /*places*/) {
+    return {HeroField{HeroNumbers[Place]}...};
+}
+
+} // namespace
+
+HeroField::HeroField(const HeroNumber& number)
+    : lbl(std::string(number.Title) + ':'),
+      upd(txt, number.Lowest, number.Highest, number.Lowest, UpDown::Typing::Free), number_(&number) {
+    txt.Name = std::string("txt") + number.Name;
+    upd.Name = std::string("upd") + number.Name;
+}
 
 frmHero::frmHero(Desktop& desktop)
-    : Form("Hero Bonuses (Both Intrinsic and from Items)"), desktop_(&desktop) {
+    : Form("Hero Bonuses (Both Intrinsic and from Items)"),
+      Fields(MakeFields(std::make_index_sequence<HeroNumbers.size()>{})), desktop_(&desktop) {
     cmdLastValues.Click = [this] { cmdLastValues_Click(); };
     cmdProceed.Click = [this] { cmdProceed_Click(); };
 }
@@ -19,32 +38,42 @@ void frmHero::Form_Load() {
     cmdLastValues.Enabled = LastValues.has_value();
 }
 
-void frmHero::LoadHeroInfo() {
-    const Trap trap{"frmHero::LoadHeroInfo"};
-    heroName_ = Hero->Name.Text();
-    CArmy hero = *Hero;
-    // Every hero begins with 1, whatever the catalogue gave it.
-    hero.Leadership = 1;
-    LoadFields(hero);
+HeroField& frmHero::Field(Long HeroValues::* value) {
+    return *std::ranges::find_if(Fields, [value](const HeroField& field) { return field.IsFor(value); });
 }
 
-void frmHero::LoadFields(const CArmy& hero) {
-    for (HeroField* field : loadOrder_)
-        field->Load(hero);
+std::array<HeroField*, HeroNumbers.size()> frmHero::LoadOrder() {
+    std::array<HeroField*, HeroNumbers.size()> order{};
+    std::ranges::transform(Fields, order.begin(), [](HeroField& field) { return &field; });
+    // The order of storing, but for Trample, the last one there: it comes before the two ahead of it.
+    std::rotate(order.end() - 3, order.end() - 1, order.end());
+    return order;
+}
+
+void frmHero::LoadHeroInfo() {
+    const Trap trap{"frmHero::LoadHeroInfo"};
+    HeroName = Hero->Name.Text();
+    LoadFields(HeroValues::AtFirst(*Hero));
+}
+
+void frmHero::LoadFields(const HeroValues& values) {
+    for (HeroField* field : LoadOrder())
+        field->Load(values);
 }
 
 void frmHero::SendHeroInfoToScreen() {
     const Trap trap{"frmHero::SendHeroInfoToScreen"};
-    lblName.Caption = heroName_;
-    for (HeroField* field : loadOrder_)
+    lblName.Caption = HeroName;
+    for (HeroField* field : LoadOrder())
         field->SendToScreen();
 }
 
 void frmHero::cmdLastValues_Click() {
     const Trap trap{"frmHero::cmdLastValues_Click"};
+    // The record clamps what it cannot hold.
     CArmy hero = *Hero;
     LastValues->ApplyTo(hero);
-    LoadFields(hero);
+    LoadFields(HeroValues::From(hero));
     SendHeroInfoToScreen();
 }
 
@@ -52,6 +81,7 @@ void frmHero::cmdProceed_Click() {
     const Trap trap{"frmHero::cmdProceed_Click"};
     SendScreenInfoToProps();
     SendPropsToHero();
+    isConfirmed_ = true;
     Unload();
     desktop_->ProcessEvents();
 }
@@ -59,14 +89,14 @@ void frmHero::cmdProceed_Click() {
 void frmHero::SendScreenInfoToProps() {
     // The one location text without its window's name.
     const Trap trap{"SendScreenInfoToProps"};
-    for (HeroField* field : storeOrder_)
-        field->TakeFromScreen();
+    for (HeroField& field : Fields)
+        field.TakeFromScreen();
 }
 
 void frmHero::SendPropsToHero() {
     const Trap trap{"frmHero::SendPropsToHero"};
-    for (const HeroField* field : storeOrder_)
-        field->Store(*Hero);
+    for (const HeroField& field : Fields)
+        field.Store(*Hero);
 }
 
 } // namespace vorhaven

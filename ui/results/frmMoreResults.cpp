@@ -167,6 +167,8 @@ void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossS
     if (remarks.Mean)
         remarks.MeanText = "mean " + ToFixedText(*remarks.Mean, 1);
     remarks.Sentence = summary.Sentence(side == 0 ? "attacker" : "defender");
+    if (Known && !exact)
+        remarks.Sentence += ". There are no exact odds: " + Known->WhyNotExact;
     remarks.Highest = highest;
     remarks.Totals = {{"Number of Battles", summary.Battles}};
     if (summary.Fought < summary.Battles)

@@ -9,6 +9,7 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <string>
 
 namespace vorhaven {
 
@@ -23,8 +24,9 @@ public:
     struct Background {
         /// Armies in the lists.
         std::array<Long, 2> ArmyCounts;
-        /// The exact odds of each number of losses, where they could be computed.
-        std::optional<std::array<LossOdds, 2>> ExactLosses;
+        /// The exact odds of each number of losses, where they could be computed; why they could not.
+        std::optional<std::array<LossOdds, 2>> ExactLosses{};
+        std::string WhyNotExact{};
     };
     /// Set before the window is loaded. Without it the charts tell the results alone.
     std::optional<Background> Known;

@@ -3,54 +3,21 @@
 #include "ui/setup/BattleText.h"
 
 #include "base/Conversion.h"
+#include "base/ForeignText.h"
+#include "model/BattleWords.h"
 #include "model/Terrain.h"
 
 #include <algorithm>
+#include <array>
 
 namespace vorhaven {
 namespace {
-
-using Line = BattleDescription::Line;
-
-constexpr std::array<std::string_view, 2> SideHeadings{"Attacking Armies", "Defending Armies"};
-constexpr std::string_view ResultsHeading = "Quick Results";
-constexpr std::string_view TerrainKey = "Terrain";
-constexpr std::string_view CityLevelKey = "City Level";
-constexpr std::string_view DiceKey = "Combat Dice";
-constexpr std::string_view BattlesKey = "Number of Battles";
-
-struct HeroWord {
-    std::string_view Word;
-    Long HeroValues::*Value;
-    /// Written also when it is 0.
-    bool IsAlwaysWritten = false;
-};
-constexpr std::array<HeroWord, 14> HeroWords{{
-    {"strength", &HeroValues::Strength, true},
-    {"hits", &HeroValues::Hits, true},
-    {"leadership", &HeroValues::Leadership, true},
-    {"morale", &HeroValues::Morale},
-    {"fortification", &HeroValues::Fortification},
-    {"chaos", &HeroValues::Chaos},
-    {"fear", &HeroValues::Fear},
-    {"siege", &HeroValues::Siege},
-    {"assassination", &HeroValues::Assass},
-    {"missle", &HeroValues::Missle},
-    {"curse", &HeroValues::Curse},
-    {"acid", &HeroValues::Acid},
-    {"lightning", &HeroValues::Lightning},
-    {"trample", &HeroValues::Trample},
-}};
 
 /// What may stand around words; a text from elsewhere has carriage returns too.
 constexpr std::string_view Blanks = " \t\r";
 
 bool IsSame(std::string_view a, std::string_view b) {
     return ToLower(a) == ToLower(b);
-}
-
-std::string Quoted(std::string_view text) {
-    return '"' + std::string(text) + '"';
 }
 
 /// The text up to a separator, which both are taken from the text.
@@ -61,52 +28,54 @@ std::string_view Take(std::string_view& text, char separator) {
     return piece;
 }
 
-} // namespace
-
-std::string BattleText::WriteLine(const Line& line) const {
-    const auto unit = std::ranges::find(vocabulary_.Units, line.Datum, &ListEntry::Datum);
-    std::string text = unit->Text;
+std::string LineAsText(const SetupLine& line, const Units& units) {
+    std::string text = units.Name(line.Unit);
     if (const std::string conditions = InWords(line.Health); !conditions.empty())
         text += ", " + conditions;
     if (line.Hero)
-        for (const auto& [word, value, isAlwaysWritten] : HeroWords)
-            if (isAlwaysWritten || *line.Hero.*value != 0)
-                text.append(", ").append(word).append(" ").append(ToText(*line.Hero.*value));
+        for (const HeroNumber& number : HeroNumbers)
+            if (const Long value = *line.Hero.*number.Value; value != 0 || number.Lowest > 0)
+                text.append(", ").append(ToLower(number.Title)).append(" ").append(ToText(value));
     return text + '\n';
 }
 
-std::string BattleText::Write(const BattleDescription& battle) const {
+} // namespace
+
+ListFullError::ListFullError()
+    : std::runtime_error("The list would hold more than " + ToText(MaxLines) +
+                         " armies, so nothing was pasted") {}
+
+std::string BattleText::Write(const std::vector<SetupLine>& lines) const {
     std::string text;
-    for (const Line& line : battle.Loose)
-        text += WriteLine(line);
-    for (std::size_t side = 0; side < battle.Sides.size(); ++side) {
-        if (battle.Sides[side].empty())
-            continue;
-        text.append(text.empty() ? "" : "\n").append(SideHeadings[side]).append("\n");
-        for (const Line& line : battle.Sides[side])
-            text += WriteLine(line);
-    }
-    std::string settings;
-    const auto add = [&settings](std::string_view key, const std::string& value) {
-        settings.append(key).append(": ").append(value).append("\n");
+    for (const SetupLine& line : lines)
+        text += LineAsText(line, *units_);
+    return text;
+}
+
+std::string BattleText::Write(const Setup& setup) const {
+    std::string text;
+    for (const Side side : BothSides)
+        if (const auto& lines = setup.Sides[side]; !lines.empty())
+            text.append(SideHeadings[side]).append("\n").append(Write(lines)).append("\n");
+    const auto add = [&text](std::string_view key, const std::string& value) {
+        text.append(key).append(": ").append(value).append("\n");
     };
-    if (battle.Terrain)
-        add(TerrainKey, Terrains::All.at(static_cast<std::size_t>(*battle.Terrain)));
-    if (battle.CityLevel)
-        add(CityLevelKey, vocabulary_.CityLevels.at(static_cast<std::size_t>(*battle.CityLevel)).Text);
-    if (battle.CombatDice)
-        add(DiceKey, ToText(*battle.CombatDice));
-    if (battle.NumBattles)
-        add(BattlesKey, ToText(*battle.NumBattles));
-    return text + (text.empty() || settings.empty() ? "" : "\n") + settings;
+    add(TerrainKey, setup.Terrain);
+    if (setup.CityLevel > 0)
+        add(CityLevelKey, CityLevels.at(setup.CityLevel.Index() - 1));
+    add(DiceKey, ToText(setup.CombatDice));
+    // A number that is still being typed may be none yet, or too small a one.
+    if (const auto battles = NumberIn(setup.NumBattles); battles && *battles >= NumBattlesRange.Lowest)
+        add(BattlesKey, ToText(*battles));
+    return text;
 }
 
 /// Reads one text, line by line.
 class BattleText::Reader {
 public:
-    explicit Reader(const Vocabulary& vocabulary) : vocabulary_(&vocabulary) {}
+    explicit Reader(const Units& units) : units_(&units), entries_(units.Entries()) {}
 
-    BattleDescription Read(std::string_view text) {
+    void Read(std::string_view text) {
         while (!text.empty()) {
             ++number_;
             const std::string_view line = Trimmed(Take(text, '\n'), Blanks);
@@ -115,16 +84,36 @@ public:
             if (!line.empty())
                 ReadLine(line);
         }
-        return battle_;
+    }
+
+    /// What becomes of a set-up by what was read.
+    [[nodiscard]] Setup AppliedTo(Setup setup, Side side) const {
+        const bool isWhole = !sides_.Attacker.empty() || !sides_.Defender.empty();
+        if (isWhole)
+            setup.Sides = sides_;
+        std::vector<SetupLine>& list = setup.Sides[side];
+        list.insert(list.end(), loose_.begin(), loose_.end());
+        if (SizeOf(list) > MaxLines)
+            throw ListFullError{};
+        if (isWhole || side == Side::Defender)
+            setup.AdjustTerrain();
+        if (terrain_ && !setup.IsTerrainLocked)
+            setup.ChooseTerrain(*terrain_);
+        if (cityLevel_ && setup.Terrain == Terrains::City)
+            setup.CityLevel = *cityLevel_;
+        setup.CombatDice = combatDice_.value_or(setup.CombatDice);
+        if (numBattles_)
+            setup.NumBattles = ToText(*numBattles_);
+        return setup;
     }
 
 private:
     [[noreturn]] void Refuse(const std::string& fault) const { throw BattleTextError{number_, fault}; }
 
     void ReadLine(std::string_view line) {
-        for (std::size_t side = 0; side < SideHeadings.size(); ++side)
+        for (const Side side : BothSides)
             if (IsSame(line, SideHeadings[side])) {
-                list_ = &battle_.Sides[side];
+                list_ = &sides_[side];
                 return;
             }
         if (!ReadSetting(line))
@@ -137,16 +126,15 @@ private:
         const std::string_view key = Trimmed(Take(line, ':'), Blanks);
         const std::string value{Trimmed(line, Blanks)};
         if (IsSame(key, TerrainKey)) {
-            const std::int32_t terrain = Terrains::IndexOf(ToLower(value));
-            if (terrain == static_cast<std::int32_t>(Terrains::All.size()))
+            terrain_ = ToLower(value);
+            if (std::ranges::find(Terrains::All, *terrain_) == Terrains::All.end())
                 Refuse(Quoted(value) + " is no terrain");
-            battle_.Terrain = terrain;
         } else if (IsSame(key, CityLevelKey)) {
             ReadCityLevel(value);
         } else if (IsSame(key, DiceKey)) {
-            battle_.CombatDice = Number(value, vocabulary_->LowestDice, vocabulary_->HighestDice);
+            combatDice_ = Number(value, CombatDiceRange);
         } else if (IsSame(key, BattlesKey)) {
-            battle_.NumBattles = Number(value, FewestBattles, MostBattles);
+            numBattles_ = Number(value, NumBattlesRange);
         } else {
             return false;
         }
@@ -154,32 +142,34 @@ private:
     }
 
     void ReadCityLevel(const std::string& value) {
-        const auto& levels = vocabulary_->CityLevels;
-        const auto isMeant = [&value](const ListEntry& level) {
-            return IsSame(value, level.Text) || IsSame(value, level.Text.substr(0, level.Text.find(' ')));
+        const auto isMeant = [&value](std::string_view level) {
+            return IsSame(value, level) || IsSame(value, level.substr(0, level.find(' ')));
         };
-        const auto level = std::ranges::find_if(levels, isMeant);
-        if (level == levels.end())
+        const auto level = std::ranges::find_if(CityLevels, isMeant);
+        if (level == CityLevels.end())
             Refuse(Quoted(value) + " is no city level");
-        battle_.CityLevel = static_cast<std::int32_t>(level - levels.begin());
+        cityLevel_ = static_cast<std::int32_t>(level - CityLevels.begin()) + 1;
     }
 
-    [[nodiscard]] Long Number(const std::string& text, Long lowest, Long highest) const {
+    [[nodiscard]] Long Number(const std::string& text, const NumberRange& range) const {
         const auto number = NumberIn(text);
-        if (!number || *number < lowest || *number > highest)
-            Refuse(Quoted(text) + " is no number from " + ToText(lowest) + " to " + ToText(highest));
+        if (!number || *number < range.Lowest || *number > range.Highest)
+            Refuse(Quoted(text) + " is no number from " + ToText(range.Lowest) + " to " +
+                   ToText(range.Highest));
         return *number;
     }
 
     void ReadArmy(std::string_view line) {
         const ListEntry& unit = UnitOf(line);
-        Line army{unit.Datum, {}, {}};
+        SetupLine army{unit.Datum, unit.Text};
         line.remove_prefix(unit.Text.size());
         Take(line, ',');
         while (!line.empty())
             ReadTrait(army, std::string(Trimmed(Take(line, ','), Blanks)));
         if (SizeOf(*list_) == MaxLines)
             Refuse("a list holds " + ToText(MaxLines) + " armies at most");
+        if (army.Health != HealthRow{} && AsteriskEligible(army.Text))
+            army.Text += ConditionMark;
         list_->push_back(army);
     }
 
@@ -187,7 +177,7 @@ private:
     /// names that differ in letter case alone, the one that is written as it stands.
     [[nodiscard]] const ListEntry& UnitOf(std::string_view line) const {
         const ListEntry* longest = nullptr;
-        for (const ListEntry& unit : vocabulary_->Units) {
+        for (const ListEntry& unit : entries_) {
             if (!IsSame(line.substr(0, unit.Text.size()), unit.Text))
                 continue;
             const std::string_view rest = Trimmed(line.substr(unit.Text.size()), Blanks);
@@ -203,30 +193,40 @@ private:
     }
 
     /// A condition, "blessed", or a hero's value, "strength 8".
-    void ReadTrait(Line& army, const std::string& trait) const {
+    void ReadTrait(SetupLine& army, const std::string& trait) const {
         if (AddCondition(army.Health, ToLower(trait)))
             return;
         const auto space = trait.rfind(' ');
-        const auto word = std::ranges::find(HeroWords, ToLower(trait.substr(0, space)), &HeroWord::Word);
-        const auto defaults = vocabulary_->Heroes(army.Datum);
+        const auto meant = std::ranges::find_if(
+            HeroNumbers, [&](const HeroNumber& each) { return IsSame(each.Title, trait.substr(0, space)); });
+        const auto defaults = units_->UntouchedHero(army.Unit);
         const auto number =
             space == std::string::npos ? std::nullopt : NumberIn(std::string_view(trait).substr(space + 1));
-        if (word == HeroWords.end() || !defaults || !number)
+        if (meant == HeroNumbers.end() || !defaults || !number)
             Refuse(Quoted(trait) +
                    (defaults ? " is neither a condition nor a hero's value" : " is no condition"));
         if (!army.Hero)
             army.Hero = defaults;
-        *army.Hero.*(word->Value) = *number;
+        *army.Hero.*(meant->Value) = *number;
     }
 
-    const Vocabulary* vocabulary_;
+    const Units* units_;
+    std::vector<ListEntry> entries_;
     int number_ = 0;
-    BattleDescription battle_;
-    std::vector<Line>* list_ = &battle_.Loose;
+    PerSide<std::vector<SetupLine>> sides_;
+    /// The lines above any heading, which belong to no side yet.
+    std::vector<SetupLine> loose_;
+    std::vector<SetupLine>* list_ = &loose_;
+    std::optional<std::string> terrain_;
+    std::optional<Long> cityLevel_;
+    std::optional<Long> combatDice_;
+    std::optional<Long> numBattles_;
 };
 
-BattleDescription BattleText::Read(std::string_view text) const {
-    return Reader{vocabulary_}.Read(text);
+Setup BattleText::Read(std::string_view text, const Setup& present, Side side) const {
+    Reader reader{*units_};
+    reader.Read(text);
+    return reader.AppliedTo(present, side);
 }
 
 } // namespace vorhaven

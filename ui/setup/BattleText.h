@@ -2,13 +2,9 @@
 
 #pragma once
 
-#include "ui/controls/Controls.h"
-#include "ui/hero/HeroValues.h"
-#include "ui/setup/HealthArray.h"
+#include "ui/setup/Setup.h"
+#include "ui/setup/Units.h"
 
-#include <array>
-#include <functional>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -16,35 +12,17 @@
 
 namespace vorhaven {
 
-/// A battle as its text tells it. A setting that the text does not name is empty.
-struct BattleDescription {
-    struct Line {
-        Long Datum;
-        HealthRow Health;
-        /// What was entered for a hero.
-        std::optional<HeroValues> Hero;
-
-        bool operator==(const Line&) const = default;
-    };
-
-    /// 0 attack, 1 defence.
-    std::array<std::vector<Line>, 2> Sides;
-    /// The lines above any heading, which belong to no side yet.
-    std::vector<Line> Loose;
-    /// Places in the boxes of terrain and city level.
-    std::optional<std::int32_t> Terrain;
-    std::optional<std::int32_t> CityLevel;
-    std::optional<Long> CombatDice;
-    std::optional<Long> NumBattles;
-
-    bool operator==(const BattleDescription&) const = default;
-};
-
-/// A text that tells no battle. Its message is one sentence with the line at fault.
+/// A text that cannot be read as a battle. Its message is one sentence with the line at fault.
 class BattleTextError : public std::runtime_error {
 public:
     BattleTextError(int line, const std::string& fault)
         : std::runtime_error("Line " + std::to_string(line) + ": " + fault + '.') {}
+};
+
+/// The lines of a text have no room behind those that a list holds already. Its message says so.
+class ListFullError : public std::runtime_error {
+public:
+    ListFullError();
 };
 
 /// Writes battles as plain lines that a person can read and type, and reads them:
@@ -63,37 +41,26 @@ public:
 /// What follows the heading "Quick Results" is for people alone.
 class BattleText {
 public:
-    /// The limits of the number of battles.
-    static constexpr std::int32_t FewestBattles = 10;
-    static constexpr std::int32_t MostBattles = 99'999'999;
+    /// `units` must outlive the text.
+    explicit BattleText(const Units& units) : units_(&units) {}
 
-    struct Vocabulary {
-        /// The units by name, with their data in the lists.
-        const std::vector<ListEntry>& Units;
-        const std::vector<ListEntry>& CityLevels;
-        /// The limits of the dice.
-        Long LowestDice;
-        Long HighestDice;
-        /// The values that a hero begins with; nothing for a unit that is no hero.
-        std::function<std::optional<HeroValues>(Long datum)> Heroes;
-    };
+    [[nodiscard]] std::string Write(const Setup& setup) const;
+    /// Lines alone, without a heading.
+    [[nodiscard]] std::string Write(const std::vector<SetupLine>& lines) const;
 
-    /// What the vocabulary refers to must outlive the text.
-    explicit BattleText(Vocabulary vocabulary) : vocabulary_(std::move(vocabulary)) {}
-
-    [[nodiscard]] std::string Write(const BattleDescription& battle) const;
-
-    /// Raises BattleTextError for the first line that cannot be read: an unknown unit, condition or value, a
-    /// list of more than 32 lines. Letter case and blanks around words do not matter, empty lines are
-    /// skipped.
-    [[nodiscard]] BattleDescription Read(std::string_view text) const;
+    /// What becomes of a set-up by a text. The text's sides take the place of both lists, its lines above any
+    /// heading follow those of one side, and its settings are chosen as far as the window would let the
+    /// player choose them; whatever it does not name stays. The new lines have no Id yet.
+    ///
+    /// Letter case and blanks around words do not matter, empty lines are skipped. Raises BattleTextError for
+    /// the first line that cannot be read (an unknown unit, condition or value, a list of more than 32
+    /// lines), and ListFullError.
+    [[nodiscard]] Setup Read(std::string_view text, const Setup& present, Side side) const;
 
 private:
     class Reader;
 
-    [[nodiscard]] std::string WriteLine(const BattleDescription::Line& line) const;
-
-    Vocabulary vocabulary_;
+    const Units* units_;
 };
 
 } // namespace vorhaven

@@ -16,32 +16,25 @@ constexpr std::array<bool HealthRow::*, 8> ConditionOfItem{
     nullptr, &HealthRow::Blessed,    &HealthRow::Diseased,      &HealthRow::Poisoned,
     nullptr, &HealthRow::Blacksmith, &HealthRow::Weaponsmaster, &HealthRow::Flying};
 
-bool AsteriskEligible(const std::string& text) {
-    return !text.empty() && !text.ends_with('*');
-}
-
-bool RemoveAsteriskEligible(const std::string& text, const HealthRow& row) {
-    return row == HealthRow{} && !text.empty();
-}
-
 } // namespace
 
 void frmBrawlpad::RefreshHealthArray() {
     const Trap trap{"frmBrawlpad::RefreshHealthArray"};
-    health_ = {};
+    AttHealthArray = {};
+    DefHealthArray = {};
     SetupTouched.Raise();
 }
 
 Side frmBrawlpad::FocusedSide() const {
-    return ActiveControl() != nullptr && ActiveControl()->Index == 1 ? Side::Defend : Side::Attack;
+    return ActiveControl() != nullptr && ActiveControl()->Index == 1 ? Side::Defender : Side::Attacker;
 }
 
 void frmBrawlpad::lstArmies_MouseUp(Side side, MouseButton button) {
     const Trap trap{"frmBrawlpad::lstArmies_MouseUp"};
-    const ListBox& list = lstArmies[Of(side)];
+    const ListBox& list = lstArmies[side];
     if (button != MouseButton::Right || list.ListCount() == 0 || list.ListIndex() == -1)
         return;
-    const HealthRow& row = health_[Of(side)](list.ListIndex() + 1);
+    const HealthRow& row = Health(side)(list.ListIndex() + 1);
     for (std::size_t item = 1; item < mnuPopupItem.size(); ++item)
         if (ConditionOfItem[item] != nullptr)
             mnuPopupItem[item].Checked = row.*ConditionOfItem[item];
@@ -58,8 +51,8 @@ void frmBrawlpad::mnuPopupItem_Click(std::size_t index) {
     MenuItem& item = mnuPopupItem[index];
     item.Checked = !item.Checked;
     const Side side = FocusedSide();
-    for (const Long line : lstArmies[Of(side)].SelectedLines()) {
-        health_[Of(side)](line + 1).*ConditionOfItem[index] = item.Checked;
+    for (const Long line : lstArmies[side].SelectedLines()) {
+        Health(side)(line + 1).*ConditionOfItem[index] = item.Checked;
         if (item.Checked)
             MarkLine(side, line);
         else
@@ -71,8 +64,8 @@ void frmBrawlpad::mnuPopupItem_Click(std::size_t index) {
 void frmBrawlpad::mnuPopupItemMedals_Click(std::size_t index) {
     const Trap trap{"frmBrawlpad::mnuPopupItemMedals_Click"};
     const Side side = FocusedSide();
-    for (const Long line : lstArmies[Of(side)].SelectedLines()) {
-        health_[Of(side)](line + 1).Medals = static_cast<std::int16_t>(index);
+    for (const Long line : lstArmies[side].SelectedLines()) {
+        Health(side)(line + 1).Medals = static_cast<std::int16_t>(index);
         if (index > 0)
             MarkLine(side, line);
         else
@@ -84,7 +77,7 @@ void frmBrawlpad::mnuPopupItemMedals_Click(std::size_t index) {
 void frmBrawlpad::mnuPopupDelete_Click() {
     const Trap trap{"frmBrawlpad::mnuPopupDelete_Click"};
     const Side side = FocusedSide();
-    std::vector<Long> lines = lstArmies[Of(side)].SelectedLines();
+    std::vector<Long> lines = lstArmies[side].SelectedLines();
     // From the last one upwards, so that no removal moves a line that is still to go.
     std::ranges::reverse(lines);
     for (const Long line : lines)
@@ -92,29 +85,29 @@ void frmBrawlpad::mnuPopupDelete_Click() {
 }
 
 void frmBrawlpad::MarkLine(Side side, Long line) {
-    ListBox& list = lstArmies[Of(side)];
+    ListBox& list = lstArmies[side];
     const std::string& text = list.Entry(line).Text;
     if (AsteriskEligible(text))
         list.SetText(line, text + std::string(ConditionMark));
 }
 
 void frmBrawlpad::UnmarkLine(Side side, Long line) {
-    ListBox& list = lstArmies[Of(side)];
+    ListBox& list = lstArmies[side];
     const std::string& text = list.Entry(line).Text;
     // A line without conditions may be without a mark too, when it was selected together with marked ones.
-    if (RemoveAsteriskEligible(text, health_[Of(side)](line + 1)) && text.ends_with(ConditionMark))
+    if (RemoveAsteriskEligible(text, Health(side)(line + 1)) && text.ends_with(ConditionMark))
         list.SetText(line, text.substr(0, text.size() - ConditionMark.size()));
 }
 
 void frmBrawlpad::EvaluateHealthConflicts(Side side) {
     const Trap trap{"frmBrawlpad::EvaluateHealthConflicts"};
-    const std::vector<Long> selected = lstArmies[Of(side)].SelectedLines();
+    const std::vector<Long> selected = lstArmies[side].SelectedLines();
     if (selected.size() <= 1) {
         DisableMenuItems();
         EnableMenuItems();
         return;
     }
-    const HealthArray& health = health_[Of(side)];
+    const HealthArray& health = Health(side);
     const bool blessed = std::ranges::any_of(selected, [&](Long line) { return health(line + 1).Blessed; });
     const bool ailing = std::ranges::any_of(
         selected, [&](Long line) { return health(line + 1).Diseased || health(line + 1).Poisoned; });

@@ -9,7 +9,7 @@ namespace {
 
 struct MarkWord {
     std::string_view Word;
-    bool HealthRow::*Mark;
+    bool HealthRow::* Mark;
 };
 constexpr std::array<MarkWord, 3> BeforeMedals{{{"blessed", &HealthRow::Blessed},
                                                 {"diseased", &HealthRow::Diseased},
@@ -50,6 +50,14 @@ bool AddCondition(HealthRow& row, std::string_view word) {
             return true;
         }
     return false;
+}
+
+bool AsteriskEligible(std::string_view text) {
+    return !text.empty() && !text.ends_with('*');
+}
+
+bool RemoveAsteriskEligible(std::string_view text, const HealthRow& row) {
+    return row == HealthRow{} && !text.empty();
 }
 
 } // namespace vorhaven

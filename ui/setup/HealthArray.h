@@ -32,6 +32,11 @@ struct HealthRow {
 /// Gives a row the condition that a word of InWords names; false for any other word.
 [[nodiscard]] bool AddCondition(HealthRow& row, std::string_view word);
 
+/// Whether a line's text can take the mark of conditions: it has some text, and no mark yet.
+[[nodiscard]] bool AsteriskEligible(std::string_view text);
+/// Whether a line's text is to lose its mark, having some text and no condition any more.
+[[nodiscard]] bool RemoveAsteriskEligible(std::string_view text, const HealthRow& row);
+
 /// The conditions of all lines of one side: row r belongs to line r - 1. The last row is a spare, the source
 /// for the row before it when rows move up.
 class HealthArray {

@@ -5,26 +5,13 @@
 #include "base/Conversion.h"
 
 namespace vorhaven {
-namespace {
-
-/// A chance as the player reads it. What is possible is not told as 0, nor what is not certain as 100.
-std::string PercentText(double chance) {
-    const double percent = 100.0 * chance;
-    if (chance > 0.0 && percent < 0.05)
-        return "< 0.1%";
-    if (chance < 1.0 && percent >= 99.95)
-        return "> 99.9%";
-    return ToFixedText(percent, 1) + '%';
-}
-
-} // namespace
 
 void OddsPanel::Show(const std::optional<Odds::BattleOdds>& odds, const std::string& state) {
     using Odds::SideOdds;
     constexpr std::array given{&SideOdds::Overall, &SideOdds::IfAttackerWins, &SideOdds::IfDefenderWins};
     for (std::size_t row = 0; row < Rows.size(); ++row) {
         auto& losses = Rows[row].Losses;
-        const auto of = [&](const SideOdds Odds::BattleOdds::*side) {
+        const auto of = [&](const SideOdds Odds::BattleOdds::* side) {
             return odds ? (*odds).*side.*given[row] : std::nullopt;
         };
         ShowLosses(losses[0], losses[1], of(&Odds::BattleOdds::Attackers));
@@ -33,12 +20,12 @@ void OddsPanel::Show(const std::optional<Odds::BattleOdds>& odds, const std::str
     attackerShare_.reset();
     if (odds && odds->Won + odds->Lost > 0.0)
         attackerShare_ = odds->Won / (odds->Won + odds->Lost);
-    lblChance[0].Caption = odds ? PercentText(odds->Won) : Unknown;
-    lblChance[1].Caption = odds ? PercentText(odds->Lost) : Unknown;
+    lblChance[0].Caption = odds ? PercentText(odds->AttackerWins()) : Unknown;
+    lblChance[1].Caption = odds ? PercentText(odds->DefenderWins()) : Unknown;
     lblSentence.Caption = odds ? "The attacker wins " + lblChance[0].Caption.Get() +
                                      " of battles, the defender " + lblChance[1].Caption.Get()
                                : "";
-    lblState.Caption = odds && odds->Endless > 0.0 ? "In " + PercentText(odds->Endless) +
+    lblState.Caption = odds && odds->Endless > 0.0 ? "In " + PercentText(odds->NeverEnds()) +
                                                          " of battles neither side can ever win. " + state
                                                    : state;
     // The bar changes with the share alone, which is no property of its own.

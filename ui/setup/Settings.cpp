@@ -12,16 +12,9 @@ Long frmBrawlpad::NumBattles() const {
 
 void frmBrawlpad::LoadArmyCombos() {
     const Trap trap{"frmBrawlpad::LoadArmyCombos"};
-    for (ComboBox& picker : cboArmies) {
-        for (Long i = 0; i < NumArmies(); ++i)
-            picker.AddItem(CellText(Armies()(i, ArmyColumn::Name)),
-                           CellNumber(Armies()(i, ArmyColumn::Identifier)), UnitDetails(i));
-        for (Long i = 0; i < NumHeroes(); ++i)
-            picker.AddItem(CellText(Heroes()(i, HeroColumn::Name)),
-                           NumArmies() + CellNumber(Heroes()(i, HeroColumn::Identifier)),
-                           UnitDetails(NumArmies() + i));
-        picker.AddItem(NoArmy, NumArmies() + NumHeroes());
-    }
+    for (const Side side : BothSides)
+        for (const ListEntry& unit : units_->Entries())
+            cboArmies[side].AddItem(unit.Text, unit.Datum, units_->Details(unit.Datum));
 }
 
 void frmBrawlpad::LoadTerrainCombo() {
@@ -32,9 +25,9 @@ void frmBrawlpad::LoadTerrainCombo() {
 
 void frmBrawlpad::LoadCityLevelCombo() {
     const Trap trap{"frmBrawlpad::LoadCityLevelCombo"};
-    cboCityLevel.AddItem("Village (+1)", 1);
-    cboCityLevel.AddItem("Castle (+2)", 2);
-    cboCityLevel.AddItem("Citadel (+3)", 3);
+    Long level;
+    for (const char* name : CityLevels)
+        cboCityLevel.AddItem(name, ++level);
 }
 
 void frmBrawlpad::cboArmies_Click(Side side) {
@@ -60,8 +53,8 @@ void frmBrawlpad::txtNumSimulations_Change() {
 void frmBrawlpad::txtNumSimulations_LostFocus() {
     const Trap trap{"frmBrawlpad::txtNumSimulations_LostFocus"};
     const std::string& text = txtNumSimulations.Text();
-    if (text.empty() || ToLong(text) < 10)
-        txtNumSimulations.SetText("10");
+    if (text.empty() || ToLong(text) < NumBattlesRange.Lowest)
+        txtNumSimulations.SetText(ToText(NumBattlesRange.Lowest));
     else
         txtNumSimulations.SetText(text.substr(0, text.size() - 1) + "0");
 }
@@ -80,9 +73,9 @@ void frmBrawlpad::cboTerrain_Click() {
 
 void frmBrawlpad::AdjustDefTerrain(Side side, Long lineCount) {
     const Trap trap{"frmBrawlpad::AdjustDefTerrain"};
-    if (side != Side::Defend)
+    if (side != Side::Defender)
         return;
-    if (lineCount <= LinesPerStack) {
+    if (!IsCityForced(lineCount)) {
         cboTerrain.Enabled = true;
         return;
     }

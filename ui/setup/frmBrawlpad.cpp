@@ -12,15 +12,15 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
     : Form("Vorhaven 3 Combat Calculator"), provider_(&provider), toolkit_(&toolkit),
       moreResults_(toolkit, [this] { return NumBattles(); }) {
     pbBattleProgress.Visible = false;
-    for (const Side side : {Side::Attack, Side::Defend}) {
-        const std::size_t i = Of(side);
-        for (Control* control : std::initializer_list<Control*>{
-                 &cboArmies[i], &lstArmies[i], &sscClearList[i], &sscDup[i], &txtDup[i], &updDup[i]})
-            control->Index = static_cast<int>(i);
-        cboArmies[i].Click = [this, side] { cboArmies_Click(side); };
-        lstArmies[i].DblClick = [this, side] { lstArmies_DblClick(side); };
-        sscClearList[i].Click = [this, side] { sscClearList_Click(side); };
-        sscDup[i].Click = [this, side] { sscDup_Click(side); };
+    for (const Side side : BothSides) {
+        for (Control* control :
+             std::initializer_list<Control*>{&cboArmies[side], &lstArmies[side], &sscClearList[side],
+                                             &sscDup[side], &txtDup[side], &updDup[side]})
+            control->Index = static_cast<int>(side);
+        cboArmies[side].Click = [this, side] { cboArmies_Click(side); };
+        lstArmies[side].DblClick = [this, side] { lstArmies_DblClick(side); };
+        sscClearList[side].Click = [this, side] { sscClearList_Click(side); };
+        sscDup[side].Click = [this, side] { sscDup_Click(side); };
     }
     for (std::size_t index = 0; index < sscListArrow.size(); ++index) {
         sscListArrow[index].Index = static_cast<int>(index);
@@ -47,33 +47,32 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
     mnuCopy.Click = [this] { Copy(FocusedSide()); };
     mnuCopyBattle.Click = [this] { toolkit_->SetClipboardText(BattleAsText()); };
     mnuPaste.Click = [this] { Paste(FocusedSide(), toolkit_->ClipboardText()); };
-    for (Control* control : std::initializer_list<Control*>{
-             &lstArmies[0], &lstArmies[1], &cboTerrain, &cboCityLevel, &txtCombatDice, &txtNumSimulations})
+    for (Control* control :
+         std::initializer_list<Control*>{&lstArmies.Attacker, &lstArmies.Defender, &cboTerrain, &cboCityLevel,
+                                         &txtCombatDice, &txtNumSimulations})
         touching_.push_back(control->Changed.Connect([this] { SetupTouched.Raise(); }));
 }
 
 void frmBrawlpad::Form_Load() {
     const Trap trap{"frmBrawlpad::Form_Load"};
     CentreOn(toolkit_->ScreenSize());
-    gobjCAttArmies = CAttackArmies{*this};
-    gobjCDefArmies = CAttackArmies{*this};
+    gobjCAttArmies = CAttackArmies{assemblyHost_};
+    gobjCDefArmies = CAttackArmies{assemblyHost_};
     SetTerrain(Terrains::Field);
-    CombatDice = 20;
-    SetNumBattles("1000");
-    armies_ = &provider_->GetTable(CatalogueProvider::Selector::Armies);
-    heroes_ = &provider_->GetTable(CatalogueProvider::Selector::Heroes);
+    CombatDice = CombatDiceRange.AtFirst;
+    SetNumBattles(ToText(NumBattlesRange.AtFirst));
+    units_.emplace(*provider_);
     LoadArmyCombos();
     LoadTerrainCombo();
     LoadCityLevelCombo();
     sscMoreResults.Enabled = false;
     sscAbort.Enabled = false;
     sschkViewStats.Checked = false;
-    txtNumSimulations.SetText("1000");
+    txtNumSimulations.SetText(ToText(NumBattlesRange.AtFirst));
     cboCityLevel.Enabled = false;
     cboTerrain.SetListIndex(Terrains::IndexOf(Terrains::Field));
-    settled_ = CurrentSetup();
+    history_ = SetupHistory{CurrentSetup()};
     ShowState();
-    OddsFrame.Show(std::nullopt, "Pick armies for both sides");
 }
 
 void frmBrawlpad::sscMoreResults_Click() {

@@ -4,31 +4,30 @@
 
 #include "engine/BattleHost.h"
 #include "model/CAttackArmies.h"
+#include "model/Side.h"
 #include "ui/controls/Form.h"
 #include "ui/controls/ListBox.h"
 #include "ui/results/frmMoreResults.h"
-#include "ui/setup/BattleText.h"
+#include "ui/setup/Battle.h"
 #include "ui/setup/HealthArray.h"
-#include "ui/setup/History.h"
+#include "ui/setup/LiveOdds.h"
 #include "ui/setup/OddsPanel.h"
 #include "ui/setup/Setup.h"
+#include "ui/setup/SetupHistory.h"
 #include "ui/setup/Toolkit.h"
+#include "ui/setup/Units.h"
 
 #include <array>
-#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
 
 namespace vorhaven {
 
-/// The side that a paired control belongs to, which is its place in its control array.
-enum class Side : std::size_t { Attack = 0, Defend = 1 };
-
 /// The main window: settings, the two army lists with their conditions, and the runs. What concerns the
 /// window as a whole is in frmBrawlpad.cpp; the other sources go by topic: Settings.cpp, Lists.cpp,
-/// Conditions.cpp, Assembly.cpp, Changes.cpp, LiveOdds.cpp, Exchange.cpp.
-class frmBrawlpad final : public Form, private ArmyListHost, private MBattleCalc::BattleHost {
+/// Conditions.cpp, Run.cpp, Undo.cpp, Clipboard.cpp.
+class frmBrawlpad final : public Form, private MBattleCalc::BattleHost {
 public:
     /// `provider` and `toolkit` must outlive the window.
     frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit);
@@ -48,14 +47,14 @@ public:
     /// Faces of a combat die.
     Long CombatDice;
     /// The defender's terrain.
-    [[nodiscard]] const std::string& Terrain() const override { return terrain_; }
+    [[nodiscard]] const std::string& Terrain() const { return terrain_; }
     void SetTerrain(const std::string& terrain) { terrain_ = terrain; }
     /// Numbers of army types and hero types; a list line whose datum is their sum stands for no army.
-    [[nodiscard]] Long NumArmies() const override { return Armies().RowCount(); }
-    [[nodiscard]] Long NumHeroes() const { return Heroes().RowCount(); }
+    [[nodiscard]] Long NumArmies() const { return units_->NumArmies(); }
+    [[nodiscard]] Long NumHeroes() const { return units_->NumHeroes(); }
     /// The catalogue's tables.
-    [[nodiscard]] const Table& Armies() const override { return *armies_; }
-    [[nodiscard]] const Table& Heroes() const override { return *heroes_; }
+    [[nodiscard]] const Table& Armies() const override { return units_->Armies(); }
+    [[nodiscard]] const Table& Heroes() const override { return units_->Heroes(); }
 
     void txtNumSimulations_LostFocus();
 
@@ -66,9 +65,6 @@ public:
 
     // Lists.cpp
 
-    /// What the picker tells about a unit beside its name: strength, hits, turns, terrain bonus and power,
-    /// each empty where there is nothing to tell.
-    [[nodiscard]] std::vector<std::string> UnitDetails(Long datum) const;
     /// Appends the picker's current entry to the list of a side.
     void AddArmyToList(Side side);
     /// Removes a line, with its conditions.
@@ -85,35 +81,34 @@ public:
 
     /// Clears the conditions of both sides.
     void RefreshHealthArray();
-    /// The right button on a list, or the menu key: loads the menu's items and opens it.
     enum class MouseButton { Left = 1, Right = 2 };
+    /// The right button on a list, or the menu key: loads the menu's items and opens it.
     void lstArmies_MouseUp(Side side, MouseButton button);
     /// Enables and disables the menu's Blessed, Diseased and Poisoned for the selected lines of a side.
     void EvaluateHealthConflicts(Side side);
 
-    [[nodiscard]] const HealthArray& Health(Side side) const { return health_[Of(side)]; }
+    /// The conditions of the lines of a side.
+    [[nodiscard]] HealthArray& Health(Side side) {
+        return side == Side::Attacker ? AttHealthArray : DefHealthArray;
+    }
+    [[nodiscard]] const HealthArray& Health(Side side) const {
+        return side == Side::Attacker ? AttHealthArray : DefHealthArray;
+    }
 
-    // Assembly.cpp
-
-    /// The undead test of a catalogue row.
-    [[nodiscard]] bool CheckIfUndead(Long row) const;
-
-    // Changes.cpp
+    // Undo.cpp
 
     /// What the player has set up.
     [[nodiscard]] Setup CurrentSetup() const;
     /// Raised when something may have changed that Settle is to take in.
     Signal<> SetupTouched;
-    /// The most time that computing the exact odds may take.
-    std::chrono::milliseconds OddsBudget{12};
-    /// Takes in what has changed since the last call: one step of undo, the notes and counts of the lists,
-    /// and whether the quick results are out of date. A view calls it once the user's action is over.
+    /// Takes in what has changed since the last call, as one step to undo, and shows what follows from it. A
+    /// view calls it once the user's action is over.
     void Settle();
-    /// Puts the set-up back that stood before the last change, or that the last Undo left.
+    /// Goes back to the set-up before the last change, or forward to the one that the last Undo left.
     void Undo();
     void Redo();
 
-    // Exchange.cpp
+    // Clipboard.cpp
 
     /// The selected lines of a side as text; empty without any.
     [[nodiscard]] std::string SelectedLinesAsText(Side side) const;
@@ -122,8 +117,8 @@ public:
     /// The whole set-up as text, with the quick results below it.
     [[nodiscard]] std::string BattleAsText() const;
     /// Takes a text as SelectedLinesAsText and BattleAsText write them: lines alone are added to a side, a
-    /// battle takes the set-up's place. A text that cannot be read, or does not fit, is told in one message,
-    /// and nothing is changed.
+    /// battle takes the set-up's place. A text that cannot be read changes nothing and is answered with one
+    /// message; one that does not fit, with one notice.
     void Paste(Side side, const std::string& text);
 
     // The controls, by group from the top of the window.
@@ -150,13 +145,13 @@ public:
     Frame fraSetup{"Setup Options"};
     Label lblCombatDice{"Combat Dice:"};
     TextBox txtCombatDice{MaxNumberLength, "Select # of combat dice"};
-    /// No army is stronger than 14, so from 15 faces on every battle ends.
-    UpDown updCombatDice{txtCombatDice, 15, 100, 20, UpDown::Typing::WithinLimits, "Select # of combat dice"};
+    UpDown updCombatDice{txtCombatDice,           CombatDiceRange.Lowest,       CombatDiceRange.Highest,
+                         CombatDiceRange.AtFirst, UpDown::Typing::WithinLimits, "Select # of combat dice"};
     CheckButton sschkViewStats{"View Stack Statistics", "See detailed info on stacks"};
     Label lblTerrain{"Defender's Terrain:"};
     ComboBox cboTerrain{"Select defender's terrain"};
     Label lblNumSimulations{"Number of Battles:"};
-    /// Eight digits fit into a count whatever they are.
+    /// As many digits as the highest number of battles has.
     TextBox txtNumSimulations{8, "Indicate # of battles to simulate"};
     Label lblCityLevel{"City Level:"};
     ComboBox cboCityLevel{"Select level of city"};
@@ -191,40 +186,43 @@ public:
     /// Why the terrain cannot be chosen; empty while it can.
     Label lblTerrainLocked;
     /// How many lines each list has, of how many at most.
-    std::array<Label, 2> lblCount;
+    PerSide<Label> lblCount;
 
     Frame fraAttack{"Attacking Armies"};
     Frame fraDefend{"Defending Armies"};
-    [[nodiscard]] Frame& FrameOf(Side side) { return side == Side::Attack ? fraAttack : fraDefend; }
+    [[nodiscard]] Frame& FrameOf(Side side) { return side == Side::Attacker ? fraAttack : fraDefend; }
 
-    // Paired: 0 attack, 1 defence.
-    std::array<Label, 2> lblArmies{Label{"Select Attacking Armies"}, Label{"Select Defending Armies"}};
-    std::array<ComboBox, 2> cboArmies{ComboBox{"Select attacking armies"},
-                                      ComboBox{"Select defending armies"}};
-    std::array<ListBox, 2> lstArmies{ListBox{"Double click armies to delete, right click for options"},
-                                     ListBox{"Double click armies to delete, right click for options"}};
+    PerSide<Label> lblArmies{Label{"Select Attacking Armies"}, Label{"Select Defending Armies"}};
+    PerSide<ComboBox> cboArmies{ComboBox{"Select attacking armies"}, ComboBox{"Select defending armies"}};
+    PerSide<ListBox> lstArmies{ListBox{"Double click armies to delete, right click for options"},
+                               ListBox{"Double click armies to delete, right click for options"}};
     /// Beside the attacking list, where each of its stacks of eight lines begins.
     std::array<Label, MaxStacks> lblStack{Label{"Stack 1"}, Label{"Stack 2"}, Label{"Stack 3"},
                                           Label{"Stack 4"}};
     /// Beside the defending list, which is one stack.
     Label lblDefStack{"Stack 1"};
-    std::array<Button, 2> sscClearList{Button{"Clear List", "Remove all armies from the list"},
-                                       Button{"Clear List", "Remove all armies from the list"}};
-    std::array<Button, 2> sscDup{
+    PerSide<Button> sscClearList{Button{"Clear List", "Remove all armies from the list"},
+                                 Button{"Clear List", "Remove all armies from the list"}};
+    PerSide<Button> sscDup{
         Button{"Duplicate", "Add to the list the specified number of copies of the selected army"},
         Button{"Duplicate", "Add to the list the specified number of copies of the selected army"}};
-    std::array<Label, 2> lblDup{Label{"Number of Duplicates"}, Label{"Number of Duplicates"}};
-    std::array<TextBox, 2> txtDup{TextBox{MaxNumberLength, "Select # of times to duplicate army"},
-                                  TextBox{MaxNumberLength, "Select # of times to duplicate army"}};
-    std::array<UpDown, 2> updDup{UpDown{txtDup[0], 1, MaxLines, 1, UpDown::Typing::WithinLimits,
-                                        "Select # of times to duplicate army"},
-                                 UpDown{txtDup[1], 1, MaxLines, 1, UpDown::Typing::WithinLimits,
-                                        "Select # of times to duplicate army"}};
+    PerSide<Label> lblDup{Label{"Number of Duplicates"}, Label{"Number of Duplicates"}};
+    PerSide<TextBox> txtDup{TextBox{MaxNumberLength, "Select # of times to duplicate army"},
+                            TextBox{MaxNumberLength, "Select # of times to duplicate army"}};
+    PerSide<UpDown> updDup{UpDown{txtDup.Attacker, 1, MaxLines, 1, UpDown::Typing::WithinLimits,
+                                  "Select # of times to duplicate army"},
+                           UpDown{txtDup.Defender, 1, MaxLines, 1, UpDown::Typing::WithinLimits,
+                                  "Select # of times to duplicate army"}};
     /// 0 attacking up, 1 attacking down, 2 defending up, 3 defending down.
     std::array<Button, 4> sscListArrow{Button{"Army Up", "Move the selected army up in the list"},
                                        Button{"Army Dn", "Move the selected army down in the list"},
                                        Button{"Army Up", "Move the selected army up in the list"},
                                        Button{"Army Dn", "Move the selected army down in the list"}};
+
+    [[nodiscard]] Button& ArmyUp(Side side) { return sscListArrow.at(2 * static_cast<std::size_t>(side)); }
+    [[nodiscard]] Button& ArmyDown(Side side) {
+        return sscListArrow.at(2 * static_cast<std::size_t>(side) + 1);
+    }
 
     /// The pop-up menu of the lists. Its items 1 to 7 are the columns of the conditions; 0 is not used, 4 is
     /// the heading of the medals.
@@ -240,8 +238,6 @@ public:
     Signal<Side> PopupMenuRequested;
 
 private:
-    [[nodiscard]] static constexpr std::size_t Of(Side side) { return static_cast<std::size_t>(side); }
-
     // frmBrawlpad.cpp
     void sscMoreResults_Click();
     void sscExit_Click();
@@ -261,6 +257,11 @@ private:
     void sscClearList_Click(Side side);
     void sscDup_Click(Side side);
     void sscListArrow_Click(std::size_t index);
+    void sscSwapSides_Click();
+    /// The entry of a new line, with an identity of its own.
+    [[nodiscard]] ListEntry NewLine(std::string text, Long unit) {
+        return {std::move(text), unit, ++lastLineId_};
+    }
 
     // Conditions.cpp
     void mnuPopupItem_Click(std::size_t index);
@@ -274,56 +275,33 @@ private:
     void MarkLine(Side side, Long line);
     void UnmarkLine(Side side, Long line);
 
-    // Assembly.cpp
+    // Run.cpp
     void cmdAttack_Click();
     [[nodiscard]] bool VerifyForm();
-    /// Whether both sides have an army to send: one line of the attackers' first stack, and one of the
-    /// defenders, is more than "None". Warns like VerifyForm otherwise.
+    /// Whether both sides have an army to send. Warns like VerifyForm otherwise.
     [[nodiscard]] bool VerifyArmies();
-    [[nodiscard]] bool HasArmy(Side side, Long lineCount) const;
     void WarnOfMissingArmies();
     void FillArmyCollections();
     void AddAttacker(Long row, Long position);
     void AddDefender(Long row, Long position);
-    void AddEntry(Side side, Long row, Long position);
-    /// What a catalogue row and a line's conditions give to an army list.
-    [[nodiscard]] ArmyEntry EntryOf(Long row, const HealthRow& health) const;
+    /// Adds the line on a position of a side to an army list.
+    void AddEntry(CAttackArmies& armies, Side side, Long row, Long position);
+    /// Lets the user edit the hero of a line; returns when the editor is closed.
+    void EditHero(CArmy& hero, Side side, Long position);
+    /// What the detailed results show about the last run beside its results.
+    [[nodiscard]] frmMoreResults::Background BackgroundOfRun() const;
     void sscAbort_Click();
 
-    // Changes.cpp
+    // Undo.cpp
+    /// Shows a set-up in the controls. Lines without an Id are new and get one; they are not selected.
+    void PutInPlace(const Setup& setup);
+    void GoTo(const Setup& setup);
+    /// Shows what follows from the current set-up: notes, counts, what can be undone, odds, and whether the
+    /// quick results are of an earlier one.
     void ShowState();
-    /// Whether the quick results are of another battle than the one that is set up. A hero of other values
-    /// makes it another one, the number of battles and the marks behind the names do not.
-    [[nodiscard]] bool AreResultsOutOfDate() const;
-    void Restore(const Setup& setup);
-    void sscSwapSides_Click();
-    /// A new line's entry, told apart from all others.
-    [[nodiscard]] ListEntry NewLine(std::string text, Long datum) {
-        return {std::move(text), datum, ++lastLineId_};
-    }
 
-    // LiveOdds.cpp
-    /// Shows the odds of what is set up, if they are not shown already.
-    void ShowOdds();
-    /// The odds of a battle, or nothing where they take too long.
-    [[nodiscard]] std::optional<Odds::BattleOdds> ComputeOdds(const BattleDescription& battle) const;
-    /// What the detailed results are told about the last run.
-    [[nodiscard]] frmMoreResults::Background BackgroundOfRun() const;
-    /// How the heroes count in the odds.
-    [[nodiscard]] std::string HeroesInWords(const BattleDescription& battle) const;
-
-    // Exchange.cpp
-    [[nodiscard]] BattleText TextFormat() const;
-    [[nodiscard]] BattleDescription::Line DescriptionOf(Side side, Long line) const;
-    /// All that is set up but for the number of battles.
-    [[nodiscard]] BattleDescription DescribeBattle() const;
+    // Clipboard.cpp
     [[nodiscard]] std::string ResultsAsText() const;
-    void AddLines(Side side, const std::vector<BattleDescription::Line>& lines);
-    /// The values that a hero type's editor leaves when it is confirmed untouched; nothing for other units.
-    [[nodiscard]] std::optional<HeroValues> UntouchedHero(Long datum) const;
-
-    // What the army lists ask for.
-    void EditHero(CArmy& hero) override;
 
     // What the engine asks for.
     [[nodiscard]] const CAttackArmies& AttackArmies() const override { return *gobjCAttArmies; }
@@ -339,31 +317,26 @@ private:
 
     const CatalogueProvider* provider_;
     Toolkit* toolkit_;
-    const Table* armies_ = nullptr;
-    const Table* heroes_ = nullptr;
+    /// Empty until the window is loaded.
+    std::optional<Units> units_;
     std::string numBattles_;
     std::string terrain_;
-    std::array<HealthArray, 2> health_;
+    HealthArray AttHealthArray;
+    HealthArray DefHealthArray;
+    AssemblyHost assemblyHost_;
     std::optional<CAttackArmies> gobjCAttArmies;
     std::optional<CAttackArmies> gobjCDefArmies;
     frmMoreResults moreResults_;
-    Setup settled_;
-    History<Setup, std::string Setup::*> history_;
+    LiveOdds liveOdds_{OddsFrame};
     std::int32_t lastLineId_ = 0;
-    /// What was entered for heroes in the last run, or pasted with them, by their line's identity.
+    /// What was entered for the heroes of the lists, by the identity of their lines.
     std::map<std::int32_t, HeroValues> heroValues_;
-    /// The battle of the last run, under way or over, and that of the run whose quick results are shown: an
-    /// aborted run shows none. The heroes are as they were entered.
-    BattleDescription assembled_;
-    std::optional<BattleDescription> fought_;
-    /// The battle whose odds are shown.
-    BattleDescription oddsOf_;
+    SetupHistory history_;
+    /// The last run's set-up when Attack was pressed, with its heroes as they fight.
+    Setup assembled_;
+    /// The same of the run whose quick results are shown; an aborted run shows none.
+    std::optional<Setup> fought_;
     std::vector<Connection> touching_;
-    /// What was set up when the run's assembly began.
-    Setup assembledSetup_;
-    /// The line that is being put into its army list.
-    Side assembledSide_ = Side::Attack;
-    Long assembledLine_;
 };
 
 } // namespace vorhaven

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/controls/GridView.h"
+
+#include "app/controls/Binding.h"
+#include "app/program/ErrorReport.h"
+#include "app/program/Shade.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QScreen>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace vorhaven {
+namespace {
+
+/// The rows that a grid has room for on any screen, in pixels: a whole stack of attackers in small print.
+constexpr int LeastHeight = 150;
+
+/// What a window puts at the sides of a grid, in pixels, more or less.
+constexpr int AroundGrid = 60;
+
+} // namespace
+
+GridView::GridView(Grid& grid, QWidget* parent) : QTableWidget(parent), grid_(&grid) {
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    Bind(*this, grid);
+    horizontalHeader()->setStretchLastSection(true);
+    ShowRows();
+    KeepWith(*this, grid.Changed.Connect([this] { ShowRows(); }));
+    connect(this, &QTableWidget::currentCellChanged, this, [this](int row, int /*column*/, int previousRow) {
+        if (row < 0 || row == previousRow)
+            return;
+        selectRow(row);
+        RunOutermost([&] { grid_->PickRow(row + 1); });
+    });
+}
+
+void GridView::ShowRows() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 3);
+    for (int row = 0; row < rowCount(); ++row)
+        ShowRow(row);
+    updateGeometry();
+}
+
+void GridView::ShowRow(int row) {
+    const QColor quiet =
+        Shaded(palette().color(QPalette::Text), palette().color(QPalette::Base), Shade::Quiet);
+    const QString details = QString::fromStdString(grid_->Details(row + 1));
+    for (int column = 0; column < columnCount(); ++column) {
+        QTableWidgetItem& cell = *item(row, column);
+        cell.setForeground(grid_->IsQuiet(row + 1, column) ? QBrush(quiet) : QBrush());
+        cell.setToolTip(details.isEmpty() ? QString() : toolTip() + "\n" + details);
+        cell.setData(Qt::AccessibleDescriptionRole, details);
+    }
+}
+
+QSize GridView::sizeHint() const {
+    return SizeForRows(rowCount());
+}
+
+QSize GridView::minimumSizeHint() const {
+    const int leastRows = LeastHeight / verticalHeader()->defaultSectionSize();
+    return {0, SizeForRows(std::min(rowCount(), leastRows)).height()};
+}
+
+int GridView::WidthOfColumns() const {
+    int width = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    for (int column = 0; column < columnCount() - 1; ++column)
+        width += columnWidth(column);
+    return width + horizontalHeader()->sectionSizeHint(columnCount() - 1);
+}
+
+QSize GridView::SizeForRows(int rows) const {
+    const bool isTooWide = hasSideways_ || WidthOfColumns() + AroundGrid > screen()->availableSize().width();
+    const int barHeight = isTooWide ? horizontalScrollBar()->sizeHint().height() : 0;
+    return {WidthOfColumns(), horizontalHeader()->sizeHint().height() +
+                                  rows * verticalHeader()->defaultSectionSize() + barHeight +
+                                  2 * frameWidth()};
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+    QTableWidget::resizeEvent(event);
+    // The rows keep their room beside the bar that scrolls sideways.
+    if (std::exchange(hasSideways_, width() < WidthOfColumns()) != hasSideways_)
+        updateGeometry();
+}
+
+void GridView::changeEvent(QEvent* event) {
+    QTableWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+        ShowRows();
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    OpenMenu(event->globalPos());
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy))
+        CopyNumbers();
+    else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        OpenMenu(mapToGlobal(viewport()->geometry().topLeft()));
+    else
+        QTableWidget::keyPressEvent(event);
+}
+
+void GridView::CopyNumbers() const {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(grid_->Numbers()));
+}
+
+void GridView::OpenMenu(const QPoint& position) {
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(QString::fromStdString(grid_->CopyNumbers), this, &GridView::CopyNumbers);
+    menu->popup(position);
+}
+
+} // namespace vorhaven

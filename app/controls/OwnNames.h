@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+namespace vorhaven {
+
+/// From now on screen readers are given a label's text, or the name that a plain widget or a line has been
+/// given, as its name. The toolkit calls those that have neither by the title of their group box.
+void InstallOwnNames();
+
+} // namespace vorhaven

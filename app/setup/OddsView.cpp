@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/setup/OddsView.h"
+
+#include "app/controls/BoundWidgets.h"
+#include "app/program/Shade.h"
+#include "app/program/SideColours.h"
+#include "app/setup/Room.h"
+
+#include <QGridLayout>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace vorhaven {
+namespace {
+
+/// Both sides' chances as the two parts of a bar, with a mark at the half.
+class OddsBar final : public QWidget {
+public:
+    explicit OddsBar(const OddsPanel& panel) : panel_(&panel) {
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override { return {0, fontMetrics().height() + MarkHeight}; }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        const QColor line =
+            Shaded(palette().color(QPalette::WindowText), palette().color(QPalette::Window), Shade::ListLine);
+        const QRect bar = rect().adjusted(0, 0, -1, -1 - MarkHeight);
+        const int half = bar.center().x();
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawLine(half, bar.bottom() + 2, half, bar.bottom() + MarkHeight);
+        if (const auto share = panel_->AttackerShare()) {
+            const int width = qRound(*share * bar.width());
+            const int gap = width > 0 && width < bar.width() ? 1 : 0;
+            Fill(painter, {bar.left(), bar.top(), width - gap, bar.height()}, 0);
+            Fill(painter, {bar.left() + width + gap, bar.top(), bar.width() - width - gap, bar.height()}, 1);
+        }
+        painter.setPen(line);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(bar);
+    }
+
+private:
+    static constexpr int MarkHeight = 4;
+
+    void Fill(QPainter& painter, QRect part, int side) const {
+        // The attacker's part stands where the attacker's column does.
+        if (layoutDirection() == Qt::RightToLeft)
+            part.moveLeft(width() - 1 - part.right());
+        painter.fillRect(part, SideColour(side, palette()));
+    }
+
+    const OddsPanel* panel_;
+};
+
+/// A small square in a side's colour.
+class ColourKey final : public QWidget {
+public:
+    explicit ColourKey(int side) : side_(side) { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        const int size = fontMetrics().height() * 6 / 10;
+        return {size, size};
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter(this).fillRect(rect(), SideColour(side_, palette()));
+    }
+
+private:
+    int side_;
+};
+
+// The columns of the table: one of captions, and of figures two for each side.
+constexpr int FirstFigure = 1;
+constexpr int FigureColumns = 4;
+
+QWidget* MakeRule() {
+    auto* const rule = new QFrame;
+    rule->setFrameShape(QFrame::HLine);
+    rule->setFrameShadow(QFrame::Plain);
+    SetShade(*rule, Shade::TableLine);
+    return rule;
+}
+
+} // namespace
+
+OddsView::OddsView(OddsPanel& panel, bool compact) : panel_(&panel), compact_(compact) {
+    Bind(*this, panel.fraOdds);
+    auto* const bar = new OddsBar(panel);
+    KeepWith(*bar, panel.fraOdds.Changed.Connect([bar] { bar->update(); }));
+    KeepWith(*bar, panel.lblSentence.Changed.Connect([bar, &panel] {
+        bar->setAccessibleName(QString::fromStdString(panel.lblSentence.Caption));
+        bar->setToolTip(bar->accessibleName());
+    }));
+    auto* const state = Make<QLabel>(panel.lblState);
+    state->setWordWrap(true);
+    state->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    // Room for two lines, so that nothing moves when the text changes.
+    state->setFixedHeight(2 * state->fontMetrics().lineSpacing());
+    SetShade(*state, Shade::Quiet);
+
+    auto* const layout = new QVBoxLayout(this);
+    if (compact)
+        MakeCompact(*layout);
+    layout->addLayout(MakeChances());
+    layout->addWidget(bar);
+    layout->addLayout(MakeLosses());
+    layout->addWidget(state);
+}
+
+QLayout* OddsView::MakeChances() {
+    auto* const layout = new QHBoxLayout;
+    if (compact_)
+        layout->setSpacing(SideBySideGap);
+    std::array<QLabel*, 2> sides{};
+    std::array<QLabel*, 2> chances{};
+    for (std::size_t side = 0; side < sides.size(); ++side) {
+        sides[side] = Make<QLabel>(panel_->lblSide[side]);
+        chances[side] = Make<QLabel>(panel_->lblChance[side]);
+        Enlarge(*chances[side], 1.25);
+    }
+    layout->addWidget(sides[0]);
+    layout->addWidget(chances[0]);
+    layout->addStretch();
+    layout->addWidget(chances[1]);
+    layout->addWidget(sides[1]);
+    return layout;
+}
+
+QLayout* OddsView::MakeLosses() {
+    auto* const table = new QGridLayout;
+    table->setVerticalSpacing(1);
+    table->setColumnStretch(0, 1);
+    table->addWidget(Make<QLabel>(panel_->lblLosses), 1, 0, Qt::AlignLeft);
+    for (int side = 0; side < 2; ++side) {
+        auto* const key = new QHBoxLayout;
+        key->setSpacing(fontMetrics().averageCharWidth() / 2);
+        key->addStretch();
+        key->addWidget(new ColourKey(side));
+        key->addWidget(Make<QLabel>(panel_->lblSide[static_cast<std::size_t>(side)]));
+        table->addLayout(key, 0, FirstFigure + 2 * side, 1, 2);
+    }
+    MakeHeaders(*table);
+    table->addWidget(MakeRule(), 2, 0, 1, table->columnCount());
+    for (OddsPanel::Row& row : panel_->Rows)
+        AddRow(*table, row);
+    return table;
+}
+
+void OddsView::MakeHeaders(QGridLayout& table) {
+    const int longest = WidthOf(QStringLiteral("000.0"), fontMetrics());
+    int widest = longest;
+    for (int column = 0; column < FigureColumns; ++column) {
+        auto* const header = Make<QLabel>(panel_->lblColumn[static_cast<std::size_t>(column)]);
+        SetShade(*header, Shade::Quiet);
+        if (compact_) {
+            QFont small = header->font();
+            small.setPointSizeF(small.pointSizeF() * 0.8);
+            header->setFont(small);
+        }
+        table.addWidget(header, 1, FirstFigure + column, Qt::AlignRight);
+        widest = std::max(widest, header->sizeHint().width());
+    }
+    for (int column = 0; column < FigureColumns; ++column)
+        table.setColumnMinimumWidth(FirstFigure + column, compact_ ? widest : longest);
+    table.setHorizontalSpacing(5);
+    if (!compact_) // a gap between the two sides
+        table.setColumnMinimumWidth(FirstFigure + FigureColumns / 2,
+                                    widest + fontMetrics().averageCharWidth());
+}
+
+void OddsView::AddRow(QGridLayout& table, OddsPanel::Row& row) {
+    const int place = table.rowCount();
+    table.addWidget(Make<QLabel>(row.Caption), place, 0, Qt::AlignLeft);
+    for (std::size_t column = 0; column < row.Losses.size(); ++column) {
+        Label& control = row.Losses[column];
+        auto* const figure = Make<QLabel>(control);
+        figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        const QString name = QString::fromStdString(
+            panel_->lblLosses.Caption.Get() + ", " + panel_->lblSide[column / 2].Caption.Get() + ", " +
+            panel_->lblColumn[column].Caption.Get() + ", " + row.Caption.Caption.Get() + ": ");
+        const auto tellName = [figure, name, &control] {
+            figure->setAccessibleName(name + QString::fromStdString(control.Caption));
+        };
+        tellName();
+        KeepWith(*figure, control.Changed.Connect(tellName));
+        table.addWidget(figure, place, FirstFigure + static_cast<int>(column));
+    }
+}
+
+} // namespace vorhaven

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ui/setup/Battle.h"
+
+#include <algorithm>
+
+namespace vorhaven {
+
+bool HasArmies(const Setup& setup, const Units& units) {
+    const auto isArmy = [&units](const SetupLine& line) { return !units.IsNone(line.Unit); };
+    const auto& [attackers, defenders] = setup.Sides;
+    const auto firstStack = std::min<std::ptrdiff_t>(std::ssize(attackers), LinesPerStack);
+    return std::any_of(attackers.begin(), attackers.begin() + firstStack, isArmy) &&
+           std::ranges::any_of(defenders, isArmy);
+}
+
+std::optional<HeroValues> HeroOf(const SetupLine& line, const Units& units) {
+    return line.Hero ? line.Hero : units.UntouchedHero(line.Unit);
+}
+
+bool IsSameBattle(const Setup& a, const Setup& b, const Units& units) {
+    const auto isSameLine = [&units](const SetupLine& one, const SetupLine& other) {
+        return one.Unit == other.Unit && one.Health == other.Health &&
+               HeroOf(one, units) == HeroOf(other, units);
+    };
+    const auto isSameList = [&](Side side) {
+        return std::ranges::equal(a.Sides[side], b.Sides[side], isSameLine);
+    };
+    return std::ranges::all_of(BothSides, isSameList) && a.Terrain == b.Terrain &&
+           a.CityLevel == b.CityLevel && a.CombatDice == b.CombatDice;
+}
+
+MBattleCalc::BattleStacks StacksOf(const Setup& setup, const Units& units) {
+    AssemblyHost host;
+    host.NumArmyTypes = units.NumArmies();
+    host.DefenderTerrain = setup.Terrain;
+    PerSide<CAttackArmies> lists{CAttackArmies{host}, CAttackArmies{host}};
+    for (const Side side : BothSides) {
+        Long position = 0;
+        for (const SetupLine& line : setup.Sides[side]) {
+            host.OnHero = [&](CArmy& hero) { HeroOf(line, units).value().ApplyTo(hero); };
+            lists[side].Add(units.EntryOf(line.Unit, line.Health), LineKey(position));
+            ++position;
+        }
+    }
+    MBattleCalc::BattleStacks stacks;
+    stacks.Build(lists.Attacker, lists.Defender);
+    return stacks;
+}
+
+std::optional<Odds::BattleOdds> OddsOf(const Setup& setup, const Units& units, Odds::Budget& budget) {
+    return Odds::OddsOf(StacksOf(setup, units), MBattleCalc::Flyers{units.Armies(), units.Heroes()},
+                        setup.CombatDice, setup.CityLevel, budget);
+}
+
+} // namespace vorhaven

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "base/Conversion.h"
+#include "engine/MBattleCalc.h"
+#include "odds/Budget.h"
+#include "ui/hero/frmHero.h"
+#include "ui/results/frmStats.h"
+#include "ui/setup/WinMargin.h"
+#include "ui/setup/frmBrawlpad.h"
+
+#include <algorithm>
+#include <new>
+
+namespace vorhaven {
+namespace {
+
+/// The detailed results open at the press of a button, which may take longer than a key.
+constexpr std::int64_t StepsForResults = 10 * LiveOdds::StepsWhileTyping;
+
+/// The odds of each number of losses, of all numbers that there can be.
+LossOdds LossOddsOf(const Odds::SideOdds& side) {
+    LossOdds odds{};
+    std::ranges::copy(side.ChanceOfLosing, odds.begin());
+    return odds;
+}
+
+} // namespace
+
+void frmBrawlpad::cmdAttack_Click() {
+    const Trap trap{"frmBrawlpad::cmdAttack_Click"};
+    sscExit.Enabled = false;
+    sscMoreResults.Enabled = false;
+    if (VerifyForm() && VerifyArmies()) {
+        if (gobjCAttArmies)
+            gobjCAttArmies = CAttackArmies{assemblyHost_};
+        if (gobjCDefArmies)
+            gobjCDefArmies = CAttackArmies{assemblyHost_};
+        cmdAttack.Enabled = false;
+        sscSwapSides.Enabled = false;
+        // Whatever the player changes from here on, while a hero's editor is open or between two of them,
+        // belongs to the next battle.
+        assembled_ = CurrentSetup();
+        FillArmyCollections();
+        sscAbort.Enabled = true;
+        MBattleCalc::Add(*this, ToLong(assembled_.NumBattles), assembled_.CombatDice, sschkViewStats.Checked,
+                         assembled_.CityLevel);
+        moreResults_.RunFinished();
+        sscAbort.Enabled = false;
+        cmdAttack.Enabled = true;
+        sscSwapSides.Enabled = true;
+        sscMoreResults.Enabled = true;
+    }
+    sscExit.Enabled = true;
+}
+
+bool frmBrawlpad::VerifyForm() {
+    const Trap trap{"frmBrawlpad::VerifyForm"};
+    if (lstArmies.Attacker.ListCount() > 0 && lstArmies.Defender.ListCount() > 0)
+        return true;
+    WarnOfMissingArmies();
+    return false;
+}
+
+bool frmBrawlpad::VerifyArmies() {
+    const Trap trap{"frmBrawlpad::VerifyArmies"};
+    if (HasArmies(CurrentSetup(), *units_))
+        return true;
+    WarnOfMissingArmies();
+    return false;
+}
+
+void frmBrawlpad::WarnOfMissingArmies() {
+    toolkit_->ShowMessage("You need to specify attacking and defending armies.");
+}
+
+void frmBrawlpad::FillArmyCollections() {
+    const Trap trap{"frmBrawlpad::FillArmyCollections"};
+    assemblyHost_.NumArmyTypes = NumArmies();
+    assemblyHost_.DefenderTerrain = assembled_.Terrain;
+    const auto& [attackers, defenders] = assembled_.Sides;
+    for (Long position = 0; position < SizeOf(attackers); ++position)
+        AddAttacker(attackers[position.Index()].Unit, position);
+    for (Long position = 0; position < SizeOf(defenders); ++position)
+        AddDefender(defenders[position.Index()].Unit, position);
+}
+
+void frmBrawlpad::AddAttacker(Long row, Long position) {
+    const Trap trap{"frmBrawlpad::AddAttacker"};
+    AddEntry(*gobjCAttArmies, Side::Attacker, row, position);
+}
+
+void frmBrawlpad::AddDefender(Long row, Long position) {
+    const Trap trap{"frmBrawlpad::AddDefender"};
+    AddEntry(*gobjCDefArmies, Side::Defender, row, position);
+}
+
+void frmBrawlpad::AddEntry(CAttackArmies& armies, Side side, Long row, Long position) {
+    assemblyHost_.OnHero = [this, side, position](CArmy& hero) { EditHero(hero, side, position); };
+    armies.Add(units_->EntryOf(row, assembled_.Sides[side][position.Index()].Health), LineKey(position));
+}
+
+void frmBrawlpad::EditHero(CArmy& hero, Side side, Long position) {
+    SetupLine& line = assembled_.Sides[side][position.Index()];
+    // The list behind the editor shows whose turn it is.
+    ListBox& list = lstArmies[side];
+    const ListBox::Selection selection = list.CurrentSelection();
+    list.Select({position, {position}});
+    frmHero editor{*toolkit_};
+    editor.Hero = &hero;
+    editor.Whereabouts = FrameOf(side).Caption.Get() + ", line " + ToText(position + 1);
+    editor.LastValues = line.Hero;
+    toolkit_->ShowModal(editor);
+    line.Hero = HeroValues::From(hero);
+    if (editor.IsConfirmed())
+        heroValues_[line.Id] = *line.Hero;
+    list.Select(selection);
+}
+
+void frmBrawlpad::ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) {
+    frmStats stats{*toolkit_, *provider_, assembled_.Terrain};
+    stats.ShowStats(attackStack, defendStack, [&] { toolkit_->ShowModal(stats); });
+}
+
+void frmBrawlpad::ShowWinPercent(const std::string& text) {
+    lblAttWinPercent.Caption = text;
+    const MBattleCalc::ResultsTable& results = MBattleCalc::BattleResults;
+    Long wins = 0;
+    for (Long battle = 1; battle <= results.RowCount(); ++battle)
+        wins += results(battle, MBattleCalc::ResultColumn::Winner);
+    const WinMargin margin = MarginOf(wins, results.RowCount());
+    WinMarginInWords = margin.Sentence;
+    lblWinMargin.Caption = margin.Figure;
+    fought_ = assembled_;
+    SetupTouched.Raise();
+}
+
+void frmBrawlpad::ShowAverage(Long column, const std::string& text) {
+    lblAvg[column.Index()].Caption = text;
+}
+
+frmMoreResults::Background frmBrawlpad::BackgroundOfRun() const {
+    frmMoreResults::Background background{{gobjCAttArmies->Count(), gobjCDefArmies->Count()}};
+    background.WhyNotExact = "too many outcomes to sum up";
+    try {
+        Odds::Budget budget{StepsForResults};
+        if (const auto odds = OddsOf(assembled_, *units_, budget))
+            background.ExactLosses = {LossOddsOf(odds->Attackers), LossOddsOf(odds->Defenders)};
+    } catch (const RunTimeError& error) {
+        background.WhyNotExact = Description(error.Number());
+    } catch (const std::bad_alloc&) {
+        background.WhyNotExact = Description(ErrorNumber::OutOfMemory);
+    }
+    return background;
+}
+
+void frmBrawlpad::sscAbort_Click() {
+    const Trap trap{"frmBrawlpad::sscAbort_Click"};
+    MBattleCalc::AbortRequested = true;
+}
+
+} // namespace vorhaven

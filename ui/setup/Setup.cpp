@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ui/setup/Setup.h"
+
+#include "model/Terrain.h"
+
+namespace vorhaven {
+
+void Setup::ChooseTerrain(std::string_view terrain) {
+    if (terrain == Terrain)
+        return;
+    Terrain = terrain;
+    CityLevel = terrain == Terrains::City ? 1 : 0;
+}
+
+void Setup::AdjustTerrain() {
+    IsTerrainLocked = IsCityForced(SizeOf(Sides.Defender));
+    if (IsTerrainLocked)
+        ChooseTerrain(Terrains::City);
+}
+
+} // namespace vorhaven

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "base/Conversion.h"
+#include "model/Terrain.h"
+#include "ui/setup/frmBrawlpad.h"
+
+#include <algorithm>
+
+namespace vorhaven {
+
+Setup frmBrawlpad::CurrentSetup() const {
+    Setup setup;
+    for (const Side side : BothSides)
+        for (Long line = 0; line < lstArmies[side].ListCount(); ++line) {
+            const ListEntry& entry = lstArmies[side].Entry(line);
+            const auto hero = heroValues_.find(entry.Id);
+            setup.Sides[side].push_back(
+                {entry.Datum, entry.Text, Health(side)(line + 1),
+                 hero == heroValues_.end() ? std::nullopt : std::optional{hero->second}, entry.Id});
+        }
+    setup.Terrain = Terrain();
+    setup.IsTerrainLocked = !cboTerrain.Enabled;
+    setup.CityLevel = cboCityLevel.ListIndex() + 1;
+    setup.CombatDice = CombatDice;
+    setup.NumBattles = numBattles_;
+    return setup;
+}
+
+void frmBrawlpad::PutInPlace(const Setup& setup) {
+    heroValues_.clear();
+    for (const Side side : BothSides) {
+        const std::vector<SetupLine>& lines = setup.Sides[side];
+        ListBox::Selection selection = lstArmies[side].CurrentSelection();
+        const auto isNew = [&lines](Long line) {
+            return line >= 0 && line < SizeOf(lines) && lines[line.Index()].Id == 0;
+        };
+        std::erase_if(selection.Lines, isNew);
+        if (isNew(selection.Current))
+            selection.Current = -1;
+        std::vector<ListEntry> entries;
+        Health(side) = {};
+        for (const SetupLine& line : lines) {
+            entries.push_back(line.Id == 0 ? NewLine(line.Text, line.Unit)
+                                           : ListEntry{line.Text, line.Unit, line.Id});
+            Health(side)(SizeOf(entries)) = line.Health;
+            if (line.Hero)
+                heroValues_[entries.back().Id] = *line.Hero;
+        }
+        lstArmies[side].SetEntries(entries);
+        lstArmies[side].Select(selection);
+    }
+    cboTerrain.SetListIndex(Terrains::IndexOf(setup.Terrain));
+    cboTerrain.Enabled = !setup.IsTerrainLocked;
+    cboCityLevel.SetListIndex(setup.CityLevel - 1);
+    txtCombatDice.SetText(ToText(setup.CombatDice));
+    txtNumSimulations.SetText(setup.NumBattles);
+}
+
+void frmBrawlpad::Settle() {
+    history_.Note(CurrentSetup());
+    ShowState();
+}
+
+void frmBrawlpad::Undo() {
+    Settle();
+    if (const auto before = history_.Undo())
+        GoTo(*before);
+}
+
+void frmBrawlpad::Redo() {
+    Settle();
+    if (const auto after = history_.Redo())
+        GoTo(*after);
+}
+
+void frmBrawlpad::GoTo(const Setup& setup) {
+    PutInPlace(setup);
+    // The text may stem from the midst of its typing, and the field will not be left again.
+    if (ActiveControl() != &txtNumSimulations)
+        txtNumSimulations_LostFocus();
+    history_.Correct(CurrentSetup());
+    ShowState();
+}
+
+void frmBrawlpad::ShowState() {
+    for (const Side side : BothSides) {
+        ListBox& list = lstArmies[side];
+        for (Long line = 0; line < list.ListCount(); ++line)
+            list.SetNote(line, InWords(Health(side)(line + 1)));
+        lblCount[side].Caption = ToText(list.ListCount()) + " of " + ToText(MaxLines);
+    }
+    mnuUndo.Enabled = history_.CanUndo();
+    mnuRedo.Enabled = history_.CanRedo();
+    lblTerrainLocked.Caption =
+        cboTerrain.Enabled ? "" : "More than " + ToText(LinesPerStack) + " defenders stand in a city";
+    const Setup& now = history_.Current();
+    lblOutOfDate.Caption =
+        fought_ && !IsSameBattle(now, *fought_, *units_) ? "before the latest changes" : "";
+    liveOdds_.Show(now, *units_);
+}
+
+} // namespace vorhaven
