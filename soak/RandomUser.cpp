@@ -1,18 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "soak/Soak.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QClipboard>
 
 #include <random>
 
-namespace vorhaven::test {
+namespace vorhaven::soak {
 namespace {
 
+using namespace test;
+
 /// A user who presses anything anywhere, in whatever window is in front.
-class RandomUser : public Window {
-protected:
-    RandomUser() {
+class RandomUser final : public Window {
+public:
+    explicit RandomUser(unsigned seed) : random_(seed) {
+        QGuiApplication::clipboard()->setText(
+            "Attacking Armies\nOath Guard, blessed\nMarshal, strength 8\nDefending Armies\nReed Spears\nGate Wardens, 2 "
+            "medals\n");
         Type(Battles(), "20");
         // Modal windows wait for the user in a loop of their own.
         QObject::connect(&inModalWindow_, &QTimer::timeout, [this] {
@@ -22,6 +28,25 @@ protected:
         inModalWindow_.start(0);
     }
 
+    /// Acts for a while. Nothing ends the program or leaves its rules, and a battle can be fought afterwards.
+    void TestBody() override {
+        for (int action = 0; action < 1'000 && !HasFailure(); ++action) {
+            Act();
+            QCoreApplication::processEvents();
+            EXPECT_EQ(reported_, std::vector<std::string>{}) << "after " << action << " actions";
+            for (const Side side : BothSides)
+                EXPECT_LE(List(side)->count(), MaxLines);
+            EXPECT_FALSE(List(Side::Defender)->count() > LinesPerStack && pad_.cboTerrain.Enabled);
+        }
+        while (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+        Activate();
+        pad_.Paste(Side::Attacker, "Attacking Armies\nOath Guard\nDefending Armies\nOath Guard\n");
+        Attack("20");
+        EXPECT_EQ(MBattleCalc::BattleResults.RowCount(), 20);
+    }
+
+private:
     void Act() {
         QWidget* const front = Front();
         if (auto* const menu = qobject_cast<QMenu*>(front))
@@ -51,7 +76,6 @@ protected:
 
     int Any(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
 
-private:
     QWidget* Front() {
         for (QWidget* window : {QApplication::activePopupWidget(), QApplication::activeModalWidget()})
             if (window != nullptr)
@@ -71,30 +95,13 @@ private:
                         modifiers.at(static_cast<std::size_t>(Any(4))));
     }
 
-    std::mt19937 random_{20261123};
+    std::mt19937 random_;
     QTimer inModalWindow_;
 };
 
-TEST_F(RandomUser, NeverEndsTheProgramNorLeavesItsRules) {
-    QGuiApplication::clipboard()->setText(
-        "Attacking Armies\nOath Guard, blessed\nMarshal, strength 8\nDefending Armies\nReed Spears\nGate Wardens, 2 "
-        "medals\n");
-    for (int action = 0; action < 6'000; ++action) {
-        Act();
-        QCoreApplication::processEvents();
-        ASSERT_TRUE(reported_.empty()) << reported_.front() << " after " << action << " actions";
-        for (const Side side : BothSides)
-            ASSERT_LE(List(side)->count(), MaxLines);
-        ASSERT_EQ(List(Side::Defender)->count() > LinesPerStack && pad_.cboTerrain.Enabled, false);
-    }
-    // Whatever happened, a battle can still be fought.
-    while (QWidget* popup = QApplication::activePopupWidget())
-        popup->close();
-    Activate();
-    pad_.Paste(Side::Attacker, "Attacking Armies\nOath Guard\nDefending Armies\nOath Guard\n");
-    Attack("20");
-    EXPECT_EQ(MBattleCalc::BattleResults.RowCount(), 20);
+TEST(RandomUsers, NeverEndTheProgramNorLeaveItsRules) {
+    Repeat([](unsigned seed) { RandomUser{seed}.TestBody(); });
 }
 
 } // namespace
-} // namespace vorhaven::test
+} // namespace vorhaven::soak

@@ -2,6 +2,7 @@
 
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
+#include "soak/Soak.h"
 #include "tests/support/TestHost.h"
 #include "ui/results/Strength.h"
 
@@ -11,9 +12,10 @@
 #include <numeric>
 #include <random>
 
-namespace vorhaven::test {
+namespace vorhaven::soak {
 namespace {
 
+using namespace test;
 using MBattleCalc::BattleResults;
 namespace ResultColumn = MBattleCalc::ResultColumn;
 
@@ -102,17 +104,16 @@ void ExpectPossible(const RandomBattle& sides, Long battle) {
     }
 }
 
-TEST(SoakTest, RandomBattlesKeepTheirInvariants) {
-    std::mt19937 random{2026};
-    constexpr std::int32_t battles = 40;
-    for (int repeat = 0; repeat < 2000 && !HasFailure(); ++repeat) {
-        SCOPED_TRACE(repeat);
+TEST(RandomBattles, KeepTheirInvariants) {
+    Repeat([](unsigned seed) {
+        std::mt19937 random{seed};
+        constexpr std::int32_t battles = 40;
         RandomBattle sides{random};
         sides.Run(battles);
         for (Long battle = 1; battle <= battles; ++battle)
             ExpectPossible(sides, battle);
-    }
+    });
 }
 
 } // namespace
-} // namespace vorhaven::test
+} // namespace vorhaven::soak
