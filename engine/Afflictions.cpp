@@ -6,34 +6,34 @@ namespace vorhaven::MBattleCalc {
 namespace {
 
 /// Tests every eligible army of a stack.
-template <class Rule>
+template <Long CStackAtt::* Power, bool (*IsEligible)(const CArmy&), void (*Afflict)(CArmy&)>
 void StrikeStack(const CStackAtt& striker, CStackAtt& victims) {
-    const Long power = Rule::PowerOf(striker);
+    const Long power = striker.*Power;
     if (power == 0)
         return;
     for (CArmy& army : victims)
-        if (Rule::IsEligible(army) && RandomPercentNum() < AfflictionChance(power))
-            Rule::Afflict(army);
+        if (IsEligible(army) && RandomPercentNum() < AfflictionChance(power))
+            Afflict(army);
 }
 
 } // namespace
 
 void CheckIfPoisoned(CStackAtt& attackFront, CStackAtt& defendFront) {
     const Trap trap{"MBattleCalc::CheckIfPoisoned"};
-    StrikeStack<PoisonRule>(defendFront, attackFront);
-    StrikeStack<PoisonRule>(attackFront, defendFront);
+    StrikeStack<&CStackAtt::StackPoison, IsPoisonEligible, Poison>(defendFront, attackFront);
+    StrikeStack<&CStackAtt::StackPoison, IsPoisonEligible, Poison>(attackFront, defendFront);
 }
 
 void CheckIfDiseased(CStackAtt& attackFront, CStackAtt& defendFront) {
     const Trap trap{"MBattleCalc::CheckIfDiseased"};
-    StrikeStack<DiseaseRule>(defendFront, attackFront);
-    StrikeStack<DiseaseRule>(attackFront, defendFront);
+    StrikeStack<&CStackAtt::StackDisease, IsDiseaseEligible, Disease>(defendFront, attackFront);
+    StrikeStack<&CStackAtt::StackDisease, IsDiseaseEligible, Disease>(attackFront, defendFront);
 }
 
 void CheckIfCursed(CStackAtt& attackFront, CStackAtt& defendFront) {
     const Trap trap{"MBattleCalc::CheckIfCursed"};
-    StrikeStack<CurseRule>(defendFront, attackFront);
-    StrikeStack<CurseRule>(attackFront, defendFront);
+    StrikeStack<&CStackAtt::StackCurse, IsCurseEligible, Curse>(defendFront, attackFront);
+    StrikeStack<&CStackAtt::StackCurse, IsCurseEligible, Curse>(attackFront, defendFront);
 }
 
 } // namespace vorhaven::MBattleCalc

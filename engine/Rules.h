@@ -117,45 +117,43 @@ struct Quiver {
     return {shots, true};
 }
 
-// Afflictions: types rather than values, so that the engine's loops over a stack inline them.
+// Afflictions
 
 /// Percentage draws below this afflict an army: four chances in 99 for each point of the enemy's power.
 [[nodiscard]] constexpr Long AfflictionChance(Long power) {
     return power * 4;
 }
 
-struct PoisonRule {
-    static Long PowerOf(const CStackAtt& striker) { return striker.StackPoison; }
-    static bool IsEligible(const CArmy& army) { return army.Poison == 0 && !army.Blessed && !army.Poisoned; }
-    static void Afflict(CArmy& army) {
+[[nodiscard]] inline bool IsPoisonEligible(const CArmy& army) {
+    return army.Poison == 0 && !army.Blessed && !army.Poisoned;
+}
+
+[[nodiscard]] inline bool IsDiseaseEligible(const CArmy& army) {
+    return army.Disease == 0 && !army.Blessed && !army.Diseased;
+}
+
+[[nodiscard]] inline bool IsCurseEligible(const CArmy& army) {
+    return army.Curse == 0 && (army.Blessed || army.HasMedal >= 1);
+}
+
+inline void Poison(CArmy& army) {
+    army.TotalStrength = army.TotalStrength - 1;
+    army.Poisoned = true;
+}
+
+inline void Disease(CArmy& army) {
+    army.Hits = army.Hits - 1;
+    army.Diseased = true;
+}
+
+inline void Curse(CArmy& army) {
+    if (army.Blessed) {
+        army.Blessed = false;
         army.TotalStrength = army.TotalStrength - 1;
-        army.Poisoned = true;
     }
-};
-
-struct DiseaseRule {
-    static Long PowerOf(const CStackAtt& striker) { return striker.StackDisease; }
-    static bool IsEligible(const CArmy& army) { return army.Disease == 0 && !army.Blessed && !army.Diseased; }
-    static void Afflict(CArmy& army) {
-        army.Hits = army.Hits - 1;
-        army.Diseased = true;
-    }
-};
-
-struct CurseRule {
-    static Long PowerOf(const CStackAtt& striker) { return striker.StackCurse; }
-    static bool IsEligible(const CArmy& army) {
-        return army.Curse == 0 && (army.Blessed || army.HasMedal >= 1);
-    }
-    static void Afflict(CArmy& army) {
-        if (army.Blessed) {
-            army.Blessed = false;
-            army.TotalStrength = army.TotalStrength - 1;
-        }
-        if (army.HasMedal > 0)
-            army.HasMedal = 0;
-    }
-};
+    if (army.HasMedal > 0)
+        army.HasMedal = 0;
+}
 
 /// The bonus that an enemy stack leaves a stack, both with their own powers counted: -3 to 5.
 [[nodiscard]] Long StackBonus(const CStackAtt& own, const CStackAtt& enemy);

@@ -18,17 +18,17 @@ struct Outcome {
 };
 
 /// Splits every outcome in which the rule's affliction may strike.
-template <class Rule>
+template <Long CStackAtt::* Power, bool (*IsEligible)(const CArmy&), void (*Afflict)(CArmy&)>
 void Split(std::vector<Outcome>& outcomes, const CStackAtt& striker) {
-    const Long power = Rule::PowerOf(striker);
+    const Long power = striker.*Power;
     if (power == 0)
         return;
     for (std::size_t i = outcomes.size(); i-- > 0;) {
-        if (!Rule::IsEligible(outcomes[i].Army))
+        if (!IsEligible(outcomes[i].Army))
             continue;
         const double chance = PercentChance(AfflictionChance(power));
         Outcome afflicted = outcomes[i];
-        Rule::Afflict(afflicted.Army);
+        Afflict(afflicted.Army);
         afflicted.Chance *= chance;
         outcomes[i].Chance *= 1.0 - chance;
         if (afflicted.Chance > 0.0)
@@ -68,9 +68,9 @@ std::vector<CArmy> InOrderOfFighting(const CStackAtt& stack) {
 Entrant Evaluated(const CArmy& army, const CStackAtt& enemy, Long bonus) {
     Entrant entrant{army};
     std::vector<Outcome> outcomes{{army, 1.0}};
-    Split<PoisonRule>(outcomes, enemy);
-    Split<DiseaseRule>(outcomes, enemy);
-    Split<CurseRule>(outcomes, enemy);
+    Split<&CStackAtt::StackPoison, IsPoisonEligible, Poison>(outcomes, enemy);
+    Split<&CStackAtt::StackDisease, IsDiseaseEligible, Disease>(outcomes, enemy);
+    Split<&CStackAtt::StackCurse, IsCurseEligible, Curse>(outcomes, enemy);
     for (Outcome& outcome : outcomes) {
         AddBonus(outcome.Army, bonus);
         Enlist(entrant, outcome);
