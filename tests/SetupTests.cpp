@@ -125,6 +125,35 @@ TEST(Run, IsOfTheSetUpAtThePressOfAttackWhateverChangesInAHeroEditor) {
     EXPECT_EQ(pad.OddsFrame.lblChance[0].Caption.Get(), ToFixedText(exactWins.value(), 1) + "%");
 }
 
+TEST(Run, IsLimitedToTheBattlesWhoseLossesCanBeAddedUp) {
+    using Lines = std::vector<Long>;
+    Lines heroAndNobody(31, Nobody);
+    heroAndNobody.push_back(Captain);
+    // clang-format off
+    const struct { Lines Attackers, Defenders; const char *Typed, *Becomes; } cases[]{
+        {Lines(32, Captain), {Midges}, "99999999", "67108860"},       // 2^31 / 32, of armies: a hero costs no turns
+        {{Midges}, Lines(32, Colossi), "99999990", "7456540"},        // 2^31 / (32 * 9)
+        {Lines(32, Colossi), Lines(32, Midges), "7456540", "7456540"},
+        {heroAndNobody, {Colossi, Colossi}, "99999990", "99999990"},
+        {Lines(32, Colossi), {}, "99999990", "99999990"},             // which Attack refuses
+        {Lines(32, Colossi), {Midges}, "", ""},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        Game game;
+        std::string notice;
+        const Connection noticing = game.Pad.Noticed.Connect([&](const std::string& text) { notice = text; });
+        game.Add(Attacker, c.Attackers);
+        game.Add(Defender, c.Defenders);
+        game.Pad.txtNumSimulations.SetText(c.Typed);
+        game.Pad.LimitNumBattles();
+        EXPECT_EQ(game.Pad.txtNumSimulations.Text(), c.Becomes);
+        const std::string lowered =
+            std::string("Lowered to ") + c.Becomes + " battles: the losses of more could not be added up";
+        EXPECT_EQ(notice, c.Typed == std::string(c.Becomes) ? "" : lowered);
+    }
+}
+
 TEST(Run, ErrorOfTheAssemblyTellsItsWay) {
     Game game;
     game.Add(Attacker, {Midges, Colossi});

@@ -155,7 +155,12 @@ QWidget* MainView::MakeSettings() {
 }
 
 QLayout* MainView::MakeRunButtons() {
-    attack_ = MakeFocusable<QPushButton>(*pad_, pad_->cmdAttack);
+    attack_ = new QPushButton;
+    // Connected before the control is, so that it comes before the run.
+    connect(attack_, &QPushButton::clicked, this,
+            [this] { RunOutermost([this] { pad_->LimitNumBattles(); }); });
+    Bind(*attack_, pad_->cmdAttack);
+    BindFocus(*attack_, *pad_, pad_->cmdAttack);
     auto* const abort = MakeFocusable<QPushButton>(*pad_, pad_->sscAbort);
     Enlarge(*attack_, 1.0);
     attack_->setMinimumHeight(QFontInfo(font()).pixelSize() * 27 / 10);

@@ -3,6 +3,7 @@
 #include "ui/setup/Battle.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace vorhaven {
 
@@ -28,6 +29,20 @@ bool IsSameBattle(const Setup& a, const Setup& b, const Units& units) {
     };
     return std::ranges::all_of(BothSides, isSameList) && a.Terrain == b.Terrain &&
            a.CityLevel == b.CityLevel && a.CombatDice == b.CombatDice;
+}
+
+Long MostBattles(const Setup& setup, const Units& units) {
+    std::int64_t largest = 1;
+    for (const Side side : BothSides) {
+        std::int64_t armies = 0;
+        std::int64_t turns = 0;
+        for (const SetupLine& line : setup.Sides[side]) {
+            armies += units.IsNone(line.Unit) ? 0 : 1;
+            turns += units.EntryOf(line.Unit, line.Health).Turns.Value();
+        }
+        largest = std::max({largest, armies, turns});
+    }
+    return static_cast<std::int32_t>(std::numeric_limits<std::int32_t>::max() / largest);
 }
 
 MBattleCalc::BattleStacks StacksOf(const Setup& setup, const Units& units) {

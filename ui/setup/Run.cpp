@@ -53,6 +53,19 @@ void frmBrawlpad::cmdAttack_Click() {
     sscExit.Enabled = true;
 }
 
+void frmBrawlpad::LimitNumBattles() {
+    const Setup setup = CurrentSetup();
+    const Long most = MostBattles(setup, *units_);
+    // An empty field is completed when it is left.
+    if (!HasArmies(setup, *units_) || setup.NumBattles.empty() || ToLong(setup.NumBattles) <= most)
+        return;
+    txtNumSimulations.SetText(ToText(most));
+    // As if the field were left: its numbers are multiples of ten.
+    txtNumSimulations_LostFocus();
+    Noticed.Raise("Lowered to " + txtNumSimulations.Text() +
+                  " battles: the losses of more could not be added up");
+}
+
 bool frmBrawlpad::VerifyForm() {
     const Trap trap{"frmBrawlpad::VerifyForm"};
     if (lstArmies.Attacker.ListCount() > 0 && lstArmies.Defender.ListCount() > 0)

@@ -95,6 +95,12 @@ public:
         return side == Side::Attacker ? AttHealthArray : DefHealthArray;
     }
 
+    // Run.cpp
+
+    /// Lowers the field's number of battles to the most whose losses can be added up. A view calls it before
+    /// it presses Attack; a run of more raises error 6 at its end, when all its battles are fought.
+    void LimitNumBattles();
+
     // Undo.cpp
 
     /// What the player has set up.
@@ -139,7 +145,7 @@ public:
     MenuItem mnuCopy{"Copy"};
     MenuItem mnuCopyBattle{"Copy Battle"};
     MenuItem mnuPaste{"Paste"};
-    /// Raised with one sentence on why an action did nothing.
+    /// Raised with one sentence on an action that did nothing, or something else than was asked for.
     Signal<std::string> Noticed;
 
     Frame fraSetup{"Setup Options"};
