@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-// Each of these writes the result, wrapped to 32 bits, and tells whether it did not fit.
+// Each of these writes the result, wrapped to 32 bits, and returns whether it did not fit.
 namespace vorhaven {
 
 #if defined(__GNUC__) && !defined(VORHAVEN_PORTABLE)

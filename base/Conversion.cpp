@@ -101,7 +101,7 @@ std::string BooleanText(bool value) {
 }
 
 std::string ToSignificantText(double value, int digits) {
-    // Scientific form first: it rounds to the wanted digits and tells where the point belongs.
+    // Scientific form first: it rounds to the wanted digits and shows where the point belongs.
     std::array<char, 64> buffer{};
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
                                       std::chars_format::scientific, digits - 1);

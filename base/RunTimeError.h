@@ -27,7 +27,7 @@ enum class ErrorNumber {
 ///     const Trap trap{"MBattleCalc::Fight"};
 ///
 /// The traps of the procedures now running form a chain, and an error takes their locations with it when it
-/// is raised. Entering and leaving costs a few stores, so that a trap may stand on the path of every battle.
+/// is raised. Entering and leaving costs a few stores, so that a trap may be on the path of every battle.
 class [[nodiscard]] Trap {
 public:
     /// `location`: the procedure's location text; it must outlive the program's errors (a literal).
@@ -71,9 +71,8 @@ public:
     /// The locations of the procedures that trapped the error, from the one that raised it outwards.
     [[nodiscard]] const std::vector<const char*>& Trail() const { return trail_; }
 
-    /// The error that arrives at the outermost handler. Every trap answers an error with a message box whose
-    /// style argument is the trap's location text; that text is no number, so the box fails with a type
-    /// mismatch, and this is the error that travels on. An error that met no trap arrives as it is.
+    /// The error that arrives at the outermost handler: a type mismatch once a trap has been met, since what
+    /// a trap would show takes its location text for a number. An error that met no trap arrives as it is.
     [[nodiscard]] ErrorNumber ReportedNumber() const;
 
     /// The first two lines of the report: the reported number, and its description.

@@ -7,8 +7,9 @@
 
 #include <array>
 
-// The numbers, conditions and effects of the rules, each told once. Nothing here draws: the engine rolls what
-// these functions tell, and the exact odds sum over it. Who meets whom, and in what order, is not told here.
+// The numbers, conditions and effects of the rules, each in one place. Nothing here draws: the engine rolls
+// what these functions say, and the exact odds sum over it. Who meets whom, and in what order, is not decided
+// here.
 namespace vorhaven::MBattleCalc {
 
 /// A percentage draw takes one of this many values from 0 on, so a draw below p comes p times in 99.
@@ -42,7 +43,7 @@ inline constexpr std::array<std::int32_t, 5> FacesByMedals{0, 30, 26, 22, 18};
 }
 
 /// The hit points that a lost round costs: 1, and the winner's trample where the loser does not fly.
-/// `fliesByNature` tells by catalogue number whether a unit flies; it is asked only when it matters.
+/// `fliesByNature` says by catalogue number whether a unit flies; it is asked only when it matters.
 [[nodiscard]] Long DamageTo(const CArmy& loser, const CArmy& winner, const auto& fliesByNature) {
     if (winner.Trample <= 0 || loser.IsFlying || fliesByNature(loser.UnitID))
         return 1;

@@ -366,8 +366,8 @@ TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
     // clang-format off
     const struct { std::string Text, Fault; } cases[]{
         {"Midges\nMidge\n", "Line 2: \"Midge\" is no unit of the catalogue"},
-        {"Midges, angry", "Line 1: \"angry\" is no condition"},
-        {"Midges, strength 4", "Line 1: \"strength 4\" is no condition"},          // no hero
+        {"Midges, angry", "Line 1: \"angry\" is not a condition"},
+        {"Midges, strength 4", "Line 1: \"strength 4\" is not a condition"},          // no hero
         {"Captain, strength x", "Line 1: \"strength x\" is neither a condition nor a hero's value"},
         {"Captain, 9 medals", "Line 1: \"9 medals\" is neither a condition nor a hero's value"},
         {"\n\nTerrain: moon", "Line 3: \"moon\" is no terrain"},
@@ -472,7 +472,7 @@ TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
     player.Pick(Attacker, {Midges, Captain});
     player.Pick(Defender, {Midges});
     const std::string asTheyBegin = player.Chances();
-    EXPECT_EQ(player.OddsState(), "With the heroes as their editors begin");
+    EXPECT_EQ(player.OddsState(), "Heroes with their editors' first values");
     std::string during;
     player.Toolkit.OnHero = [](frmHero& editor) {
         for (HeroField* field : {&editor.Field(&HeroValues::Strength), &editor.Field(&HeroValues::Hits)})
@@ -486,9 +486,9 @@ TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
     player.Fight();
     EXPECT_NE(player.Chances(), asTheyBegin);
     EXPECT_EQ(player.Chances(), during) << "the odds of the lists that fight, already while they do";
-    EXPECT_EQ(player.OddsState(), "With the heroes as entered last");
+    EXPECT_EQ(player.OddsState(), "Heroes as last entered");
     player.Pick(Attacker, {Captain});
-    EXPECT_EQ(player.OddsState(), "With the heroes as entered last, the others as their editors begin");
+    EXPECT_EQ(player.OddsState(), "Heroes as last entered, the others with their editors' first values");
     // Both heroes go, and with them what was entered; a new one begins anew.
     for (const Long line : {2, 1})
         player.Do([&] { pad.DeleteArmyFromList(Attacker, line); });
@@ -530,7 +530,7 @@ TEST(LiveOdds, OfAVolleyOfThousandsAreLeftToTheDetailedResultsAndOfMoreToTheRun)
                      std::string("Attacking Armies\nCaptain, strength 1, hits 1, leadership 1, missle ") +
                          missiles + "\nDefending Armies\n" + MidgesAsText(4));
         player.Do([&] { player.Pad.txtCombatDice.SetText(missiles); });
-        EXPECT_EQ(player.OddsState(), "Too many outcomes to sum up at once: Attack will tell");
+        EXPECT_EQ(player.OddsState(), "Too many outcomes for exact odds: press Attack for an estimate");
         player.Fight();
         player.Toolkit.OnMoreResults = [&](frmMoreResults& results) {
             EXPECT_EQ(results.mscDefMore.HasExactValues(), isExact);

@@ -204,7 +204,7 @@ private:
             space == std::string::npos ? std::nullopt : NumberIn(std::string_view(trait).substr(space + 1));
         if (meant == HeroNumbers.end() || !defaults || !number)
             Refuse(Quoted(trait) +
-                   (defaults ? " is neither a condition nor a hero's value" : " is no condition"));
+                   (defaults ? " is neither a condition nor a hero's value" : " is not a condition"));
         if (!army.Hero)
             army.Hero = defaults;
         *army.Hero.*(meant->Value) = *number;

@@ -20,9 +20,9 @@ std::string HeroesInWords(const Setup& setup, const Units& units) {
             isAnyEntered = isAnyEntered || line.Hero;
         }
     if (isAnyEntered)
-        return isAnyUntouched ? "With the heroes as entered last, the others as their editors begin"
-                              : "With the heroes as entered last";
-    return isAnyUntouched ? "With the heroes as their editors begin" : "";
+        return isAnyUntouched ? "Heroes as last entered, the others with their editors' first values"
+                              : "Heroes as last entered";
+    return isAnyUntouched ? "Heroes with their editors' first values" : "";
 }
 
 } // namespace
@@ -39,12 +39,12 @@ void LiveOdds::Show(const Setup& setup, const Units& units) {
     try {
         Odds::Budget budget{StepsWhileTyping};
         const auto odds = OddsOf(setup, units, budget);
-        panel_->Show(odds, odds ? heroes : "Too many outcomes to sum up at once: Attack will tell");
+        panel_->Show(odds, odds ? heroes : "Too many outcomes for exact odds: press Attack for an estimate");
     } catch (const RunTimeError& error) {
         panel_->Show(std::nullopt,
                      std::string("There are no odds of this battle: ") + Description(error.Number()));
     } catch (const std::bad_alloc&) {
-        panel_->Show(std::nullopt, "There is not enough memory to sum up the outcomes: Attack will tell");
+        panel_->Show(std::nullopt, "Not enough memory for exact odds: press Attack for an estimate");
     }
 }
 
