@@ -198,6 +198,33 @@ TEST(QuickResults, SayWhenTheyBelongToAnEarlierSetUp) {
     EXPECT_EQ(player.OutOfDate(), "");
 }
 
+TEST(QuickResults, SayWhenTheLastRunWasAborted) {
+    Player player;
+    frmBrawlpad& pad = player.Pad;
+    player.Pick(Attacker, {Midges});
+    player.Pick(Defender, {Midges});
+    const auto abort = [&] {
+        player.Toolkit.OnEvents = [&] {
+            pad.sscAbort.Press();
+            pad.Settle();
+        };
+        player.Fight();
+        player.Toolkit.OnEvents = [] {};
+        return player.OutOfDate();
+    };
+    const auto fight = [&] {
+        player.Fight();
+        return player.OutOfDate();
+    };
+    EXPECT_EQ(abort() + Player::Text(pad.lblAttWinPercent), "aborted");
+    EXPECT_EQ(fight(), "");
+    EXPECT_EQ(abort(), "before the aborted run");
+    EXPECT_NE(pad.BattleAsText().find("(before the aborted run)"), std::string::npos);
+    player.Pick(Attacker, {Midges});
+    EXPECT_EQ(player.OutOfDate(), "before the abort and changes");
+    EXPECT_EQ(fight(), "");
+}
+
 TEST(QuickResults, AreOfOtherHeroesWhenAHeroOfOtherValuesTakesALine) {
     Player player;
     frmBrawlpad& pad = player.Pad;

@@ -225,11 +225,12 @@ TEST(MoreResults, TellWhatAnAbortedRunHasNotFought) {
     Results results{1000, {{200, {0, 1, 3, 0, 0}}, {100, {1, 0, 0, 2, 6}}}};
     results.Window.Form_Load();
     EXPECT_EQ(results.Attack(0).Values[0], 80) << "charted by the rule";
-    EXPECT_EQ(results.Attack(0).Details, "0 armies destroyed: 100 of 1000 battles, 0 production turns lost\n"
-                                         "exactly 0: 10.0%\nat most 0: 10.0%\nat least 0: 30.0%\n"
-                                         "not fought: 70.0%, charted as battles without losses");
-    EXPECT_THAT(results.Attack(1).Details, testing::EndsWith("at most 1: 30.0%\nat least 1: 20.0%\n"
-                                                             "not fought: 70.0%"));
+    EXPECT_EQ(results.Attack(0).Details,
+              "0 armies destroyed: 100 of 300 battles, 0 production turns lost\n"
+              "exactly 0: 33.3%\nat most 0: 33.3%\nat least 0: 100.0%\n"
+              "not fought: 700 of 1000 battles, charted as battles without losses");
+    EXPECT_THAT(results.Attack(1).Details, testing::EndsWith("at most 1: 100.0%\nat least 1: 66.7%\n"
+                                                             "not fought: 700 of 1000 battles"));
     const Chart::Remarks& attack = results.Window.mscAttMore.Beside;
     EXPECT_EQ(attack.Sentence, "300 of 1000 battles were fought. "
                                "When the attacker wins (100 of 300): 0.0 armies, 0.0 turns lost");
@@ -242,6 +243,8 @@ TEST(MoreResults, TellWhatAnAbortedRunHasNotFought) {
     EXPECT_EQ(none.Window.mscDefMore.Beside.Get().Sentence,
               "0 of 10 battles were fought. The defender won no battle");
     EXPECT_FALSE(none.Window.mscDefMore.Beside.Get().Mean);
+    EXPECT_THAT(none.Defend(0).Details, testing::HasSubstr("0 of 0 battles, 0 production turns lost\n"
+                                                           "exactly 0: no battle\n"));
 }
 
 TEST(MoreResults, TellWhatIsKnownBesideTheRun) {

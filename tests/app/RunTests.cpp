@@ -98,6 +98,8 @@ TEST_F(Run, KeepsBarAndTextInStepUntilItIsAborted) {
     EXPECT_FALSE(IsBusy());
     EXPECT_EQ(Figures(), QStringList(5, QString()));
     EXPECT_TRUE(ButtonCalled("Attack")->hasFocus());
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Find<QLabel>(Find<QWidget>(&main_, "Quick Results"), "aborted")->isVisible());
 
     // What the player has moved to in the meantime keeps the focus, and the Abort button aborts too.
     Attack("900000", [this] {

@@ -10,8 +10,9 @@
 namespace vorhaven {
 namespace {
 
+/// "no battle" where there is nothing to divide by.
 std::string Percent(double part, Long whole) {
-    return ToFixedText(part / whole.Value() * 100.0, 1) + "%";
+    return whole == 0 ? "no battle" : ToFixedText(part / whole.Value() * 100.0, 1) + "%";
 }
 
 std::string Counted(Long number, const std::string& noun, const std::string& nouns) {
@@ -46,7 +47,7 @@ std::string LossSummary::Details(std::int32_t losses, Long turns,
         const auto fought =
             std::transform_reduce(Counts.begin() + first, Counts.begin() + last + 1, 0.0, std::plus<>(),
                                   [](Long count) { return static_cast<double>(count.Value()); });
-        std::string text = "\n" + (words + (" " + ToText(losses))) + ": " + Percent(fought, Battles);
+        std::string text = "\n" + (words + (" " + ToText(losses))) + ": " + Percent(fought, Fought);
         if (exact)
             text += " (exact odds " +
                     Percent(std::accumulate(exact->begin() + first, exact->begin() + last + 1, 0.0), 1) + ")";
@@ -54,13 +55,13 @@ std::string LossSummary::Details(std::int32_t losses, Long turns,
     };
     std::string details = Counted(losses, "army", "armies") +
                           " destroyed: " + ToText(Counts[static_cast<std::size_t>(losses)]) + " of " +
-                          ToText(Battles) + " battles, " +
+                          ToText(Fought) + " battles, " +
                           Counted(turns, "production turn", "production turns") + " lost";
     details += line("exactly", losses, losses);
     details += line("at most", 0, losses);
     details += line("at least", losses, LossCounts - 1);
     if (Fought < Battles)
-        details += "\nnot fought: " + Percent((Battles - Fought).Value(), Battles) +
+        details += "\nnot fought: " + ToText(Battles - Fought) + " of " + ToText(Battles) + " battles" +
                    (losses == 0 ? ", charted as battles without losses" : "");
     return details;
 }

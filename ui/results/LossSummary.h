@@ -38,8 +38,8 @@ struct LossSummary {
     [[nodiscard]] std::string Sentence(const std::string& side) const;
 
     /// What there is to tell about a number of losses: how often exactly, at most and at least so many armies
-    /// were lost, in percent of all battles of the run. Battles that were not fought count to none of the
-    /// three, they are told by themselves. `turns`: the production turns that such a loss costs.
+    /// were lost, in percent of the battles fought, and how many were not fought. `turns`: the production
+    /// turns that such a loss costs.
     [[nodiscard]] std::string Details(std::int32_t losses, Long turns,
                                       const std::optional<LossOdds>& exact) const;
 };

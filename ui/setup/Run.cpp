@@ -42,8 +42,11 @@ void frmBrawlpad::cmdAttack_Click() {
         assembled_ = CurrentSetup();
         FillArmyCollections();
         sscAbort.Enabled = true;
+        hasShownResults_ = false;
         MBattleCalc::Add(*this, ToLong(assembled_.NumBattles), assembled_.CombatDice, sschkViewStats.Checked,
                          assembled_.CityLevel);
+        isAborted_ = !hasShownResults_;
+        SetupTouched.Raise();
         moreResults_.RunFinished();
         sscAbort.Enabled = false;
         cmdAttack.Enabled = true;
@@ -144,7 +147,7 @@ void frmBrawlpad::ShowWinPercent(const std::string& text) {
     WinMarginInWords = margin.Sentence;
     lblWinMargin.Caption = margin.Figure;
     fought_ = assembled_;
-    SetupTouched.Raise();
+    hasShownResults_ = true;
 }
 
 void frmBrawlpad::ShowAverage(Long column, const std::string& text) {

@@ -94,9 +94,17 @@ void frmBrawlpad::ShowState() {
     lblTerrainLocked.Caption =
         cboTerrain.Enabled ? "" : "More than " + ToText(LinesPerStack) + " defenders stand in a city";
     const Setup& now = history_.Current();
-    lblOutOfDate.Caption =
-        fought_ && !IsSameBattle(now, *fought_, *units_) ? "before the latest changes" : "";
+    lblOutOfDate.Caption = RemarkOnResults(now);
     liveOdds_.Show(now, *units_);
+}
+
+std::string frmBrawlpad::RemarkOnResults(const Setup& now) const {
+    if (!fought_)
+        return isAborted_ ? "aborted" : "";
+    const bool hasChanged = !IsSameBattle(now, *fought_, *units_);
+    if (isAborted_)
+        return hasChanged ? "before the abort and changes" : "before the aborted run";
+    return hasChanged ? "before the latest changes" : "";
 }
 
 } // namespace vorhaven

@@ -169,7 +169,7 @@ public:
     /// How far the percentage can be trusted, with the same in words.
     Label lblWinMargin;
     Property<std::string> WinMarginInWords{lblWinMargin, {}};
-    /// Says that the quick results belong to an earlier set-up; empty while they do not.
+    /// Says why the quick results are not those of the last run of what is set up; empty while they are.
     Label lblOutOfDate;
     Label lblAttWinPercent{"", "The attacker should win approximately this percentage of battles"};
     /// The averages of the results columns 2 to 5, indexed by column; 0 and 1 are not used.
@@ -305,6 +305,7 @@ private:
     /// Shows what follows from the current set-up: notes, counts, what can be undone, odds, and whether the
     /// quick results are of an earlier one.
     void ShowState();
+    [[nodiscard]] std::string RemarkOnResults(const Setup& now) const;
 
     // Clipboard.cpp
     [[nodiscard]] std::string ResultsAsText() const;
@@ -342,6 +343,9 @@ private:
     Setup assembled_;
     /// The same of the run whose quick results are shown; an aborted run shows none.
     std::optional<Setup> fought_;
+    /// Whether the run under way has shown its quick results, and whether the last run was aborted.
+    bool hasShownResults_ = false;
+    bool isAborted_ = false;
     std::vector<Connection> touching_;
 };
 
