@@ -5,6 +5,8 @@
 #include "odds/DuelOdds.h"
 #include "odds/Lineup.h"
 
+#include <ranges>
+
 namespace vorhaven::Odds {
 namespace {
 
@@ -18,7 +20,8 @@ public:
     Battles(const Lineup& lineup, const Flyers& flyers, Long dice, Budget& budget)
         : lineup_(&lineup), flyers_(&flyers), dice_(dice), budget_(&budget),
           defenders_(lineup.Defenders.size()), wonWith_(lineup.Attackers.size()),
-          lostWith_(lineup.Defenders.size()) {
+          lostWith_(lineup.Defenders.size()),
+          slayings_(lineup.Attackers.size(), std::vector<Slaying>(lineup.Defenders.size())) {
         for (const State& state : lineup.Attackers.front().StatesUnhealed)
             attackers_.Add(state.Is, state.Chances);
     }
@@ -32,6 +35,7 @@ public:
     /// The chance of winning with exactly so many attackers slain, and of losing with so many defenders.
     [[nodiscard]] const std::vector<double>& WonWith() const { return wonWith_; }
     [[nodiscard]] const std::vector<double>& LostWith() const { return lostWith_; }
+    [[nodiscard]] const std::vector<std::vector<Slaying>>& Slayings() const { return slayings_; }
     [[nodiscard]] double Endless() const { return endless_; }
 
 private:
@@ -51,6 +55,7 @@ private:
     PerSide<StateTable> survivors_;
     std::vector<double> wonWith_;
     std::vector<double> lostWith_;
+    std::vector<std::vector<Slaying>> slayings_;
     double endless_ = 0.0;
 };
 
@@ -79,9 +84,10 @@ void Battles::Meet(std::size_t i, std::size_t j) {
             duel.Fight({fresh, survivor});
     endless_ += duel.Endless();
 
+    slayings_[i][j] = {TotalOf(survivors_.Attacker), TotalOf(survivors_.Defender)};
     std::swap(attackers_, survivors_.Attacker);
     if (j + 1 == lineup_->Defenders.size()) {
-        wonWith_[i] = TotalOf(attackers_);
+        wonWith_[i] = slayings_[i][j].ByAttacker;
         attackers_.Clear();
     }
     SendNextAttacker(i, j);
@@ -92,7 +98,7 @@ void Battles::Meet(std::size_t i, std::size_t j) {
 /// Attacker i has fallen to defender j.
 void Battles::SendNextAttacker(std::size_t i, std::size_t j) {
     if (i + 1 == lineup_->Attackers.size()) {
-        lostWith_[j] = TotalOf(survivors_.Defender);
+        lostWith_[j] = slayings_[i][j].ByDefender;
         return;
     }
     const Entrant& next = lineup_->Attackers[i + 1];
@@ -167,10 +173,23 @@ BattleOdds ResultOf(const Battles& battles, const Lineup& lineup) {
     odds.Endless = battles.Endless();
     odds.Attackers = attackers.Result();
     odds.Defenders = defenders.Result();
+    odds.Slayings = battles.Slayings();
     return odds;
 }
 
 } // namespace
+
+std::vector<Chance> SurvivalOf(const SideOdds& side) {
+    std::vector<Chance> survival;
+    // An army falls in the battles that cost its side more than the armies before it.
+    double survives = 0.0;
+    for (const double chance : side.ChanceOfLosing | std::views::take(side.ChanceOfLosing.size() - 1))
+        survival.push_back({survives += chance, 0.0});
+    double falls = 0.0;
+    for (std::size_t army = survival.size(); army-- > 0;)
+        survival[army].Against = falls += side.ChanceOfLosing[army + 1];
+    return survival;
+}
 
 std::optional<BattleOdds> OddsOf(const BattleStacks& stacks, const Flyers& flyers, Long dice, Long cityLevel,
                                  Budget& budget) {

@@ -30,6 +30,13 @@ struct SideOdds {
     std::optional<Losses> IfDefenderWins;
 };
 
+/// The chances that of an attacker and a defender the one slays the other, over all battles, those without
+/// end too.
+struct Slaying {
+    double ByAttacker = 0.0;
+    double ByDefender = 0.0;
+};
+
 /// The odds of a battle. The three chances add up to 1.
 struct BattleOdds {
     /// The attacker's chance of winning.
@@ -39,11 +46,18 @@ struct BattleOdds {
     double Endless = 0.0;
     SideOdds Attackers;
     SideOdds Defenders;
+    /// Who slays whom: of each attacker, with each defender, both in order of fighting. Where every battle
+    /// ends, the sums over an army's enemies are what it loses and slays on average.
+    std::vector<std::vector<Slaying>> Slayings{};
 
     [[nodiscard]] Chance AttackerWins() const { return {Won, Lost + Endless}; }
     [[nodiscard]] Chance DefenderWins() const { return {Lost, Won + Endless}; }
     [[nodiscard]] Chance NeverEnds() const { return {Endless, Won + Lost}; }
 };
+
+/// Each army's chance of surviving, in order of fighting; a battle without end counts neither for nor
+/// against.
+[[nodiscard]] std::vector<Chance> SurvivalOf(const SideOdds& side);
 
 /// The exact odds of the battle that the engine would fight, each die's faces being equally likely. `dice`:
 /// faces of the combat die. `cityLevel`: 0 none, 1 village, 2 castle, 3 citadel. Draws nothing and touches no

@@ -66,7 +66,8 @@ void ExpectSolved(const Battle& battle) {
     SCOPED_TRACE(testing::Message() << battle.Attackers << ':' << battle.Defenders << ':' << battle.Die << ':'
                                     << battle.City);
     const BattleOdds odds = OddsOf(battle);
-    const auto rows = EvaluatedBattle{battle.Attackers, battle.Defenders, battle.Die, battle.City}.Odds;
+    EvaluatedBattle solved{battle.Attackers, battle.Defenders, battle.Die, battle.City};
+    const auto& rows = solved.Odds;
     double won = 0.0;
     std::array<std::map<std::size_t, double>, 2> slain;
     for (const auto& [row, p] : rows) {
@@ -83,6 +84,25 @@ void ExpectSolved(const Battle& battle) {
         ExpectLosses(told.Overall, rows, side, 2);
         ExpectLosses(told.IfAttackerWins, rows, side, 1);
         ExpectLosses(told.IfDefenderWins, rows, side, 0);
+    }
+    std::array<double, 2> slayings{};
+    for (std::size_t i = 0; i < odds.Slayings.size(); ++i)
+        for (std::size_t j = 0; j < odds.Slayings[i].size(); ++j) {
+            const auto& [byAttacker, byDefender] = odds.Slayings[i][j];
+            EXPECT_NEAR(byAttacker, (solved.Slayings[{0, i, j}]), 1e-11) << i << ' ' << j;
+            EXPECT_NEAR(byDefender, (solved.Slayings[{1, i, j}]), 1e-11) << i << ' ' << j;
+            slayings[0] += byDefender;
+            slayings[1] += byAttacker;
+        }
+    for (const std::size_t side : {0U, 1U}) {
+        const SideOdds& told = side == 0 ? odds.Attackers : odds.Defenders;
+        EXPECT_NEAR(slayings[side], told.Overall.value().Armies, 1e-11);
+        double survives = 0.0;
+        for (std::size_t army = 0; army + 1 < told.ChanceOfLosing.size(); ++army) {
+            survives += slain[side][army];
+            EXPECT_NEAR(SurvivalOf(told)[army].For, survives, 1e-11) << side << ' ' << army;
+            EXPECT_NEAR(SurvivalOf(told)[army].Against, 1.0 - survives, 1e-11) << side << ' ' << army;
+        }
     }
 }
 

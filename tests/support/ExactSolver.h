@@ -31,6 +31,8 @@ public:
     }
 
     std::map<Row, double> Odds;
+    /// The chances of who slays whom, by slayer's side, attacker and defender, both in order of fighting.
+    std::map<std::array<std::size_t, 3>, double> Slayings;
 
 private:
     struct Fighter {
@@ -114,6 +116,7 @@ private:
     void End(const Fighter& survivor, std::size_t winner, double p) {
         State next = state_;
         const std::size_t loser = 1 - winner;
+        Slayings[{winner, state_.Slain[0], state_.Slain[1]}] += p;
         next.Fronts[winner] = survivor;
         if (++next.Slain[loser] < armies_[loser].size()) {
             next.Fronts[loser] = armies_[loser][next.Slain[loser]];

@@ -25,6 +25,7 @@ public:
     }
 
     std::map<Row, double> Odds;
+    std::map<std::array<std::size_t, 3>, double> Slayings;
 
 private:
     using Chances = std::vector<std::pair<CArmy, double>>;
@@ -96,8 +97,11 @@ private:
     /// Tries what each army from this one on may have become.
     void Combine(std::size_t army, double p) {
         if (army == outcomes_.size()) {
-            for (const auto& [row, odds] : ExactBattle{attackers_, defenders_, die_}.Odds)
+            const ExactBattle battle{attackers_, defenders_, die_};
+            for (const auto& [row, odds] : battle.Odds)
                 Odds[row] += p * odds;
+            for (const auto& [pair, odds] : battle.Slayings)
+                Slayings[pair] += p * odds;
             return;
         }
         Stack& first = attackers_[0];
