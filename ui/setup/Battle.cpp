@@ -15,14 +15,32 @@ bool HasArmies(const Setup& setup, const Units& units) {
            std::ranges::any_of(defenders, isArmy);
 }
 
+std::vector<std::size_t> LinesInOrderOfFighting(const Setup& setup, Side side, const Units& units) {
+    const std::vector<SetupLine>& lines = setup.Sides[side];
+    const std::size_t stackSize = side == Side::Attacker ? LinesPerStack : MaxLines;
+    std::vector<std::size_t> order;
+    for (std::size_t first = 0; first < lines.size(); first += stackSize) {
+        const std::size_t before = order.size();
+        for (std::size_t line = std::min(first + stackSize, lines.size()); line-- > first;)
+            if (!units.IsNone(lines[line].Unit))
+                order.push_back(line);
+        if (order.size() == before)
+            break;
+    }
+    return order;
+}
+
 std::optional<HeroValues> HeroOf(const SetupLine& line, const Units& units) {
     return line.Hero ? line.Hero : units.UntouchedHero(line.Unit);
 }
 
+bool IsSameArmy(const SetupLine& a, const SetupLine& b, const Units& units) {
+    return a.Unit == b.Unit && a.Health == b.Health && HeroOf(a, units) == HeroOf(b, units);
+}
+
 bool IsSameBattle(const Setup& a, const Setup& b, const Units& units) {
     const auto isSameLine = [&units](const SetupLine& one, const SetupLine& other) {
-        return one.Unit == other.Unit && one.Health == other.Health &&
-               HeroOf(one, units) == HeroOf(other, units);
+        return IsSameArmy(one, other, units);
     };
     const auto isSameList = [&](Side side) {
         return std::ranges::equal(a.Sides[side], b.Sides[side], isSameLine);

@@ -18,9 +18,19 @@ namespace vorhaven {
 /// line that is more than "None".
 [[nodiscard]] bool HasArmies(const Setup& setup, const Units& units);
 
+/// The lines, from 0, whose armies take part in the battle, in the order in which they fight: attackers from
+/// the last line of each stack up, as far as no empty stack hides the others, defenders from the last line
+/// up. Empty where the attackers' first stack is.
+[[nodiscard]] std::vector<std::size_t> LinesInOrderOfFighting(const Setup& setup, Side side,
+                                                              const Units& units);
+
 /// The values with which a line's hero fights: those that were entered, or else those with which its editor
 /// begins; nothing for a line that is no hero.
 [[nodiscard]] std::optional<HeroValues> HeroOf(const SetupLine& line, const Units& units);
+
+/// Whether two lines are the same army to a battle: of one unit, in the same health, as heroes with the same
+/// values.
+[[nodiscard]] bool IsSameArmy(const SetupLine& a, const SetupLine& b, const Units& units);
 
 /// Whether two set-ups are the same battle: the same armies in the same order and health, heroes of the same
 /// values, the same terrain, city and dice.
