@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ui/advice/Orders.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace vorhaven {
+namespace {
+
+/// Odds that differ by less are the same but for rounding.
+constexpr double SameOdds = 1e-11;
+
+/// Whether one is as good as the other, both in wins and in turns lost.
+bool IsAsGood(const Prospect& one, const Prospect& other) {
+    return one.Wins() > other.Wins() - SameOdds && one.OwnTurnsLost < other.OwnTurnsLost + SameOdds;
+}
+
+std::size_t FirstLineOf(std::size_t stack) {
+    return stack * LinesPerStack;
+}
+
+} // namespace
+
+Setup WithOrder(const Setup& setup, std::size_t stack, const Order& order) {
+    Setup ordered = setup;
+    for (std::size_t i = 0; i < order.Lines.size(); ++i)
+        ordered.Sides.Attacker[FirstLineOf(stack) + i] = setup.Sides.Attacker[order.Lines[i]];
+    return ordered;
+}
+
+OrdersStudy::OrdersStudy(const Setup& setup, const Units& units, std::size_t stack)
+    : Study(setup, units), stack_(stack) {
+    const std::vector<SetupLine>& attackers = setup.Sides.Attacker;
+    for (std::size_t line = FirstLineOf(stack); line < std::min(attackers.size(), FirstLineOf(stack + 1));
+         ++line)
+        lines_.push_back(line);
+    std::ranges::copy_if(lines_, std::back_inserter(armies_),
+                         [&](std::size_t line) { return !units.IsNone(attackers[line].Unit); });
+    for (const std::size_t line : armies_) {
+        const auto same = std::ranges::find_if(
+            armies_, [&](std::size_t other) { return IsSameArmy(attackers[other], attackers[line], units); });
+        kinds_.push_back(static_cast<std::size_t>(same - armies_.begin()));
+        // Each army takes one of the places so far, but may not pass its equals.
+        orders_ = orders_ * std::ssize(kinds_) / std::ranges::count(kinds_, kinds_.back());
+    }
+    next_ = kinds_;
+    std::ranges::sort(next_);
+}
+
+bool OrdersStudy::DoNext() {
+    const auto note = [this](Order order) {
+        const auto isBeaten = [&](const Order& other) { return IsAsGood(other.Outcome, order.Outcome); };
+        if (std::ranges::any_of(best_, isBeaten))
+            return;
+        std::erase_if(best_, [&](const Order& other) { return IsAsGood(order.Outcome, other.Outcome); });
+        best_.push_back(std::move(order));
+    };
+    if (best_.empty())
+        best_.push_back({lines_, ProspectOf(*AsItIs())});
+    if (next_ != kinds_) {
+        Order order = OrderOf(next_);
+        if (const std::optional<Prospect> outcome = Try(WithOrder(Studied(), stack_, order))) {
+            order.Outcome = *outcome;
+            note(std::move(order));
+        }
+    }
+    ++done_;
+    if (std::ranges::next_permutation(next_).found)
+        return true;
+    std::ranges::sort(best_, std::greater{}, [](const Order& order) { return order.Outcome.Wins(); });
+    return false;
+}
+
+/// The order in which the stack's armies are of these kinds; equal armies keep theirs.
+Order OrdersStudy::OrderOf(const std::vector<std::size_t>& kinds) const {
+    std::vector<bool> stands(armies_.size());
+    Order order{lines_, {}};
+    for (std::size_t place = 0; place < kinds.size(); ++place) {
+        std::size_t army = kinds[place];
+        while (stands[army] || kinds_[army] != kinds[place])
+            ++army;
+        stands[army] = true;
+        order.Lines[armies_[place] - lines_.front()] = armies_[army];
+    }
+    return order;
+}
+
+BestOrdersStudy::BestOrdersStudy(const Setup& setup, const Units& units) : Study(setup, units), best_(setup) {
+    const std::size_t attackers = LinesInOrderOfFighting(setup, Side::Attacker, units).size();
+    for (const std::size_t line : LinesInOrderOfFighting(setup, Side::Attacker, units))
+        stacks_ = std::max(stacks_, line / LinesPerStack + 1);
+    hasOrders_ = attackers > stacks_;
+}
+
+Progress BestOrdersStudy::HowFar() const {
+    return current_ ? current_->HowFar() : Progress{};
+}
+
+bool BestOrdersStudy::DoNext() {
+    if (settled_ == stacks_)
+        return false;
+    if (!current_) {
+        if (settled_ == 0 && stack_ == 0)
+            outcome_ = ProspectOf(*AsItIs());
+        current_ = std::make_unique<OrdersStudy>(best_, GetUnits(), stack_);
+    }
+    Take(current_->GoOn(1));
+    if (current_->HasGivenUp())
+        throw Odds::TooManyOutcomes{};
+    if (!current_->IsDone())
+        return true;
+    const Order& winner = current_->Best().front();
+    ++settled_;
+    if (winner.Outcome.Wins() > outcome_.Wins() + SameOdds ||
+        (IsAsGood(winner.Outcome, outcome_) && !IsAsGood(outcome_, winner.Outcome))) {
+        best_ = WithOrder(best_, stack_, winner);
+        outcome_ = winner.Outcome;
+        settled_ = 1;
+    }
+    stack_ = (stack_ + 1) % stacks_;
+    current_.reset();
+    return true;
+}
+
+} // namespace vorhaven
