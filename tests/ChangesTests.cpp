@@ -355,6 +355,7 @@ TEST(BattleText, TakesUnitsByTheirWholeNamesAndKeepsAnyValueOfAHero) {
     const Guards guards;
     const Units units{guards};
     HeroValues entered;
+    entered.Strength = 1;
     entered.Hits = 3;
     entered.Morale = -3;
     const HeroValues all{7, 2, 60, 61, 62, 63, 64, 65, 66, 67, 68, 69, 70, 71};
@@ -365,7 +366,7 @@ TEST(BattleText, TakesUnitsByTheirWholeNamesAndKeepsAnyValueOfAHero) {
                              {3, "Guard, bl", {}, all}};
     const std::string text = BattleText{units}.Write(battle.Sides.Attacker);
     EXPECT_EQ(text,
-              "Guard, blessed\nGUARD\nGuard, flying, strength 0, hits 3, leadership 0, morale -3\n"
+              "Guard, blessed\nGUARD\nGuard, flying, strength 1, hits 3, leadership 0, morale -3\n"
               "Guard, bl, strength 7, hits 2, leadership 60, morale 61, fortification 62, chaos 63, fear 64, "
               "siege 65, assassination 66, missle 67, curse 68, acid 69, lightning 70, trample 71\n");
     EXPECT_EQ(BattleText{units}.Read(text, {}, Attacker), battle);
@@ -401,6 +402,10 @@ TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
         {"City Level: hut", "Line 1: \"hut\" is no city level"},
         {"Combat Dice: 14", "Line 1: \"14\" is no number from 15 to 100"},
         {"Number of Battles: ", "Line 1: \"\" is no number from 10 to 99999999"},
+        {"Captain, acid 10, assassination 2147483647", "Line 1: \"assassination 2147483647\" is more or less than a hero's editor holds"},
+        {"Captain, strength 300", "Line 1: \"strength 300\" is more or less than a hero's editor holds"},
+        {std::string("Midges\0", 7), "Line 1: \"Midges\uFFFD\" is no unit of the catalogue"},
+        {MidgesAsText(20'000), "The text is too long to be a battle"},
         {"Attacking Armies\n" + MidgesAsText(33), "Line 34: a list holds 32 armies at most"},
     };
     // clang-format on
@@ -418,6 +423,8 @@ TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
                   "The list would hold more than 32 armies, so nothing was pasted");
         EXPECT_EQ(player.Pad.CurrentSetup(), before);
     }
+    player.Pad.Paste(Attacker, "\r\n ");
+    EXPECT_EQ(player.Notice, "There is no text to paste on the clipboard");
 }
 
 /// The attacker's chance in percent where one army with one hit meets one like it: who alone misses loses.

@@ -157,7 +157,6 @@ void ShowToolTip(QWidget& widget, const Control& control) {
 }
 
 void Bind(QLabel& widget, Label& control) {
-    widget.setTextFormat(Qt::PlainText);
     ShowToolTip(widget, control);
     ShowWith(widget, control, [](QLabel& label, const Label& model) { label.setText(ToQt(model.Caption)); });
 }
@@ -266,7 +265,6 @@ void Bind(QProgressBar& widget, ProgressBar& control) {
 }
 
 void Bind(QLabel& widget, StatusPanel& control) {
-    widget.setTextFormat(Qt::PlainText);
     ShowToolTip(widget, control);
     ShowWith(widget, control, [](QLabel& label, const StatusPanel& model) {
         if (model.PanelStyle == StatusPanel::Style::Text)

@@ -51,7 +51,7 @@ QAccessibleInterface* MakeAccessible(const QString& className, QObject* object) 
     if (className != QLatin1String(object->metaObject()->className()))
         return nullptr;
     if (auto* const label = qobject_cast<QLabel*>(object))
-        return label->textFormat() == Qt::PlainText ? new PlainLabel(*label) : nullptr;
+        return new PlainLabel(*label);
     if (className == QLatin1String("QFrame")) {
         auto* const frame = static_cast<QFrame*>(object);
         return IsLine(*frame) ? new Filler(*frame, QAccessible::Separator) : nullptr;

@@ -30,7 +30,6 @@ void Show(const ErrorReport& report, const std::string& advice) {
         advice + "\n\n" + report.Details + (report.Details.empty() ? "" : "\n\n") + Circumstances();
     QMessageBox box(QMessageBox::Critical, QApplication::applicationName(),
                     QString::fromStdString(report.Headline), QMessageBox::Ok);
-    box.setTextFormat(Qt::PlainText);
     box.setInformativeText(QString::fromStdString(text));
     // The box itself would let the keyboard select its first text alone, and reach neither.
     for (QLabel* label : box.findChildren<QLabel*>()) {

@@ -2,6 +2,7 @@
 
 #include "app/program/MMain.h"
 
+#include "app/controls/PlainTexts.h"
 #include "app/program/ErrorReport.h"
 #include "app/program/FrameStyle.h"
 #include "app/program/ProgramIcon.h"
@@ -47,6 +48,7 @@ int Main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(VORHAVEN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral(VORHAVEN_ID));
     QApplication::setWindowIcon(ProgramIcon());
+    InstallPlainTexts();
     // Any other style, chosen by the desktop or the user, stays as it is.
     if (QApplication::style()->name() == QLatin1String("fusion"))
         QApplication::setStyle(new FrameStyle);

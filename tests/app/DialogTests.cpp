@@ -7,6 +7,8 @@
 #include <QAbstractSpinBox>
 #include <QGroupBox>
 #include <QScreen>
+#include <QStatusBar>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -123,6 +125,47 @@ TEST_F(Dialogs, OneKeyOrDoubleClickConfirmsOneHero) {
     };
     InModalWindows({{HeroTitle, repeat}, {HeroTitle, repeat}, {HeroTitle, repeat}});
     Click(ButtonCalled("Attack"));
+}
+
+TEST_F(Dialogs, ForeignTextsAreShownLetterByLetterAndShort) {
+    const auto isShownAsItIs = [](QLabel& label) {
+        const QImage shown = label.grab().toImage();
+        label.setTextFormat(Qt::PlainText);
+        return label.grab().toImage() == shown;
+    };
+    const QString page = "<b>a page</b> ", none(QChar(0xFFFD));
+    // clang-format off
+    const struct { QString Text, Said; } cases[]{
+        {"<img src=\"/dev/null\">", "Line 1: \"<img src=\"/dev/null\">\" is no unit of the catalogue."},
+        {page.repeated(99), "Line 1: \"" + page.repeated(2) + "<b>a page</…\" is no unit of the catalogue."},
+        {QString::fromStdString(std::string("a\0b\t\u202Ec", 8)), "Line 1: \"a" + none + "b" + none + none + "c\" is no unit of the catalogue."},
+        {QString(1 << 20, 'o'), "The text is too long to be a battle."},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        QGuiApplication::clipboard()->setText(c.Text);
+        const auto read = [&](QDialog& box) {
+            const QString said = c.Said + "\nNothing was pasted.";
+            const auto labels = box.findChildren<QLabel*>();
+            const auto label = std::ranges::find(labels, said, &QLabel::text);
+            ASSERT_NE(label, labels.end()) << labels.back()->text().toStdString();
+            EXPECT_TRUE(isShownAsItIs(**label));
+            EXPECT_LT(box.height(), 200);
+            box.accept();
+        };
+        InModalWindows({{MainTitle, read}});
+        QTest::keyClick(List(Side::Attacker), Qt::Key_V, Qt::ControlModifier);
+    }
+    QGuiApplication::clipboard()->clear();
+    QTest::keyClick(List(Side::Attacker), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(main_.statusBar()->currentMessage(), "There is no text to paste on the clipboard");
+
+    QToolTip::showText(main_.mapToGlobal(QPoint(9, 9)), page, &main_);
+    const auto tips = QApplication::topLevelWidgets();
+    const auto tip = std::ranges::find_if(
+        tips, [](const QWidget* each) { return each->isVisible() && each->inherits("QTipLabel"); });
+    ASSERT_NE(tip, tips.end());
+    EXPECT_TRUE(isShownAsItIs(*qobject_cast<QLabel*>(*tip)));
 }
 
 TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {

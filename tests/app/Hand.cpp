@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QGenericPlugin>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QStyle>
@@ -25,7 +26,10 @@ private:
     void Look() {
         if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
             const QString text = box->text() + "|" + box->informativeText();
-            QTextStream(stderr) << "box: " << QString(text).replace('\n', '/') << "\n";
+            QTextStream(stderr) << "box: ";
+            for (const QLabel* label : box->findChildren<QLabel*>())
+                QTextStream(stderr) << (label->textFormat() == Qt::PlainText ? "" : "with markup ");
+            QTextStream(stderr) << QString(text).replace('\n', '/') << "\n";
             box->accept();
         } else if (!hasActed_) {
             for (QWidget* window : QApplication::topLevelWidgets())

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "app/controls/PlainTexts.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -9,5 +11,6 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VORHAVEN_TEST_SCREEN);
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
+    vorhaven::InstallPlainTexts();
     return RUN_ALL_TESTS();
 }

@@ -69,7 +69,7 @@ TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
     } cases[] = {
         // clang-format off
         {"an empty folder", [] {}, "exit", 1, {"box: ", "armies.csv", advice}},
-        {"a broken number", [&] { WriteCatalogue("Guard", "much"); }, "exit", 1, {"box: ", "armies.csv", "much", advice}},
+        {"a broken number", [&] { WriteCatalogue("Guard", "<i>much</i>"); }, "exit", 1, {"box: The unit catalogue", "armies.csv", "<i>much</i>", advice}},
         {"a good one, and the windows close together", [&] { WriteCatalogue("Own Guard", "1"); }, "exit", 0, {"first army: Own Guard"}},
         {"a run closed in the middle", [] {}, "close", 0, {"closed in the middle"}},
         {"a fatal error", [] {}, "fail", 1,

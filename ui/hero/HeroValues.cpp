@@ -2,6 +2,11 @@
 
 #include "ui/hero/HeroValues.h"
 
+#include "base/Conversion.h"
+#include "ui/controls/Controls.h"
+
+#include <iterator>
+
 namespace vorhaven {
 
 HeroValues HeroValues::From(const CArmy& hero) {
@@ -20,6 +25,12 @@ HeroValues HeroValues::AtFirst(const CArmy& hero) {
 void HeroValues::ApplyTo(CArmy& hero) const {
     for (const HeroNumber& number : HeroNumbers)
         number.Write(hero, this->*number.Value);
+}
+
+bool HeroNumber::Holds(Long value) const {
+    CArmy record;
+    Write(record, value);
+    return Read(record) == value && std::ssize(ToText(value)) <= MaxNumberLength;
 }
 
 } // namespace vorhaven

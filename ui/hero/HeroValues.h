@@ -49,6 +49,10 @@ struct HeroNumber {
     void (*Write)(CArmy&, Long);
     std::int32_t Lowest;
     std::int32_t Highest;
+
+    /// Whether the editor's field has room for a value, and a record keeps it as it is. Typing is not held to
+    /// the limits of the arrows.
+    [[nodiscard]] bool Holds(Long value) const;
 };
 
 namespace Detail {

@@ -205,6 +205,8 @@ private:
         if (meant == HeroNumbers.end() || !defaults || !number)
             Refuse(Quoted(trait) +
                    (defaults ? " is neither a condition nor a hero's value" : " is not a condition"));
+        if (!meant->Holds(*number))
+            Refuse(Quoted(trait) + " is more or less than a hero's editor holds");
         if (!army.Hero)
             army.Hero = defaults;
         *army.Hero.*(meant->Value) = *number;
@@ -224,6 +226,8 @@ private:
 };
 
 Setup BattleText::Read(std::string_view text, const Setup& present, Side side) const {
+    if (text.size() > MaxBytes)
+        throw BattleTextError{"The text is too long to be a battle."};
     Reader reader{*units_};
     reader.Read(text);
     return reader.AppliedTo(present, side);

@@ -12,9 +12,11 @@
 
 namespace vorhaven {
 
-/// A text that cannot be read as a battle. Its message is one sentence with the line at fault.
+/// A text that cannot be read as a battle. Its message is one sentence, with the line at fault where it is
+/// one line's.
 class BattleTextError : public std::runtime_error {
 public:
+    using std::runtime_error::runtime_error;
     BattleTextError(int line, const std::string& fault)
         : std::runtime_error("Line " + std::to_string(line) + ": " + fault + '.') {}
 };
@@ -44,6 +46,9 @@ public:
     /// `units` must outlive the text.
     explicit BattleText(const Units& units) : units_(&units) {}
 
+    /// The most bytes of a text that is read: several times what a battle can take.
+    static constexpr std::size_t MaxBytes = 100'000;
+
     [[nodiscard]] std::string Write(const Setup& setup) const;
     /// Lines alone, without a heading.
     [[nodiscard]] std::string Write(const std::vector<SetupLine>& lines) const;
@@ -54,7 +59,7 @@ public:
     ///
     /// Letter case and blanks around words do not matter, empty lines are skipped. Raises BattleTextError for
     /// the first line that cannot be read (an unknown unit, condition or value, a list of more than 32
-    /// lines), and ListFullError.
+    /// lines) and for a text of more than MaxBytes, and ListFullError.
     [[nodiscard]] Setup Read(std::string_view text, const Setup& present, Side side) const;
 
 private:

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "base/Conversion.h"
 #include "ui/setup/BattleText.h"
 #include "ui/setup/frmBrawlpad.h"
 
@@ -39,6 +40,10 @@ std::string frmBrawlpad::ResultsAsText() const {
 
 void frmBrawlpad::Paste(Side side, const std::string& text) {
     const Trap trap{"frmBrawlpad::Paste"};
+    if (Trimmed(text, " \t\r\n").empty()) {
+        Noticed.Raise("There is no text to paste on the clipboard");
+        return;
+    }
     try {
         PutInPlace(BattleText{*units_}.Read(text, CurrentSetup(), side));
     } catch (const BattleTextError& error) {
