@@ -8,6 +8,15 @@
 
 namespace vorhaven {
 
+double ShareOf(const Chance& chance) {
+    return chance.For / (chance.For + chance.Against);
+}
+
+std::string PointsInWords(double points) {
+    const bool isLess = ToSignedText(points, 1).front() != '+';
+    return ToFixedText(std::abs(points), 1) + (isLess ? " points less" : " points more");
+}
+
 std::string PercentFigure(const Chance& chance, int decimals) {
     const double scale = std::pow(10.0, decimals);
     const Long all = RoundToLong(100.0 * scale);

@@ -13,6 +13,12 @@ struct Chance {
     double Against = 0.0;
 };
 
+/// A chance as a part of 1.
+[[nodiscard]] double ShareOf(const Chance& chance);
+
+/// A difference of chances, in points: "3.5 points more", "13.4 points less".
+[[nodiscard]] std::string PointsInWords(double points);
+
 /// A chance in percent, rounded as RoundToLong does, without the sign: "57.3" with one decimal (0 to 6).
 /// Only what is impossible is "0.0" and only what is certain "100.0"; what rounds to them is "< 0.1" and
 /// "> 99.9", and without decimals, where room is short, "<1" and ">99".

@@ -135,6 +135,12 @@ std::string ToFixedText(double value, int decimals) {
     return {buffer.data(), result.ptr};
 }
 
+std::string ToSignedText(double value, int decimals) {
+    const std::string text = ToFixedText(std::abs(value), decimals);
+    const bool isNothing = text.find_first_not_of("0.") == std::string::npos;
+    return (value < 0.0 && !isNothing ? "\u2212" : "+") + text;
+}
+
 std::string ToLower(std::string_view text) {
     std::string lower(text);
     std::ranges::transform(lower, lower.begin(), [](char c) {

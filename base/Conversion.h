@@ -43,6 +43,9 @@ namespace vorhaven {
 /// A finite number as text with so many decimals (57.30 with 2), independent of the user's locale.
 [[nodiscard]] std::string ToFixedText(double value, int decimals);
 
+/// The same for a difference, with its sign: "+1.0", "−13.4" (with U+2212). What rounds to nothing is "+0.0".
+[[nodiscard]] std::string ToSignedText(double value, int decimals);
+
 /// A text without the blanks around it, its ASCII letters turned to lower case.
 [[nodiscard]] std::string ToTrimmedLower(std::string_view text);
 

@@ -36,6 +36,9 @@ struct Player final : Game {
     }
     std::string OutOfDate() const { return Text(Pad.lblOutOfDate); }
     std::string OddsState() const { return Text(Pad.OddsFrame.lblState); }
+    std::string Change() const {
+        return Text(Pad.OddsFrame.lblChange) + ": " + Pad.OddsFrame.ChangeInWords.Get();
+    }
     static std::string Text(const Label& label) { return label.Caption; }
 
     std::string Notice;
@@ -441,12 +444,22 @@ TEST(LiveOdds, FollowEveryChangeOfTheBattle) {
     EXPECT_EQ(player.Chances(), "– –");
     player.Pick(Attacker, {Midges});
     EXPECT_EQ(player.OddsState(), "Pick armies for both sides");
+    EXPECT_EQ(Player::Text(pad.lblSurvives[Attacker]), "");
     player.Pick(Defender, {Midges});
     EXPECT_EQ(player.Chances(), DuelChances(1, 1));
+    EXPECT_EQ(player.Change(), ": ") << "there is nothing to compare with";
+    EXPECT_EQ(Player::Text(pad.lblSurvives[Attacker]), "survives");
     player.Mark(Attacker, 0, 1);
     EXPECT_EQ(player.Chances(), DuelChances(2, 1));
+    EXPECT_EQ(player.Change(), "+17.9: 17.9 points more than before the last change (50.0%)");
+    pad.lstArmies[Attacker].Select({});
+    pad.Settle();
+    EXPECT_EQ(player.Change().substr(0, 5), "+17.9") << "a selection is no change";
+    player.Do([&] { pad.txtCombatDice.SetText("25"); });
     player.Do([&] { pad.txtCombatDice.SetText("30"); });
     EXPECT_EQ(player.Chances(), DuelChances(2, 1, 30));
+    EXPECT_EQ(player.Change(), "\u22120.4: 0.4 points less than before the last change (67.9%)")
+        << "one number that is made up of several keys is one change";
     player.Do([&] { pad.cboTerrain.Choose(0); });
     EXPECT_EQ(player.Chances(), DuelChances(2, 2, 30)) << "the village fortifies the defender";
     player.Do([&] { pad.cboCityLevel.Choose(2); });
@@ -456,12 +469,24 @@ TEST(LiveOdds, FollowEveryChangeOfTheBattle) {
               "The attacker wins 31.7% of battles, the defender 68.3%");
     EXPECT_EQ(Player::Text(rows[1].Losses[2]), "1.0") << "who wins slays the defender";
     EXPECT_EQ(Player::Text(rows[2].Losses[1]), "3.0") << "the turns of the attacking midges";
+    EXPECT_EQ(player.Change().substr(0, 7), "\u221218.3");
+    EXPECT_EQ(pad.lstArmies[Attacker].FigureOf(0),
+              (ListBox::Figure{"32%", "Survives 31.7% of battles", "survives 31.7%"}));
+    EXPECT_EQ(pad.lstArmies[Defender].FigureOf(0).Text, "68%");
     pad.Undo();
     EXPECT_EQ(player.Chances(), DuelChances(2, 2, 30));
+    EXPECT_EQ(player.Change().substr(0, 5), "+18.3");
     int shown = 0;
     const Connection showing = pad.OddsFrame.fraOdds.Changed.Connect([&] { ++shown; });
     player.Do([&] { pad.txtNumSimulations.SetText("10"); });
     EXPECT_EQ(shown, 0) << "odds that stand are not computed again";
+    EXPECT_EQ(player.Change().substr(0, 4), "+0.0");
+
+    // Whoever fights later survives more often; a line without an army has no figure.
+    player.Pick(Attacker, {Nobody, Midges});
+    const auto figure = [&](Long line) { return pad.lstArmies[Attacker].FigureOf(line).Text; };
+    EXPECT_EQ(figure(0) + "|" + figure(1) + "|" + figure(2), "66%||33%");
+    pad.Undo();
 
     // The detailed results get them side by side: the attacker cannot lose two armies, the defender can.
     player.Pick(Defender, {Midges});

@@ -111,15 +111,16 @@ void ShowLines(ArmyListView& widget, const ListBox& control) {
         if (item.text() != text)
             item.setText(text);
         const QString note = ToQt(control.Note(line));
-        if (item.data(ArmyListView::NoteRole).toString() == note)
-            continue;
+        const ListBox::Figure& figure = control.FigureOf(line);
         item.setData(ArmyListView::NoteRole, note);
-        item.setToolTip(note.isEmpty() ? QString() : ToQt(control.ToolTip) + '\n' + note);
-    }
-    for (int line = 0; line < count; ++line) {
-        const QString note = ToQt(control.Note(line));
-        widget.item(line)->setData(Qt::AccessibleTextRole,
-                                   ToQt(control.Entry(line).Text) + (note.isEmpty() ? "" : ", ") + note);
+        item.setData(ArmyListView::FigureRole, ToQt(figure.Text));
+        const auto joined = [](QStringList parts, const QString& separator) {
+            parts.removeAll(QString());
+            return parts.join(separator);
+        };
+        const QString remarks = joined({note, ToQt(figure.Sentence)}, "\n");
+        item.setToolTip(remarks.isEmpty() ? QString() : ToQt(control.ToolTip) + '\n' + remarks);
+        item.setData(Qt::AccessibleTextRole, joined({text, note, ToQt(figure.Words)}, ", "));
     }
     QItemSelectionModel& selection = *widget.selectionModel();
     for (int line = 0; line < count; ++line) {

@@ -45,13 +45,15 @@ public:
         const QFont noteFont = Small(line.font);
         const QFontMetrics noteMetrics(noteFont);
         const int gap = line.fontMetrics.averageCharWidth();
-        const int width = line.rect.width() - TextMargin(line) - gap;
+        const int end = gap + list_->FigureColumnWidth();
+        const int width = line.rect.width() - TextMargin(line) - end;
         const int nameWidth = line.fontMetrics.horizontalAdvance(line.text);
         const QString note =
             Cut(index.data(ArmyListView::NoteRole).toString(), noteMetrics, width - nameWidth - gap);
         const int noteWidth = noteMetrics.horizontalAdvance(note);
-        if (!note.isEmpty() && nameWidth + gap + noteWidth > width)
-            line.text = line.fontMetrics.elidedText(line.text, line.textElideMode, width - noteWidth - gap);
+        const int nameRoom = note.isEmpty() ? width : width - noteWidth - gap;
+        if (nameWidth > nameRoom)
+            line.text = line.fontMetrics.elidedText(line.text, line.textElideMode, nameRoom);
         list_->style()->drawControl(QStyle::CE_ItemViewItem, &line, painter, list_);
 
         painter->save();
@@ -63,9 +65,14 @@ public:
         painter->setPen(NoteColour(line.palette, isSelected, isDim));
         // The words keep their order where the window is mirrored.
         painter->setLayoutDirection(Qt::LeftToRight);
-        const QRect place(line.rect.right() + 1 - gap - noteWidth, line.rect.top(), noteWidth,
-                          line.rect.height());
-        painter->drawText(QStyle::visualRect(line.direction, line.rect, place), Qt::AlignVCenter, note);
+        const auto drawUpTo = [&](int right, const QString& text) {
+            const int textWidth = noteMetrics.horizontalAdvance(text);
+            const QRect place(right - textWidth, line.rect.top(), textWidth, line.rect.height());
+            painter->drawText(QStyle::visualRect(line.direction, line.rect, place), Qt::AlignVCenter, text);
+        };
+        drawUpTo(line.rect.right() + 1 - end, note);
+        if (list_->FigureColumnWidth() > 0)
+            drawUpTo(line.rect.right() + 1 - gap, index.data(ArmyListView::FigureRole).toString());
         painter->restore();
     }
 
@@ -117,6 +124,18 @@ ArmyListView::ArmyListView(QWidget* parent) : QListWidget(parent) {
 
 int ArmyListView::LeastLineHeight() const {
     return fontMetrics().height() + 2;
+}
+
+int ArmyListView::FigureColumnWidth() const {
+    constexpr int leastWidthInEm = 17;
+    if (viewport()->width() < leastWidthInEm * QFontInfo(font()).pixelSize())
+        return 0;
+    const QFontMetrics metrics(Small(font()));
+    return metrics.horizontalAdvance(QStringLiteral("100%")) + 2 * metrics.averageCharWidth();
+}
+
+int ArmyListView::MarginOfFigures() const {
+    return width() - viewport()->geometry().right() - 1 + fontMetrics().averageCharWidth();
 }
 
 void ArmyListView::FitLines(int room) {
@@ -238,6 +257,27 @@ void ArmyListView::keyPressEvent(QKeyEvent* event) {
 void ArmyListView::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
         QListWidget::mouseDoubleClickEvent(event);
+}
+
+FigureCaption::FigureCaption(ArmyListView& list, QWidget* parent) : QLabel(parent), list_(&list) {
+    setFont(Small(list.font()));
+    setAlignment(Qt::AlignRight | Qt::AlignBottom);
+    list.viewport()->installEventFilter(this);
+}
+
+QSize FigureCaption::sizeHint() const {
+    return {0, fontMetrics().height()};
+}
+
+bool FigureCaption::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize)
+        setContentsMargins(0, 0, list_->MarginOfFigures(), 0);
+    return QLabel::eventFilter(watched, event);
+}
+
+void FigureCaption::paintEvent(QPaintEvent* event) {
+    if (list_->FigureColumnWidth() > 0)
+        QLabel::paintEvent(event);
 }
 
 StackLabels::StackLabels(ArmyListView& list, const std::vector<QLabel*>& labels, QWidget* parent)

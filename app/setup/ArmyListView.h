@@ -28,6 +28,13 @@ public:
 
     /// The role of what is said quietly at the right end of a line.
     static constexpr int NoteRole = Qt::UserRole;
+    /// The role of the figure that stands behind that, in a column of its own.
+    static constexpr int FigureRole = Qt::UserRole + 1;
+
+    /// How wide the column of figures is, in pixels: 0 in a list that is too narrow for it.
+    [[nodiscard]] int FigureColumnWidth() const;
+    /// From the column of figures, or a line's end, to the list's edge, in pixels.
+    [[nodiscard]] int MarginOfFigures() const;
 
     /// Called for a right click, or for the menu key or Shift+F10, with the position for a menu. As with
     /// DeletePressed, the current line is selected by then, alone if it was not among the selected ones;
@@ -66,6 +73,24 @@ private:
 
     bool areStacksShown_ = false;
     int lineHeight_ = 0;
+};
+
+/// The small caption above a list's column of figures. It keeps its height while it has no text, and where
+/// the list has no such column.
+class FigureCaption final : public QLabel {
+public:
+    /// `list` must outlive the caption.
+    explicit FigureCaption(ArmyListView& list, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    ArmyListView* list_;
 };
 
 /// A label that is read from below, where there is more height than width.

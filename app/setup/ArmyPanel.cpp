@@ -48,9 +48,12 @@ ArmyPanel::ArmyPanel(frmBrawlpad& pad, Side side, bool compact) : pad_(&pad), si
     if (compact)
         MakeCompact(*layout);
     layout->addLayout(picker);
-    // A small line's room above the list.
-    layout->addSpacing(QFontMetrics(Small(font())).height());
-    layout->addLayout(list, 1);
+    auto* const captioned = new QVBoxLayout;
+    list->setSpacing(layout->spacing());
+    captioned->setSpacing(0);
+    captioned->addWidget(MakeCaption());
+    captioned->addLayout(list, 1);
+    layout->addLayout(captioned, 1);
     layout->addLayout(MakeTools(compact));
     layout->addStretch();
 }
@@ -80,6 +83,13 @@ QLabel* ArmyPanel::MakeCount() {
     auto* const count = Make<QLabel>(pad_->lblCount[side_]);
     SetShade(*count, Shade::Quiet);
     return count;
+}
+
+QLabel* ArmyPanel::MakeCaption() {
+    auto* const caption = new FigureCaption(*list_);
+    Bind(*caption, pad_->lblSurvives[side_]);
+    SetShade(*caption, Shade::Quiet);
+    return caption;
 }
 
 QLayout* ArmyPanel::MakeList(bool compact) {

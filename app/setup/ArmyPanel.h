@@ -33,6 +33,8 @@ private:
     [[nodiscard]] QLayout* MakePicker(bool compact);
     /// How many lines the list has.
     [[nodiscard]] QLabel* MakeCount();
+    /// Names the list's column of figures.
+    [[nodiscard]] QLabel* MakeCaption();
     [[nodiscard]] QLayout* MakeList(bool compact);
     [[nodiscard]] QLayout* MakeTools(bool compact);
 

@@ -128,10 +128,23 @@ QLayout* OddsView::MakeChances() {
     }
     layout->addWidget(sides[0]);
     layout->addWidget(chances[0]);
-    layout->addStretch();
+    layout->addWidget(MakeChange(), 1);
     layout->addWidget(chances[1]);
     layout->addWidget(sides[1]);
     return layout;
+}
+
+QLabel* OddsView::MakeChange() {
+    auto* const change = Make<QLabel>(panel_->lblChange);
+    change->setFont(Small(font()));
+    SetShade(*change, Shade::Quiet);
+    // It asks for no room, so that it never widens the column.
+    change->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    KeepWith(*change, panel_->lblChange.Changed.Connect([this, change] {
+        change->setToolTip(QString::fromStdString(panel_->ChangeInWords));
+        change->setAccessibleDescription(change->toolTip());
+    }));
+    return change;
 }
 
 QLayout* OddsView::MakeLosses() {

@@ -7,6 +7,7 @@
 #include <QGroupBox>
 
 class QGridLayout;
+class QLabel;
 class QLayout;
 
 namespace vorhaven {
@@ -19,6 +20,8 @@ public:
 
 private:
     [[nodiscard]] QLayout* MakeChances();
+    /// What the last change of the set-up did to the attacker's chance.
+    [[nodiscard]] QLabel* MakeChange();
     [[nodiscard]] QLayout* MakeLosses();
     /// Names the columns of figures, and gives each the room of its longest.
     void MakeHeaders(QGridLayout& table);

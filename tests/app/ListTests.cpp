@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "app/setup/ArmyListView.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QAbstractItemView>
+#include <QFontInfo>
 #include <QScrollBar>
 
 namespace vorhaven::test {
@@ -167,6 +169,47 @@ TEST_F(Lists, MenuActsOnTheLinesThatAreShownSelected) {
     ClickLine(list, 0, Qt::ControlModifier);
     QTest::keyClick(list, Qt::Key_Delete);
     EXPECT_EQ(list->count(), 0);
+}
+
+TEST_F(Lists, TellHowOftenEachLineSurvives) {
+    LineUp({"Oath Guard"}, {"Oath Guard"});
+    QTest::qWait(1); // one change after the other
+    QListWidget* const list = List(Side::Attacker);
+    ClickLine(list, 0);
+    QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
+    Choose("Flying");
+    QTest::qWait(1);
+    const QString exact = Find<QLabel>(&main_, "50.0%")->text();
+    const QListWidgetItem& item = *list->item(0);
+    EXPECT_TRUE(item.toolTip().endsWith("\nflying\nSurvives " + exact + " of battles"));
+    EXPECT_EQ(item.data(Qt::AccessibleTextRole).toString(), "Oath Guard *, flying, survives " + exact);
+    EXPECT_EQ(item.data(ArmyListView::FigureRole).toString(), "50%");
+    auto* const caption = Find<QLabel>(&main_, "survives");
+    const auto* const change = Find<QLabel>(&main_, "+0.0");
+    EXPECT_EQ(change->toolTip(), "0.0 points more than before the last change (50.0%)");
+    EXPECT_EQ(change->accessibleDescription(), change->toolTip());
+
+    // What stands in the column goes with its caption, not with the list's room for a condition.
+    const int em = QFontInfo(list->font()).pixelSize();
+    const auto inkAtTheEnd = [&](QWidget* widget) {
+        const QImage picture = widget->grab().toImage();
+        const QRgb blank = picture.pixel(picture.width() - 2, 1);
+        int count = 0;
+        for (int x = picture.width() - 3 * em; x < picture.width() - 1; ++x)
+            for (int y = 1; y < std::min(picture.height(), 16); ++y)
+                count += picture.pixel(x, y) != blank ? 1 : 0;
+        return count;
+    };
+    list->setFixedWidth(18 * em);
+    list->clearSelection();
+    list->setCurrentRow(-1);
+    Click(Battles());
+    QTest::qWait(1);
+    EXPECT_GT(inkAtTheEnd(list->viewport()), 10);
+    EXPECT_GT(inkAtTheEnd(caption), 10);
+    list->setFixedWidth(16 * em);
+    QTest::qWait(1);
+    EXPECT_EQ(inkAtTheEnd(caption), 0);
 }
 
 TEST_F(Lists, ButtonsKeysAndMouseMoveCopyAndRemoveLines) {

@@ -2,6 +2,7 @@
 
 #include "app/program/Shade.h"
 #include "app/program/SideColours.h"
+#include "app/setup/ArmyListView.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QFontInfo>
@@ -178,6 +179,7 @@ TEST_F(LargeLook, ConditionsEndInAnEllipsisWhereTheyHaveNoRoom) {
     list->clearSelection();
     list->setCurrentRow(-1);
     const int em = QFontInfo(list->font()).pixelSize();
+    const auto* const view = dynamic_cast<ArmyListView*>(list);
     const int quiet = qGray(Shaded(Qt::black, Qt::white, Shade::Quiet).rgb());
     for (int width = 20 * em; width >= 8 * em; width -= em) {
         list->setFixedWidth(width);
@@ -192,7 +194,9 @@ TEST_F(LargeLook, ConditionsEndInAnEllipsisWhereTheyHaveNoRoom) {
                     grey = std::min(grey, qGray(picture.pixel(x, y)));
             return grey;
         };
-        const int note = darkest(picture.width() - 3 * em / 2, picture.width());
+        EXPECT_EQ(view->FigureColumnWidth() > 0, line.width() >= 17 * em);
+        const int end = picture.width() - view->FigureColumnWidth();
+        const int note = darkest(end - 3 * em / 2, end);
         EXPECT_TRUE(note >= quiet - 1 && note < 160) << "at the line's end " << note << ", width " << width;
         EXPECT_LT(darkest(0, 6 * em), quiet / 2) << "the name, width " << width;
     }

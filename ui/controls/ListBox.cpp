@@ -8,7 +8,7 @@
 namespace vorhaven {
 
 void ListBox::AddItem(const ListEntry& entry) {
-    lines_.push_back({entry, false, {}});
+    lines_.push_back({entry});
     Changed.Raise();
 }
 
@@ -35,13 +35,23 @@ void ListBox::Clear() {
 void ListBox::SetEntries(const std::vector<ListEntry>& entries) {
     lines_.clear();
     for (const ListEntry& entry : entries)
-        lines_.push_back({entry, false, {}});
+        lines_.push_back({entry});
     listIndex_ = -1;
     Changed.Raise();
 }
 
 void ListBox::SetNote(Long line, const std::string& note) {
     if (std::exchange(lines_[IndexOf(line)].Note, note) != note)
+        Changed.Raise();
+}
+
+void ListBox::SetFigures(const std::vector<Figure>& figures) {
+    bool isAnyNew = false;
+    for (std::size_t line = 0; line < lines_.size(); ++line) {
+        const Figure figure = line < figures.size() ? figures[line] : Figure{};
+        isAnyNew = std::exchange(lines_[line].Figure, figure) != figure || isAnyNew;
+    }
+    if (isAnyNew)
         Changed.Raise();
 }
 

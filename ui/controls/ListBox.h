@@ -35,6 +35,19 @@ public:
     [[nodiscard]] const std::string& Note(Long line) const { return lines_[IndexOf(line)].Note; }
     void SetNote(Long line, const std::string& note);
 
+    /// A figure of a line, for the view to show in a column of its own: what stands there, the same exactly
+    /// as a sentence, and as words that go on after the line's text. All empty without one.
+    struct Figure {
+        std::string Text{};
+        std::string Sentence{};
+        std::string Words{};
+
+        bool operator==(const Figure&) const = default;
+    };
+    [[nodiscard]] const Figure& FigureOf(Long line) const { return lines_[IndexOf(line)].Figure; }
+    /// Gives every line its figure; those behind the last one get none.
+    void SetFigures(const std::vector<Figure>& figures);
+
     /// The current line, -1 for none. Making a line current selects nothing.
     [[nodiscard]] Long ListIndex() const { return listIndex_; }
     void SetListIndex(Long line);
@@ -56,9 +69,10 @@ public:
 
 private:
     struct Line {
-        ListEntry Entry;
+        ListEntry Entry{};
         bool Selected = false;
-        std::string Note;
+        std::string Note{};
+        ListBox::Figure Figure{};
     };
 
     [[nodiscard]] std::size_t IndexOf(Long line) const;

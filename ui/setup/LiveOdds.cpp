@@ -25,27 +25,50 @@ std::string HeroesInWords(const Setup& setup, const Units& units) {
     return isAnyUntouched ? "Heroes with their editors' first values" : "";
 }
 
+ListBox::Figure SurvivalFigure(const Chance& chance) {
+    const std::string exact = PercentText(chance);
+    return {PercentText(chance, 0), "Survives " + exact + " of battles", "survives " + exact};
+}
+
+std::optional<Chance> WinningOf(const std::optional<Odds::BattleOdds>& odds) {
+    return odds ? std::optional{odds->AttackerWins()} : std::nullopt;
+}
+
 } // namespace
 
 void LiveOdds::Show(const Setup& setup, const Units& units) {
     const std::string heroes = HeroesInWords(setup, units);
-    if (shown_ && IsSameBattle(setup, *shown_, units) && heroes == HeroesInWords(*shown_, units))
-        return;
+    if (!shown_ || !IsSameBattle(setup, *shown_, units) || heroes != HeroesInWords(*shown_, units))
+        Compute(setup, units, heroes);
+    panel_->ShowChange(WinningOf(before_), WinningOf(odds_));
+}
+
+void LiveOdds::Compute(const Setup& setup, const Units& units, const std::string& heroes) {
     shown_ = setup;
-    if (!HasArmies(setup, units)) {
-        panel_->Show(std::nullopt, "Pick armies for both sides");
-        return;
+    odds_.reset();
+    survival_ = {};
+    std::string state = "Pick armies for both sides";
+    if (HasArmies(setup, units)) {
+        try {
+            Odds::Budget budget{StepsWhileTyping};
+            odds_ = OddsOf(setup, units, budget);
+            state = odds_ ? heroes : "Too many outcomes for exact odds: press Attack for an estimate";
+        } catch (const RunTimeError& error) {
+            state = std::string("There are no odds of this battle: ") + Description(error.Number());
+        } catch (const std::bad_alloc&) {
+            state = "Not enough memory for exact odds: press Attack for an estimate";
+        }
     }
-    try {
-        Odds::Budget budget{StepsWhileTyping};
-        const auto odds = OddsOf(setup, units, budget);
-        panel_->Show(odds, odds ? heroes : "Too many outcomes for exact odds: press Attack for an estimate");
-    } catch (const RunTimeError& error) {
-        panel_->Show(std::nullopt,
-                     std::string("There are no odds of this battle: ") + Description(error.Number()));
-    } catch (const std::bad_alloc&) {
-        panel_->Show(std::nullopt, "Not enough memory for exact odds: press Attack for an estimate");
-    }
+    if (odds_)
+        for (const Side side : BothSides) {
+            const auto chances =
+                Odds::SurvivalOf(side == Side::Attacker ? odds_->Attackers : odds_->Defenders);
+            const auto lines = LinesInOrderOfFighting(setup, side, units);
+            survival_[side].resize(setup.Sides[side].size());
+            for (std::size_t army = 0; army < lines.size(); ++army)
+                survival_[side][lines[army]] = SurvivalFigure(chances[army]);
+        }
+    panel_->Show(odds_, state);
 }
 
 } // namespace vorhaven

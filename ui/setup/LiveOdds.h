@@ -2,11 +2,13 @@
 
 #pragma once
 
+#include "ui/controls/ListBox.h"
 #include "ui/setup/Battle.h"
 #include "ui/setup/OddsPanel.h"
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace vorhaven {
 
@@ -21,11 +23,25 @@ public:
 
     /// Shows the odds of a set-up, or why it has none. Odds that are shown already are not computed again.
     void Show(const Setup& setup, const Units& units);
+    /// From now on the frame compares with the odds that are shown now.
+    void BeginStep() { before_ = odds_; }
+
+    /// The odds of the set-up that was shown last; nothing where it has none.
+    [[nodiscard]] const std::optional<Odds::BattleOdds>& Odds() const { return odds_; }
+    /// The chances of surviving of a side's lines, as its list shows them; none without odds. A line without
+    /// an army, or behind the stacks that take part, has no figure.
+    [[nodiscard]] const std::vector<ListBox::Figure>& SurvivalOf(Side side) const { return survival_[side]; }
 
 private:
+    void Compute(const Setup& setup, const Units& units, const std::string& heroes);
+
     OddsPanel* panel_;
     /// The set-up whose odds are shown.
     std::optional<Setup> shown_;
+    std::optional<Odds::BattleOdds> odds_;
+    /// What the odds were before the last change of the set-up.
+    std::optional<Odds::BattleOdds> before_;
+    PerSide<std::vector<ListBox::Figure>> survival_;
 };
 
 } // namespace vorhaven

@@ -32,6 +32,17 @@ void OddsPanel::Show(const std::optional<Odds::BattleOdds>& odds, const std::str
     fraOdds.Changed.Raise();
 }
 
+void OddsPanel::ShowChange(const std::optional<Chance>& before, const std::optional<Chance>& now) {
+    if (!before || !now) {
+        ChangeInWords = "";
+        lblChange.Caption = "";
+        return;
+    }
+    const double points = 100.0 * (ShareOf(*now) - ShareOf(*before));
+    ChangeInWords = PointsInWords(points) + " than before the last change (" + PercentText(*before) + ")";
+    lblChange.Caption = ToSignedText(points, 1);
+}
+
 void OddsPanel::ShowLosses(Label& armies, Label& turns, const std::optional<Odds::Losses>& losses) {
     armies.Caption = losses ? ToFixedText(losses->Armies, 1) : Unknown;
     turns.Caption = losses ? ToFixedText(losses->Turns, 1) : Unknown;

@@ -20,7 +20,11 @@ public:
     std::array<Label, 2> lblChance{
         Label{Unknown, "The attacker wins exactly this percentage of battles on average"},
         Label{Unknown, "The defender wins exactly this percentage of battles on average"}};
-    /// The same in one sentence; empty without odds.
+    /// By how many points the attacker's chance is another one than before the last change of the set-up, and
+    /// the same in words; empty where there is nothing to compare.
+    Label lblChange;
+    Property<std::string> ChangeInWords{lblChange, {}};
+    /// Both chances in one sentence; empty without odds.
     Label lblSentence;
 
     /// A row of the table of expected losses: armies and production turns of the attacker, then of the
@@ -41,6 +45,8 @@ public:
 
     /// Shows odds, or that there are none, and a sentence on them.
     void Show(const std::optional<Odds::BattleOdds>& odds, const std::string& state);
+    /// Compares the attacker's chance of winning with the one before.
+    void ShowChange(const std::optional<Chance>& before, const std::optional<Chance>& now);
 
 private:
     /// Stands where there is no figure.

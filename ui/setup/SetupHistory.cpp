@@ -6,15 +6,17 @@
 
 namespace vorhaven {
 
-void SetupHistory::Note(const Setup& now) {
+bool SetupHistory::Note(const Setup& now) {
     if (now == current_)
-        return;
+        return false;
     const Number change = OnlyChange(current_, now);
-    if (change == Number::None || change != lastChange_)
+    const bool isNewStep = change == Number::None || change != lastChange_;
+    if (isNewStep)
         past_.push_back(std::move(current_));
     undone_.clear();
     lastChange_ = change;
     current_ = now;
+    return isNewStep;
 }
 
 SetupHistory::Number SetupHistory::OnlyChange(const Setup& before, const Setup& after) {

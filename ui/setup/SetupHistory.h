@@ -20,8 +20,9 @@ public:
     [[nodiscard]] const Setup& Current() const { return current_; }
 
     /// Takes in the set-up as it is now: if it has changed, that is one step to undo. Changes in a row of one
-    /// and the same number are undone as one, and so are the keys that make it up.
-    void Note(const Setup& now);
+    /// and the same number are undone as one, and so are the keys that make it up. Whether a new step has
+    /// begun.
+    bool Note(const Setup& now);
 
     [[nodiscard]] bool CanUndo() const { return !past_.empty(); }
     [[nodiscard]] bool CanRedo() const { return !undone_.empty(); }

@@ -57,7 +57,8 @@ void frmBrawlpad::PutInPlace(const Setup& setup) {
 }
 
 void frmBrawlpad::Settle() {
-    history_.Note(CurrentSetup());
+    if (history_.Note(CurrentSetup()))
+        liveOdds_.BeginStep();
     ShowState();
 }
 
@@ -79,6 +80,7 @@ void frmBrawlpad::GoTo(const Setup& setup) {
     if (ActiveControl() != &txtNumSimulations)
         txtNumSimulations_LostFocus();
     history_.Correct(CurrentSetup());
+    liveOdds_.BeginStep();
     ShowState();
 }
 
@@ -96,6 +98,10 @@ void frmBrawlpad::ShowState() {
     const Setup& now = history_.Current();
     lblOutOfDate.Caption = RemarkOnResults(now);
     liveOdds_.Show(now, *units_);
+    for (const Side side : BothSides) {
+        lstArmies[side].SetFigures(liveOdds_.SurvivalOf(side));
+        lblSurvives[side].Caption = liveOdds_.Odds() ? "survives" : "";
+    }
 }
 
 std::string frmBrawlpad::RemarkOnResults(const Setup& now) const {

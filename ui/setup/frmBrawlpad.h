@@ -193,6 +193,8 @@ public:
     Label lblTerrainLocked;
     /// How many lines each list has, of how many at most.
     PerSide<Label> lblCount;
+    /// Above the column of the lines' chances of surviving; empty without odds.
+    PerSide<Label> lblSurvives;
 
     Frame fraAttack{"Attacking Armies"};
     Frame fraDefend{"Defending Armies"};
