@@ -9,16 +9,30 @@
 #include <string>
 
 namespace vorhaven {
+namespace {
+
+constexpr std::string_view Blanks = " \t";
+
+} // namespace
+
+bool IsHeading(std::string_view line, std::string_view heading) {
+    std::string_view words = Trimmed(line, Blanks);
+    if (words.ends_with(':'))
+        words = Trimmed(words.substr(0, words.size() - 1), Blanks);
+    return ToLower(words) == ToLower(heading);
+}
 
 bool IsHeadingOrSetting(std::string_view line) {
-    const auto colon = line.find(':');
-    const std::string word = ToLower(Trimmed(line.substr(0, colon), " \t"));
-    const auto isAmong = [&word](std::initializer_list<std::string_view> words) {
-        return std::ranges::any_of(words, [&word](std::string_view each) { return ToLower(each) == word; });
+    const auto isAmong = [](std::initializer_list<std::string_view> words, const auto& isMeant) {
+        return std::ranges::any_of(words, isMeant);
     };
-    if (isAmong({SideHeadings.Attacker, SideHeadings.Defender, ResultsHeading}))
-        return colon == std::string_view::npos || Trimmed(line.substr(colon + 1), " \t").empty();
-    return colon != std::string_view::npos && isAmong({TerrainKey, CityLevelKey, DiceKey, BattlesKey});
+    const auto colon = line.find(':');
+    const std::string key = ToLower(Trimmed(line.substr(0, colon), Blanks));
+    return isAmong({SideHeadings.Attacker, SideHeadings.Defender, ResultsHeading},
+                   [line](std::string_view heading) { return IsHeading(line, heading); }) ||
+           (colon != std::string_view::npos &&
+            isAmong({TerrainKey, CityLevelKey, DiceKey, BattlesKey},
+                    [&key](std::string_view each) { return ToLower(each) == key; }));
 }
 
 } // namespace vorhaven

@@ -19,7 +19,10 @@ inline constexpr std::string_view CityLevelKey = "City Level";
 inline constexpr std::string_view DiceKey = "Combat Dice";
 inline constexpr std::string_view BattlesKey = "Number of Battles";
 
-/// Whether a line is a heading or a setting, in any letter case.
+/// Whether a line is a heading, in any letter case, with a colon behind it or without.
+[[nodiscard]] bool IsHeading(std::string_view line, std::string_view heading);
+
+/// Whether a line is any of the headings, or a setting.
 [[nodiscard]] bool IsHeadingOrSetting(std::string_view line);
 
 } // namespace vorhaven

@@ -326,13 +326,24 @@ TEST(BattleText, IsPlainAndTakesWhatAPersonTypes) {
     Player player;
     frmBrawlpad& pad = player.Pad;
     player.Pick(Attacker, {Midges});
-    player.Paste(Attacker, "defending armies\r\n  giants , BLESSED,2 medals\n\nCaptain, strength 9\r\n"
-                           "Terrain: City\nCity Level: castle\nCombat Dice: 25\n");
-    EXPECT_EQ(pad.BattleAsText(), "Defending Armies\nGiants, blessed, 2 medals\n"
-                                  "Captain, strength 9, hits 3, leadership 1\n\n"
-                                  "Terrain: city\nCity Level: Castle (+2)\nCombat Dice: 25\n"
-                                  "Number of Battles: 1000\n");
-    pad.Undo();
+    player.Paste(Attacker,
+                 "defending armies :\r\n - giants * , BLESSED,2 medal\n\n-2 Captain*, strength 9\r\n"
+                 "3\tMidges, flying, 1 medals\nTerrain: City\nCity Level: castle\nCombat Dice: 25\n"
+                 "Number of Battles: 1239\nQuick Results:\nMidge");
+    const std::string text = "Attacking Armies\nMidges\n\nDefending Armies\nGiants, blessed, 2 medals\n"
+                             "Captain, strength 9, hits 3, leadership 1\n"
+                             "Captain, strength 9, hits 3, leadership 1\n"
+                             "Midges, 1 medal, flying\nMidges, 1 medal, flying\nMidges, 1 medal, flying\n\n"
+                             "Terrain: city\nCity Level: Castle (+2)\nCombat Dice: 25\n"
+                             "Number of Battles: 1230\n";
+    EXPECT_EQ(pad.BattleAsText(), text);
+    player.Paste(Attacker, "Attacking Armies\nNumber of Battles: 7");
+    EXPECT_EQ(pad.lstArmies[Attacker].ListCount(), 0) << "a heading without lines empties its list";
+    EXPECT_EQ(pad.NumBattles(), 10);
+    player.Paste(Attacker, text);
+    EXPECT_EQ(pad.BattleAsText(), text);
+    for (int step = 0; step < 3; ++step)
+        pad.Undo();
     EXPECT_EQ(pad.lstArmies[Attacker].ListCount() + pad.lstArmies[Defender].ListCount(), 1);
     pad.lstArmies[Attacker].Select({0, {0}});
     pad.mnuCopy.Choose();
@@ -352,7 +363,8 @@ TEST(BattleText, TakesUnitsByTheirWholeNamesAndKeepsAnyValueOfAHero) {
             return name == Selector::Armies ? Armies : Heroes;
         }
         std::string PowerName(std::int16_t /*code*/) const override { return ""; }
-        const Table Armies = SmallCatalogue::Spread({0, 1}, {{0, "Guard, blessed"}, {1, "GUARD"}});
+        const Table Armies = SmallCatalogue::Spread(
+            {0, 1}, {{0, "Guard, blessed"}, {1, "GUARD"}, {2, "3 Guard"}, {3, "- Guard"}});
         const Table Heroes = SmallCatalogue::Spread({0, 1}, {{0, "Guard"}, {1, "Guard, bl"}});
     };
     const Guards guards;
@@ -365,13 +377,16 @@ TEST(BattleText, TakesUnitsByTheirWholeNamesAndKeepsAnyValueOfAHero) {
     vorhaven::Setup battle;
     battle.Sides.Attacker = {{0, "Guard, blessed"},
                              {1, "GUARD"},
-                             {2, "Guard *", HealthRow{.Flying = true}, entered},
-                             {3, "Guard, bl", {}, all}};
+                             {2, "3 Guard"},
+                             {3, "- Guard"},
+                             {4, "Guard *", HealthRow{.Flying = true}, entered},
+                             {5, "Guard, bl", {}, all}};
     const std::string text = BattleText{units}.Write(battle.Sides.Attacker);
-    EXPECT_EQ(text,
-              "Guard, blessed\nGUARD\nGuard, flying, strength 1, hits 3, leadership 0, morale -3\n"
-              "Guard, bl, strength 7, hits 2, leadership 60, morale 61, fortification 62, chaos 63, fear 64, "
-              "siege 65, assassination 66, missle 67, curse 68, acid 69, lightning 70, trample 71\n");
+    EXPECT_EQ(
+        text,
+        "Guard, blessed\nGUARD\n3 Guard\n- Guard\nGuard, flying, strength 1, hits 3, leadership 0, morale -3\n"
+        "Guard, bl, strength 7, hits 2, leadership 60, morale 61, fortification 62, chaos 63, fear 64, "
+        "siege 65, assassination 66, missle 67, curse 68, acid 69, lightning 70, trample 71\n");
     EXPECT_EQ(BattleText{units}.Read(text, {}, Attacker), battle);
 }
 
@@ -396,18 +411,27 @@ TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
     player.Pick(Attacker, {Midges});
     // clang-format off
     const struct { std::string Text, Fault; } cases[]{
-        {"Midges\nMidge\n", "Line 2: \"Midge\" is no unit of the catalogue"},
+        {"Midges\nMidge\n", "Line 2: \"Midge\" is not a unit of the catalogue"},
         {"Midges, angry", "Line 1: \"angry\" is not a condition"},
         {"Midges, strength 4", "Line 1: \"strength 4\" is not a condition"},          // no hero
         {"Captain, strength x", "Line 1: \"strength x\" is neither a condition nor a hero's value"},
         {"Captain, 9 medals", "Line 1: \"9 medals\" is neither a condition nor a hero's value"},
-        {"\n\nTerrain: moon", "Line 3: \"moon\" is no terrain"},
-        {"City Level: hut", "Line 1: \"hut\" is no city level"},
-        {"Combat Dice: 14", "Line 1: \"14\" is no number from 15 to 100"},
-        {"Number of Battles: ", "Line 1: \"\" is no number from 10 to 99999999"},
+        {"\n\nTerrain: moon", "Line 3: \"moon\" is not a terrain"},
+        {"City Level: hut", "Line 1: \"hut\" is not a city level"},
+        {"Combat Dice: 14", "Line 1: \"14\" is not a number from 15 to 100"},
+        {"Number of Battles: ", "Line 1: \"\" is not a whole number up to 99999999"},
+        {"Number of Battles: 1e3", "Line 1: \"1e3\" is not a whole number up to 99999999"},
+        {"Number of Battles: 100000000", "Line 1: \"100000000\" is not a whole number up to 99999999"},
+        {"\nCity Level: castle\nTerrain: ice", "Line 2: only a city has a city level"},
+        {"Midges, poisoned, blessed", "Line 1: \"blessed\": a blessed army is neither diseased nor poisoned"},
+        {"Midges, flying, Flying", "Line 1: \"Flying\": a line gives each condition at most once"},
+        {"Midges, 1 medal, 3 medals", "Line 1: \"3 medals\": a line gives each condition at most once"},
+        {"Captain, hits 2, hits 2", "Line 1: \"hits 2\": a line gives each value at most once"},
+        {"0 Midges", "Line 1: \"0\" is not a number from 1 to 32"},
+        {"Midges\n32 Midges", "Line 2: a list holds 32 armies at most"},
         {"Captain, acid 10, assassination 2147483647", "Line 1: \"assassination 2147483647\" is more or less than a hero's editor holds"},
         {"Captain, strength 300", "Line 1: \"strength 300\" is more or less than a hero's editor holds"},
-        {std::string("Midges\0", 7), "Line 1: \"Midges\uFFFD\" is no unit of the catalogue"},
+        {std::string("Midges\0", 7), "Line 1: \"Midges\uFFFD\" is not a unit of the catalogue"},
         {MidgesAsText(20'000), "The text is too long to be a battle"},
         {"Attacking Armies\n" + MidgesAsText(33), "Line 34: a list holds 32 armies at most"},
     };

@@ -136,9 +136,9 @@ TEST_F(Dialogs, ForeignTextsAreShownLetterByLetterAndShort) {
     const QString page = "<b>a page</b> ", none(QChar(0xFFFD));
     // clang-format off
     const struct { QString Text, Said; } cases[]{
-        {"<img src=\"/dev/null\">", "Line 1: \"<img src=\"/dev/null\">\" is no unit of the catalogue."},
-        {page.repeated(99), "Line 1: \"" + page.repeated(2) + "<b>a page</…\" is no unit of the catalogue."},
-        {QString::fromStdString(std::string("a\0b\t\u202Ec", 8)), "Line 1: \"a" + none + "b" + none + none + "c\" is no unit of the catalogue."},
+        {"<img src=\"/dev/null\">", "Line 1: \"<img src=\"/dev/null\">\" is not a unit of the catalogue."},
+        {page.repeated(99), "Line 1: \"" + page.repeated(2) + "<b>a page</…\" is not a unit of the catalogue."},
+        {QString::fromStdString(std::string("a\0b\t\u202Ec", 8)), "Line 1: \"a" + none + "b" + none + none + "c\" is not a unit of the catalogue."},
         {QString(1 << 20, 'o'), "The text is too long to be a battle."},
     };
     // clang-format on

@@ -9,12 +9,14 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
 
 namespace vorhaven {
 namespace {
 
 /// What may stand around words; a text from elsewhere has carriage returns too.
 constexpr std::string_view Blanks = " \t\r";
+constexpr std::string_view Digits = "0123456789";
 
 bool IsSame(std::string_view a, std::string_view b) {
     return ToLower(a) == ToLower(b);
@@ -55,8 +57,7 @@ std::string BattleText::Write(const std::vector<SetupLine>& lines) const {
 std::string BattleText::Write(const Setup& setup) const {
     std::string text;
     for (const Side side : BothSides)
-        if (const auto& lines = setup.Sides[side]; !lines.empty())
-            text.append(SideHeadings[side]).append("\n").append(Write(lines)).append("\n");
+        text.append(SideHeadings[side]).append("\n").append(Write(setup.Sides[side])).append("\n");
     const auto add = [&text](std::string_view key, const std::string& value) {
         text.append(key).append(": ").append(value).append("\n");
     };
@@ -79,7 +80,7 @@ public:
         while (!text.empty()) {
             ++number_;
             const std::string_view line = Trimmed(Take(text, '\n'), Blanks);
-            if (IsSame(line, ResultsHeading))
+            if (IsHeading(line, ResultsHeading))
                 break;
             if (!line.empty())
                 ReadLine(line);
@@ -88,22 +89,21 @@ public:
 
     /// What becomes of a set-up by what was read.
     [[nodiscard]] Setup AppliedTo(Setup setup, Side side) const {
-        const bool isWhole = !sides_.Attacker.empty() || !sides_.Defender.empty();
-        if (isWhole)
-            setup.Sides = sides_;
+        for (const Side each : BothSides)
+            if (sides_[each])
+                setup.Sides[each] = *sides_[each];
         std::vector<SetupLine>& list = setup.Sides[side];
         list.insert(list.end(), loose_.begin(), loose_.end());
         if (SizeOf(list) > MaxLines)
             throw ListFullError{};
-        if (isWhole || side == Side::Defender)
-            setup.AdjustTerrain();
+        setup.AdjustTerrain();
         if (terrain_ && !setup.IsTerrainLocked)
             setup.ChooseTerrain(*terrain_);
-        if (cityLevel_ && setup.Terrain == Terrains::City)
-            setup.CityLevel = *cityLevel_;
+        if (cityLevel_ && setup.Terrain != Terrains::City)
+            throw BattleTextError{cityLevelNumber_, "only a city has a city level"};
+        setup.CityLevel = cityLevel_.value_or(setup.CityLevel);
         setup.CombatDice = combatDice_.value_or(setup.CombatDice);
-        if (numBattles_)
-            setup.NumBattles = ToText(*numBattles_);
+        setup.NumBattles = numBattles_.value_or(setup.NumBattles);
         return setup;
     }
 
@@ -112,8 +112,10 @@ private:
 
     void ReadLine(std::string_view line) {
         for (const Side side : BothSides)
-            if (IsSame(line, SideHeadings[side])) {
-                list_ = &sides_[side];
+            if (IsHeading(line, SideHeadings[side])) {
+                if (!sides_[side])
+                    sides_[side].emplace();
+                list_ = &*sides_[side];
                 return;
             }
         if (!ReadSetting(line))
@@ -128,13 +130,13 @@ private:
         if (IsSame(key, TerrainKey)) {
             terrain_ = ToLower(value);
             if (std::ranges::find(Terrains::All, *terrain_) == Terrains::All.end())
-                Refuse(Quoted(value) + " is no terrain");
+                Refuse(Quoted(value) + " is not a terrain");
         } else if (IsSame(key, CityLevelKey)) {
             ReadCityLevel(value);
         } else if (IsSame(key, DiceKey)) {
             combatDice_ = Number(value, CombatDiceRange);
         } else if (IsSame(key, BattlesKey)) {
-            numBattles_ = Number(value, NumBattlesRange);
+            ReadNumBattles(value);
         } else {
             return false;
         }
@@ -147,55 +149,109 @@ private:
         };
         const auto level = std::ranges::find_if(CityLevels, isMeant);
         if (level == CityLevels.end())
-            Refuse(Quoted(value) + " is no city level");
+            Refuse(Quoted(value) + " is not a city level");
         cityLevel_ = static_cast<std::int32_t>(level - CityLevels.begin()) + 1;
+        cityLevelNumber_ = number_;
+    }
+
+    void ReadNumBattles(const std::string& value) {
+        const auto number =
+            value.find_first_not_of(Digits) == std::string::npos ? NumberIn(value) : std::nullopt;
+        if (!number || *number > NumBattlesRange.Highest)
+            Refuse(Quoted(value) + " is not a whole number up to " + ToText(NumBattlesRange.Highest));
+        numBattles_ = CompletedNumBattles(ToText(*number));
     }
 
     [[nodiscard]] Long Number(const std::string& text, const NumberRange& range) const {
         const auto number = NumberIn(text);
         if (!number || *number < range.Lowest || *number > range.Highest)
-            Refuse(Quoted(text) + " is no number from " + ToText(range.Lowest) + " to " +
+            Refuse(Quoted(text) + " is not a number from " + ToText(range.Lowest) + " to " +
                    ToText(range.Highest));
         return *number;
     }
 
     void ReadArmy(std::string_view line) {
-        const ListEntry& unit = UnitOf(line);
-        SetupLine army{unit.Datum, unit.Text};
-        line.remove_prefix(unit.Text.size());
-        Take(line, ',');
-        while (!line.empty())
-            ReadTrait(army, std::string(Trimmed(Take(line, ','), Blanks)));
-        if (SizeOf(*list_) == MaxLines)
-            Refuse("a list holds " + ToText(MaxLines) + " armies at most");
+        const Troop troop = TroopOf(line);
+        SetupLine army{troop.Unit->Datum, troop.Unit->Text};
+        GivenValues given;
+        std::string_view traits = troop.Traits;
+        Take(traits, ',');
+        while (!traits.empty())
+            ReadTrait(army, given, std::string(Trimmed(Take(traits, ','), Blanks)));
         if (army.Health != HealthRow{} && AsteriskEligible(army.Text))
             army.Text += ConditionMark;
-        list_->push_back(army);
+        if (SizeOf(*list_) + troop.Count > MaxLines)
+            Refuse("a list holds " + ToText(MaxLines) + " armies at most");
+        list_->insert(list_->end(), troop.Count.Index(), army);
     }
 
-    /// The unit that a line begins with. A unit's name may have commas itself, so the longest one counts; of
-    /// names that differ in letter case alone, the one that is written as it stands.
-    [[nodiscard]] const ListEntry& UnitOf(std::string_view line) const {
-        const ListEntry* longest = nullptr;
-        for (const ListEntry& unit : entries_) {
-            if (!IsSame(line.substr(0, unit.Text.size()), unit.Text))
-                continue;
-            const std::string_view rest = Trimmed(line.substr(unit.Text.size()), Blanks);
-            const bool isMeant = rest.empty() || rest.front() == ',';
-            const bool isBetter = longest == nullptr || unit.Text.size() > longest->Text.size() ||
-                                  (unit.Text.size() == longest->Text.size() && line.starts_with(unit.Text));
-            if (isMeant && isBetter)
-                longest = &unit;
-        }
-        if (longest == nullptr)
-            Refuse(Quoted(Trimmed(Take(line, ','), Blanks)) + " is no unit of the catalogue");
-        return *longest;
+    /// What a line says before its first condition.
+    struct Troop {
+        const ListEntry* Unit;
+        Long Count = 1;
+        /// What follows, from the comma on.
+        std::string_view Traits;
+    };
+
+    /// A name may begin like a count or a dash itself, so it is tried first.
+    [[nodiscard]] Troop TroopOf(std::string_view line) const {
+        if (const auto troop = NamedAt(line))
+            return *troop;
+        if (line.starts_with('-'))
+            line = Trimmed(line.substr(1), Blanks);
+        if (const auto troop = NamedAt(line))
+            return *troop;
+        const std::string count{line.substr(0, std::min(line.find_first_not_of(Digits), line.size()))};
+        const std::string_view counted = line.substr(count.size());
+        const bool isCounted = !count.empty() && Trimmed(counted, Blanks).size() < counted.size();
+        auto troop = isCounted ? NamedAt(Trimmed(counted, Blanks)) : std::nullopt;
+        if (!troop)
+            Refuse(Quoted(Trimmed(Take(line, ','), Blanks)) + " is not a unit of the catalogue");
+        troop->Count = Number(count, {1, MaxLines, 1});
+        return *troop;
     }
+
+    /// The unit that a text begins with. A unit's name may have commas itself, so the longest one counts; of
+    /// names that differ in letter case alone, the one that is written as it stands.
+    [[nodiscard]] std::optional<Troop> NamedAt(std::string_view text) const {
+        std::optional<Troop> longest;
+        for (const ListEntry& unit : entries_) {
+            if (!IsSame(text.substr(0, unit.Text.size()), unit.Text))
+                continue;
+            std::string_view rest = Trimmed(text.substr(unit.Text.size()), Blanks);
+            // The mark that the lists show gives no condition by itself.
+            if (rest.starts_with(ConditionMark.back()))
+                rest = Trimmed(rest.substr(1), Blanks);
+            const bool isMeant = rest.empty() || rest.front() == ',';
+            const bool isBetter =
+                !longest || unit.Text.size() > longest->Unit->Text.size() ||
+                (unit.Text.size() == longest->Unit->Text.size() && text.starts_with(unit.Text));
+            if (isMeant && isBetter)
+                longest = {&unit, 1, rest};
+        }
+        return longest;
+    }
+
+    /// Which of a hero's numbers a line has given, in the order of HeroNumbers.
+    using GivenValues = std::bitset<HeroNumbers.size()>;
 
     /// A condition, "blessed", or a hero's value, "strength 8".
-    void ReadTrait(SetupLine& army, const std::string& trait) const {
-        if (AddCondition(army.Health, ToLower(trait)))
+    void ReadTrait(SetupLine& army, GivenValues& given, const std::string& trait) const {
+        HealthRow health = army.Health;
+        if (!AddCondition(health, ToLower(trait))) {
+            ReadHeroValue(army, given, trait);
             return;
+        }
+        const bool isSecond =
+            health == army.Health || (army.Health.Medals > 0 && health.Medals != army.Health.Medals);
+        if (isSecond)
+            Refuse(Quoted(trait) + ": a line gives each condition at most once");
+        if (!IsPossible(health))
+            Refuse(Quoted(trait) + ": a blessed army is neither diseased nor poisoned");
+        army.Health = health;
+    }
+
+    void ReadHeroValue(SetupLine& army, GivenValues& given, const std::string& trait) const {
         const auto space = trait.rfind(' ');
         const auto meant = std::ranges::find_if(
             HeroNumbers, [&](const HeroNumber& each) { return IsSame(each.Title, trait.substr(0, space)); });
@@ -207,6 +263,10 @@ private:
                    (defaults ? " is neither a condition nor a hero's value" : " is not a condition"));
         if (!meant->Holds(*number))
             Refuse(Quoted(trait) + " is more or less than a hero's editor holds");
+        const auto place = static_cast<std::size_t>(meant - HeroNumbers.begin());
+        if (given[place])
+            Refuse(Quoted(trait) + ": a line gives each value at most once");
+        given.set(place);
         if (!army.Hero)
             army.Hero = defaults;
         *army.Hero.*(meant->Value) = *number;
@@ -215,14 +275,17 @@ private:
     const Units* units_;
     std::vector<ListEntry> entries_;
     int number_ = 0;
-    PerSide<std::vector<SetupLine>> sides_;
+    /// The lines below the headings that the text has.
+    PerSide<std::optional<std::vector<SetupLine>>> sides_;
     /// The lines above any heading, which belong to no side yet.
     std::vector<SetupLine> loose_;
     std::vector<SetupLine>* list_ = &loose_;
     std::optional<std::string> terrain_;
     std::optional<Long> cityLevel_;
+    /// The number of the line that gives it.
+    int cityLevelNumber_ = 0;
     std::optional<Long> combatDice_;
-    std::optional<Long> numBattles_;
+    std::optional<std::string> numBattles_;
 };
 
 Setup BattleText::Read(std::string_view text, const Setup& present, Side side) const {

@@ -53,13 +53,14 @@ public:
     /// Lines alone, without a heading.
     [[nodiscard]] std::string Write(const std::vector<SetupLine>& lines) const;
 
-    /// What becomes of a set-up by a text. The text's sides take the place of both lists, its lines above any
-    /// heading follow those of one side, and its settings are chosen as far as the window would let the
-    /// player choose them; whatever it does not name stays. The new lines have no Id yet.
+    /// What becomes of a set-up by a text. The lines below a side's heading take the place of its list, those
+    /// above any heading follow the list of `side`, and settings are chosen, but for a terrain that the
+    /// number of defenders rules out; whatever the text does not name stays. The new lines have no Id yet.
     ///
-    /// Letter case and blanks around words do not matter, empty lines are skipped. Raises BattleTextError for
-    /// the first line that cannot be read (an unknown unit, condition or value, a list of more than 32
-    /// lines) and for a text of more than MaxBytes, and ListFullError.
+    /// Letter case and blanks around words do not matter, empty lines are skipped; a line may begin with a
+    /// dash, a count, or both. Raises BattleTextError for the first line that cannot be read (an unknown
+    /// unit, condition or value, one given twice, a list of more than 32 lines, the level of no city) and for
+    /// a text of more than MaxBytes, and ListFullError.
     [[nodiscard]] Setup Read(std::string_view text, const Setup& present, Side side) const;
 
 private:

@@ -44,8 +44,11 @@ bool AddCondition(HealthRow& row, std::string_view word) {
                 row.*mark = true;
                 return true;
             }
+    const auto withoutS = [](std::string_view medals) {
+        return medals.substr(0, medals.size() - (medals.ends_with('s') ? 1 : 0));
+    };
     for (std::size_t medals = 1; medals < MedalWords.size(); ++medals)
-        if (word == MedalWords[medals]) {
+        if (withoutS(word) == withoutS(MedalWords[medals])) {
             row.Medals = static_cast<std::int16_t>(medals);
             return true;
         }

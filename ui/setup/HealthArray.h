@@ -29,8 +29,14 @@ struct HealthRow {
 /// The conditions as a person says them, "blessed, 2 medals"; empty for none.
 [[nodiscard]] std::string InWords(const HealthRow& row);
 
-/// Gives a row the condition that a word of InWords names; false for any other word.
+/// Gives a row the condition that a word of InWords names, medals with or without their "s"; false for any
+/// other word.
 [[nodiscard]] bool AddCondition(HealthRow& row, std::string_view word);
+
+/// Whether an army can be in such a health: a blessed one is neither diseased nor poisoned.
+[[nodiscard]] constexpr bool IsPossible(const HealthRow& row) {
+    return !row.Blessed || !(row.Diseased || row.Poisoned);
+}
 
 /// Whether a line's text can take the mark of conditions: it has some text, and no mark yet.
 [[nodiscard]] bool AsteriskEligible(std::string_view text);

@@ -52,11 +52,7 @@ void frmBrawlpad::txtNumSimulations_Change() {
 
 void frmBrawlpad::txtNumSimulations_LostFocus() {
     const Trap trap{"frmBrawlpad::txtNumSimulations_LostFocus"};
-    const std::string& text = txtNumSimulations.Text();
-    if (text.empty() || ToLong(text) < NumBattlesRange.Lowest)
-        txtNumSimulations.SetText(ToText(NumBattlesRange.Lowest));
-    else
-        txtNumSimulations.SetText(text.substr(0, text.size() - 1) + "0");
+    txtNumSimulations.SetText(CompletedNumBattles(txtNumSimulations.Text()));
 }
 
 void frmBrawlpad::cboTerrain_Click() {

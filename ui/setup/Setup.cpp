@@ -2,6 +2,7 @@
 
 #include "ui/setup/Setup.h"
 
+#include "base/Conversion.h"
 #include "model/Terrain.h"
 
 namespace vorhaven {
@@ -17,6 +18,12 @@ void Setup::AdjustTerrain() {
     IsTerrainLocked = IsCityForced(SizeOf(Sides.Defender));
     if (IsTerrainLocked)
         ChooseTerrain(Terrains::City);
+}
+
+std::string CompletedNumBattles(const std::string& text) {
+    if (text.empty() || ToLong(text) < NumBattlesRange.Lowest)
+        return ToText(NumBattlesRange.Lowest);
+    return text.substr(0, text.size() - 1) + "0";
 }
 
 } // namespace vorhaven

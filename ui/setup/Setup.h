@@ -70,4 +70,8 @@ inline constexpr NumberRange CombatDiceRange{15, 100, 20};
 /// The highest number has as many digits as fit into a count whatever they are.
 inline constexpr NumberRange NumBattlesRange{10, 99'999'999, 1000};
 
+/// What the text of the field for the number of battles becomes when the field is left: the lowest number, or
+/// a multiple of ten. Raises what ToLong raises.
+[[nodiscard]] std::string CompletedNumBattles(const std::string& text);
+
 } // namespace vorhaven
