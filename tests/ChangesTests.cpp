@@ -140,13 +140,63 @@ TEST(Undo, BringsBackWhatWasEnteredForAHero) {
     fightWith([](frmHero& editor) { editor.cmdProceed.Press(); });
     pad.Undo();
     EXPECT_EQ(player.OutOfDate(), "before the latest changes") << "6 fought, 9 is set up";
+    const std::string odds = player.Chances() + player.OddsState();
     fightWith([](frmHero& /*editor*/) {});
-    EXPECT_EQ(player.OutOfDate(), "before the latest changes")
-        << "an editor closed without Done enters nothing";
+    EXPECT_EQ(player.OutOfDate(), "with a hero's editor cancelled") << "nothing was entered, 6 fought";
+    EXPECT_EQ(player.Chances() + player.OddsState(), odds);
     pad.lstArmies.Attacker.Select({0, {0}});
     player.Do([&] { pad.sscDup.Attacker.Press(); });
     fightWith([](frmHero& /*editor*/) {});
     EXPECT_EQ(offered, "none 9 9 9 none ") << "a copy begins anew";
+}
+
+TEST(Heroes, AreEditedWithoutARunOnTheValuesOfTheOdds) {
+    Player player;
+    frmBrawlpad& pad = player.Pad;
+    player.Pick(Attacker, {Captain, Midges});
+    player.Pick(Defender, {Giants, Captain});
+    std::string began;
+    std::function<void(frmHero&)> leave;
+    player.Toolkit.OnHero = [&](frmHero& editor) {
+        began += editor.Description() + ":";
+        for (const HeroField* field : {editor.UnitFields[0], editor.StackFields[0], editor.StackFields[1]})
+            began += " " + field->txt.Text();
+        began += editor.cmdLastValues.Enabled ? " again\n" : "\n";
+        leave(editor);
+    };
+    const auto edit = [&](Side side, Long line, const std::string& morale) {
+        player.Game::Mark(side, {line}, {});
+        const bool isOffered = pad.mnuEditHero.Enabled;
+        leave = [&](frmHero& editor) {
+            editor.Field(&HeroValues::Morale).txt.SetText(morale);
+            if (!morale.empty())
+                editor.cmdProceed.Press();
+        };
+        player.Do([&] { pad.mnuEditHero.Choose(); });
+        return isOffered;
+    };
+    const std::string asTheyBegin = player.Chances();
+    EXPECT_TRUE(edit(Defender, 1, ""));
+    EXPECT_EQ(player.Chances() + player.OddsState(), asTheyBegin + "Heroes with their editors' first values");
+    EXPECT_TRUE(edit(Attacker, 0, "4"));
+    EXPECT_NE(player.Chances(), asTheyBegin);
+    EXPECT_FALSE(edit(Attacker, 1, "4") || edit(Defender, 0, "4")) << "no heroes";
+    EXPECT_TRUE(edit(Attacker, 0, "5"));
+    EXPECT_EQ(began, "Captain, Defending Armies, line 2: 6 1 0\n"
+                     "Captain, Attacking Armies, line 1: 6 1 0\n"
+                     "Captain, Attacking Armies, line 1: 6 1 4\n");
+    pad.Undo();
+    pad.Undo();
+    EXPECT_EQ(player.Chances(), asTheyBegin) << "each is one step";
+    pad.Redo();
+    began.clear();
+    leave = [&](frmHero& editor) {
+        pad.mnuEditHero.Choose(); // while a run is assembled
+        editor.cmdProceed.Press();
+    };
+    player.Fight();
+    EXPECT_EQ(began, "Captain, Attacking Armies, line 1: 6 1 0 again\n"
+                     "Captain, Defending Armies, line 2: 6 1 0\n");
 }
 
 TEST(Lists, TellWhatALineReallyHasAndHowFullTheyAre) {

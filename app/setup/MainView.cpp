@@ -212,6 +212,8 @@ void MainView::MakeMenu() {
     menu_->addSeparator();
     Bind(*menu_->addAction(QString()), pad_->mnuPopupDelete);
     menu_->addSeparator();
+    Bind(*menu_->addAction(QString()), pad_->mnuEditHero);
+    menu_->addSeparator();
     for (MenuItem* item : {&pad_->mnuCopy, &pad_->mnuPaste, &pad_->mnuCopyBattle})
         Bind(*menu_->addAction(QString()), *item);
     menu_->addSeparator();

@@ -168,6 +168,36 @@ TEST_F(Dialogs, ForeignTextsAreShownLetterByLetterAndShort) {
     EXPECT_TRUE(isShownAsItIs(*qobject_cast<QLabel*>(*tip)));
 }
 
+TEST_F(Dialogs, TheMenuOfAHerosLineEditsItWithoutARun) {
+    LineUp({"Oath Guard", "Marshal"}, {"Oath Guard"});
+    const auto odds = [this] {
+        QCoreApplication::processEvents();
+        const auto labels = Find<QWidget>(&main_, "Exact Odds")->findChildren<QLabel*>();
+        return (*std::ranges::find_if(labels, [](auto* label) { return label->text().endsWith('%'); }))
+            ->text();
+    };
+    const QString before = odds();
+    for (const auto& [line, isHero] : {std::pair{0, false}, {1, true}}) {
+        ClickLine(List(Side::Attacker), line);
+        QTest::keyClick(List(Side::Attacker), Qt::Key_F10, Qt::ShiftModifier);
+        EXPECT_EQ(Item(OpenMenu(), "Edit Hero...")->isEnabled(), isHero);
+        if (!isHero)
+            OpenMenu()->close();
+    }
+    const auto strengthen = [](QDialog& editor) {
+        EXPECT_EQ(editor.accessibleDescription(), "Marshal, Attacking Armies, line 2");
+        Type(editor.focusWidget(), "14");
+        QTest::keyClick(editor.focusWidget(), Qt::Key_Return);
+    };
+    InModalWindows({{HeroTitle, strengthen}});
+    Choose("Edit Hero...");
+    EXPECT_NE(odds(), before);
+    EXPECT_EQ(Beside(&main_, "Attacker Wins:"), "");
+    Activate();
+    QTest::keyClick(List(Side::Attacker), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(odds(), before);
+}
+
 TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {
     const auto captions =
         QString("Raw Leadership:,Raw Morale:,Raw Fortification:,Raw Chaos:,Raw Fear:,Raw Siege:,"

@@ -53,7 +53,7 @@ std::array<HeroField*, HeroNumbers.size()> frmHero::LoadOrder() {
 void frmHero::LoadHeroInfo() {
     const Trap trap{"frmHero::LoadHeroInfo"};
     HeroName = Hero->Name.Text();
-    LoadFields(HeroValues::AtFirst(*Hero));
+    LoadFields(FirstValues.value_or(HeroValues::AtFirst(*Hero)));
 }
 
 void frmHero::LoadFields(const HeroValues& values) {

@@ -48,8 +48,10 @@ public:
     CArmy* Hero = nullptr;
     /// Which line of which list the hero is; set before the window is loaded.
     std::string Whereabouts;
-    /// What was entered for this hero in the last run, if anything was; set before the window is loaded.
+    /// What was last entered for this hero, if anything was; set before the window is loaded.
     std::optional<HeroValues> LastValues;
+    /// What the fields begin with instead of the record's values; set before the window is loaded.
+    std::optional<HeroValues> FirstValues;
 
     void Form_Load() override;
 
@@ -68,8 +70,7 @@ public:
     Label lblWhereabouts;
 
     Frame fraStackBonus{"Stack Bonuses"};
-    Button cmdLastValues{"&Last Values",
-                         "Fill the fields with what was entered for this hero in the last run"};
+    Button cmdLastValues{"&Last Values", "Fill the fields with what was last entered for this hero"};
     Button cmdProceed{"&Done"};
 
     /// All fields in the order of HeroNumbers, in which they are stored: a text that is no number ends the

@@ -41,6 +41,7 @@ void frmBrawlpad::lstArmies_MouseUp(Side side, MouseButton button) {
     for (std::size_t medals = 0; medals < mnuPopupItemMedals.size(); ++medals)
         mnuPopupItemMedals[medals].Checked = row.Medals == static_cast<int>(medals);
     EvaluateHealthConflicts(side);
+    mnuEditHero.Enabled = CanEditHero(side);
     PopupMenuRequested.Raise(side);
 }
 

@@ -3,7 +3,6 @@
 #include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
 #include "odds/Budget.h"
-#include "ui/hero/frmHero.h"
 #include "ui/results/frmStats.h"
 #include "ui/setup/WinMargin.h"
 #include "ui/setup/frmBrawlpad.h"
@@ -40,6 +39,7 @@ void frmBrawlpad::cmdAttack_Click() {
         // Whatever the player changes from here on, while a hero's editor is open or between two of them,
         // belongs to the next battle.
         assembled_ = CurrentSetup();
+        entered_ = assembled_;
         FillArmyCollections();
         sscAbort.Enabled = true;
         hasShownResults_ = false;
@@ -115,23 +115,6 @@ void frmBrawlpad::AddEntry(CAttackArmies& armies, Side side, Long row, Long posi
     armies.Add(units_->EntryOf(row, assembled_.Sides[side][position.Index()].Health), LineKey(position));
 }
 
-void frmBrawlpad::EditHero(CArmy& hero, Side side, Long position) {
-    SetupLine& line = assembled_.Sides[side][position.Index()];
-    // The list behind the editor shows whose turn it is.
-    ListBox& list = lstArmies[side];
-    const ListBox::Selection selection = list.CurrentSelection();
-    list.Select({position, {position}});
-    frmHero editor{*toolkit_};
-    editor.Hero = &hero;
-    editor.Whereabouts = FrameOf(side).Caption.Get() + ", line " + ToText(position + 1);
-    editor.LastValues = line.Hero;
-    toolkit_->ShowModal(editor);
-    line.Hero = HeroValues::From(hero);
-    if (editor.IsConfirmed())
-        heroValues_[line.Id] = *line.Hero;
-    list.Select(selection);
-}
-
 void frmBrawlpad::ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) {
     frmStats stats{*toolkit_, *provider_, assembled_.Terrain};
     stats.ShowStats(attackStack, defendStack, [&] { toolkit_->ShowModal(stats); });
@@ -147,6 +130,7 @@ void frmBrawlpad::ShowWinPercent(const std::string& text) {
     WinMarginInWords = margin.Sentence;
     lblWinMargin.Caption = margin.Figure;
     fought_ = assembled_;
+    foughtAsEntered_ = entered_;
     hasShownResults_ = true;
 }
 

@@ -107,10 +107,13 @@ void frmBrawlpad::ShowState() {
 std::string frmBrawlpad::RemarkOnResults(const Setup& now) const {
     if (!fought_)
         return isAborted_ ? "aborted" : "";
-    const bool hasChanged = !IsSameBattle(now, *fought_, *units_);
+    const bool isFought = IsSameBattle(now, *fought_, *units_);
+    const bool hasChanged = !isFought && !IsSameBattle(now, *foughtAsEntered_, *units_);
     if (isAborted_)
         return hasChanged ? "before the abort and changes" : "before the aborted run";
-    return hasChanged ? "before the latest changes" : "";
+    if (hasChanged)
+        return "before the latest changes";
+    return isFought ? "" : "with a hero's editor cancelled";
 }
 
 } // namespace vorhaven

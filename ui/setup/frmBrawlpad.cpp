@@ -31,6 +31,7 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
     for (std::size_t index = 0; index < mnuPopupItemMedals.size(); ++index)
         mnuPopupItemMedals[index].Click = [this, index] { mnuPopupItemMedals_Click(index); };
     mnuPopupDelete.Click = [this] { mnuPopupDelete_Click(); };
+    mnuEditHero.Click = [this] { mnuEditHero_Click(); };
 
     txtCombatDice.Change = [this] { txtCombatDice_Change(); };
     txtNumSimulations.KeyPress = txtNumSimulations_KeyPress;

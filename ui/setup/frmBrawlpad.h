@@ -26,7 +26,7 @@ namespace vorhaven {
 
 /// The main window: settings, the two army lists with their conditions, and the runs. What concerns the
 /// window as a whole is in frmBrawlpad.cpp; the other sources go by topic: Settings.cpp, Lists.cpp,
-/// Conditions.cpp, Run.cpp, Undo.cpp, Clipboard.cpp.
+/// Conditions.cpp, Heroes.cpp, Run.cpp, Undo.cpp, Clipboard.cpp.
 class frmBrawlpad final : public Form, private MBattleCalc::BattleHost {
 public:
     /// `provider` and `toolkit` must outlive the window.
@@ -242,6 +242,8 @@ public:
                                                MenuItem{"2 Medals"}, MenuItem{"3 Medals"},
                                                MenuItem{"4 Medals"}};
     MenuItem mnuPopupDelete{"Delete"};
+    /// Edits the hero of the current line; enabled where there is one.
+    MenuItem mnuEditHero{"Edit Hero..."};
     /// Raised when the pop-up menu is loaded for a list and is to be opened.
     Signal<Side> PopupMenuRequested;
 
@@ -283,6 +285,15 @@ private:
     void MarkLine(Side side, Long line);
     void UnmarkLine(Side side, Long line);
 
+    // Heroes.cpp
+    void mnuEditHero_Click();
+    /// Whether the current line of a list is a hero that can be edited now.
+    [[nodiscard]] bool CanEditHero(Side side) const;
+    /// Lets the user edit the hero of a line for the run that is being assembled; returns when the editor is
+    /// closed.
+    void EditHero(CArmy& hero, Side side, Long position);
+    [[nodiscard]] std::string WhereaboutsOf(Side side, Long position) const;
+
     // Run.cpp
     void cmdAttack_Click();
     [[nodiscard]] bool VerifyForm();
@@ -294,8 +305,6 @@ private:
     void AddDefender(Long row, Long position);
     /// Adds the line on a position of a side to an army list.
     void AddEntry(CAttackArmies& armies, Side side, Long row, Long position);
-    /// Lets the user edit the hero of a line; returns when the editor is closed.
-    void EditHero(CArmy& hero, Side side, Long position);
     /// What the detailed results show about the last run beside its results.
     [[nodiscard]] frmMoreResults::Background BackgroundOfRun() const;
     void sscAbort_Click();
@@ -341,10 +350,13 @@ private:
     /// What was entered for the heroes of the lists, by the identity of their lines.
     std::map<std::int32_t, HeroValues> heroValues_;
     SetupHistory history_;
-    /// The last run's set-up when Attack was pressed, with its heroes as they fight.
+    /// The last run's set-up when Attack was pressed, with its heroes as they fight, and with its heroes as
+    /// they are entered, which an editor closed without Done leaves as they were.
     Setup assembled_;
+    Setup entered_;
     /// The same of the run whose quick results are shown; an aborted run shows none.
     std::optional<Setup> fought_;
+    std::optional<Setup> foughtAsEntered_;
     /// Whether the run under way has shown its quick results, and whether the last run was aborted.
     bool hasShownResults_ = false;
     bool isAborted_ = false;
