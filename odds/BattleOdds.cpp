@@ -2,7 +2,7 @@
 
 #include "odds/BattleOdds.h"
 
-#include "odds/DuelOdds.h"
+#include "odds/Advance.h"
 #include "odds/Lineup.h"
 
 #include <ranges>
@@ -13,108 +13,41 @@ namespace {
 using MBattleCalc::BattleStacks;
 using MBattleCalc::Flyers;
 
-/// Carries the chances of all battles forward from duel to duel. After a duel one front is a newcomer, so
-/// what came before is in the survivor's state alone.
+/// The chances of all battles, carried forward from attacker to attacker.
 class Battles {
 public:
     Battles(const Lineup& lineup, const Flyers& flyers, Long dice, Budget& budget)
-        : lineup_(&lineup), flyers_(&flyers), dice_(dice), budget_(&budget),
-          defenders_(lineup.Defenders.size()), wonWith_(lineup.Attackers.size()),
-          lostWith_(lineup.Defenders.size()),
-          slayings_(lineup.Attackers.size(), std::vector<Slaying>(lineup.Defenders.size())) {
-        for (const State& state : lineup.Attackers.front().StatesUnhealed)
-            attackers_.Add(state.Is, state.Chances);
-    }
+        : lineup_(&lineup), advance_(lineup.Defenders, flyers, dice, budget),
+          wonWith_(lineup.Attackers.size()) {}
 
     void Fight() {
-        for (std::size_t i = 0; i < lineup_->Attackers.size(); ++i)
-            for (std::size_t j = 0; j < lineup_->Defenders.size(); ++j)
-                Meet(i, j);
+        Fronts fronts = advance_.AtFirst(lineup_->Attackers.front());
+        for (std::size_t i = 0; i < lineup_->Attackers.size(); ++i) {
+            const Entrant& attacker = lineup_->Attackers[i];
+            if (attacker.LeadsNewStack)
+                Heal(fronts, attacker);
+            const Advance::Outcome outcome = advance_.Send(attacker, fronts);
+            wonWith_[i] = outcome.Won;
+            endless_ += outcome.Endless;
+            slayings_.push_back(outcome.Slayings);
+        }
     }
 
     /// The chance of winning with exactly so many attackers slain, and of losing with so many defenders.
-    [[nodiscard]] const std::vector<double>& WonWith() const { return wonWith_; }
-    [[nodiscard]] const std::vector<double>& LostWith() const { return lostWith_; }
-    [[nodiscard]] const std::vector<std::vector<Slaying>>& Slayings() const { return slayings_; }
+    [[nodiscard]] double WonWith(std::size_t attackers) const { return wonWith_[attackers]; }
+    [[nodiscard]] double LostWith(std::size_t defenders) const {
+        return slayings_.back()[defenders].ByDefender;
+    }
     [[nodiscard]] double Endless() const { return endless_; }
+    [[nodiscard]] const std::vector<std::vector<Slaying>>& Slayings() const { return slayings_; }
 
 private:
-    void Meet(std::size_t i, std::size_t j);
-    void SendNextAttacker(std::size_t i, std::size_t j);
-
     const Lineup* lineup_;
-    const Flyers* flyers_;
-    DiceOdds dice_;
-    Budget* budget_;
-    /// The attacker now in front, as survivor of its last duel.
-    StateTable attackers_;
-    /// Each defender as survivor of its last duel, with the next attacker to come.
-    std::vector<StateTable> defenders_;
-    /// The states of all defenders.
-    std::size_t waiting_ = 0;
-    PerSide<StateTable> survivors_;
+    Advance advance_;
     std::vector<double> wonWith_;
-    std::vector<double> lostWith_;
-    std::vector<std::vector<Slaying>> slayings_;
     double endless_ = 0.0;
+    std::vector<std::vector<Slaying>> slayings_;
 };
-
-double TotalOf(const StateTable& states) {
-    double total = 0.0;
-    for (const State& state : states)
-        total += Sum(state.Chances);
-    return total;
-}
-
-/// All duels between attacker i and defender j, of whom one is fresh.
-void Battles::Meet(std::size_t i, std::size_t j) {
-    if (attackers_.Size() == 0 && defenders_[j].Size() == 0)
-        return;
-    const Entrant& attacker = lineup_->Attackers[i];
-    const Entrant& defender = lineup_->Defenders[j];
-    waiting_ -= defenders_[j].Size();
-    survivors_.Attacker.Clear();
-    survivors_.Defender.Clear();
-    DuelOdds duel{attacker.Army, defender.Army, dice_, *flyers_, survivors_, *budget_};
-    for (const State& survivor : attackers_)
-        for (const State& fresh : attacker.StackBehind ? defender.States : defender.StatesUnhealed)
-            duel.Fight({survivor, fresh});
-    for (const State& survivor : defenders_[j])
-        for (const State& fresh : attacker.StatesUnhealed)
-            duel.Fight({fresh, survivor});
-    endless_ += duel.Endless();
-
-    slayings_[i][j] = {TotalOf(survivors_.Attacker), TotalOf(survivors_.Defender)};
-    std::swap(attackers_, survivors_.Attacker);
-    if (j + 1 == lineup_->Defenders.size()) {
-        wonWith_[i] = slayings_[i][j].ByAttacker;
-        attackers_.Clear();
-    }
-    SendNextAttacker(i, j);
-    waiting_ += defenders_[j].Size();
-    budget_->Hold(waiting_);
-}
-
-/// Attacker i has fallen to defender j.
-void Battles::SendNextAttacker(std::size_t i, std::size_t j) {
-    if (i + 1 == lineup_->Attackers.size()) {
-        lostWith_[j] = slayings_[i][j].ByDefender;
-        return;
-    }
-    const Entrant& next = lineup_->Attackers[i + 1];
-    if (!next.LeadsNewStack) {
-        std::swap(defenders_[j], survivors_.Defender);
-        return;
-    }
-    defenders_[j].Clear();
-    for (const State& state : survivors_.Defender) {
-        State healed{state.Is, {}};
-        healed.Chances[state.Is.StartHits - 1U] = Sum(state.Chances);
-        if (!next.StackBehind)
-            healed.Is.StartHits = 0;
-        defenders_[j].Add(healed.Is, healed.Chances);
-    }
-}
 
 /// Adds up the losses of one side.
 class Tally {
@@ -167,9 +100,9 @@ BattleOdds ResultOf(const Battles& battles, const Lineup& lineup) {
         defenders.Add(defendersSlain, chance, won);
     };
     for (std::size_t i = 0; i < lineup.Attackers.size(); ++i)
-        end(i, lineup.Defenders.size(), battles.WonWith()[i], true);
+        end(i, lineup.Defenders.size(), battles.WonWith(i), true);
     for (std::size_t j = 0; j < lineup.Defenders.size(); ++j)
-        end(lineup.Attackers.size(), j, battles.LostWith()[j], false);
+        end(lineup.Attackers.size(), j, battles.LostWith(j), false);
     odds.Endless = battles.Endless();
     odds.Attackers = attackers.Result();
     odds.Defenders = defenders.Result();

@@ -5,6 +5,7 @@
 #include "base/Chance.h"
 #include "engine/Stacks.h"
 #include "odds/Budget.h"
+#include "odds/Slaying.h"
 
 #include <optional>
 #include <vector>
@@ -28,13 +29,6 @@ struct SideOdds {
     std::optional<Losses> Overall;
     std::optional<Losses> IfAttackerWins;
     std::optional<Losses> IfDefenderWins;
-};
-
-/// The chances that of an attacker and a defender the one slays the other, over all battles, those without
-/// end too.
-struct Slaying {
-    double ByAttacker = 0.0;
-    double ByDefender = 0.0;
 };
 
 /// The odds of a battle. The three chances add up to 1.

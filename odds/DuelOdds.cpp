@@ -2,19 +2,14 @@
 
 #include "odds/DuelOdds.h"
 
-#include <algorithm>
+#include "odds/Percent.h"
+
+#include <array>
 
 namespace vorhaven::Odds {
 namespace {
 
 using namespace MBattleCalc;
-
-DiceOdds::Roll RollOf(Long faces, Long strength) {
-    if (faces <= strength)
-        return {0.0, 1.0};
-    const double hit = static_cast<double>(strength.Value()) / faces.Value();
-    return {1.0 - hit, hit};
-}
 
 double ChanceOf(const PerSide<State>& fighters) {
     return Sum(fighters.Attacker.Chances) * Sum(fighters.Defender.Chances);
@@ -38,22 +33,6 @@ void Keep(Condition& condition, Quiver left) {
 
 } // namespace
 
-double PercentChance(Long below) {
-    return std::clamp(below.Value(), 0, PercentFaces) / static_cast<double>(PercentFaces);
-}
-
-DiceOdds::DiceOdds(Long dice) {
-    for (std::int32_t medals = 0; medals < SizeOf(rolls_); ++medals)
-        for (std::int32_t strength = 1; strength < SizeOf(rolls_[0]); ++strength) {
-            Roll& roll = rolls_[static_cast<std::size_t>(medals)][static_cast<std::size_t>(strength)];
-            roll = RollOf(dice, strength);
-            if (MedalFaces(medals) == 0)
-                continue;
-            const auto [miss, hit] = RollOf(MedalFaces(medals), strength);
-            roll = {roll[0] * miss, roll[1] + roll[0] * hit};
-        }
-}
-
 DuelOdds::DuelOdds(const CArmy& attacker, const CArmy& defender, const DiceOdds& dice, const Flyers& flyers,
                    PerSide<StateTable>& survivors, Budget& budget)
     : armies_{&attacker, &defender}, dice_(&dice), flyers_(&flyers), survivors_(&survivors), budget_(&budget),
@@ -66,9 +45,9 @@ void DuelOdds::Acid(PerSide<State> fighters) {
         State& victim = fighters[acid_.Victim];
         const double chance = StrikePercent(acid_);
         decltype(CArmy::TotalStrength) halved;
-        halved = Half(victim.Is.Strength);
+        halved = Half(victim.InCondition.Strength);
         PerSide<State> struck = fighters;
-        struck[acid_.Victim].Is.Strength = static_cast<std::uint8_t>(halved.Value());
+        struck[acid_.Victim].InCondition.Strength = static_cast<std::uint8_t>(halved.Value());
         Scale(struck[acid_.Victim].Chances, chance);
         Lightning(struck);
         Scale(victim.Chances, 1.0 - chance);
@@ -95,10 +74,10 @@ void DuelOdds::Lightning(PerSide<State> fighters) {
 }
 
 void DuelOdds::Assassins(PerSide<State> fighters) {
-    const bool tries = assass_.IsTried && !fighters[Opponent(assass_.Victim)].Is.UsedSpecial;
+    const bool tries = assass_.IsTried && !fighters[Opponent(assass_.Victim)].InCondition.UsedSpecial;
     for (const Side side : BothSides)
         if (SpendsAttempt(armies_[side]->Assass, armies_[Opponent(side)]->Assass))
-            UseUp(fighters[side].Is);
+            UseUp(fighters[side].InCondition);
     if (tries) {
         const Side assassin = Opponent(assass_.Victim);
         const double chance = StrikePercent(assass_);
@@ -114,17 +93,17 @@ void DuelOdds::Volley(PerSide<State> fighters) {
     const Long attackMissle = armies_.Attacker->Missle;
     const Long defendMissle = armies_.Defender->Missle;
     const Side side = attackMissle > defendMissle ? Side::Attacker : Side::Defender;
-    Condition& shooter = fighters[side].Is;
-    if (attackMissle != defendMissle && !shooter.UsedSpecial) {
-        const Long advantage =
-            side == Side::Attacker ? attackMissle - defendMissle : defendMissle - attackMissle;
+    Condition& shooter = fighters[side].InCondition;
+    // Formed before it is needed, since it must fit even where no shot is left.
+    const Long advantage = side == Side::Attacker ? attackMissle - defendMissle : defendMissle - attackMissle;
+    if (advantage != 0 && !shooter.UsedSpecial) {
         const Long shots = ShotsOf(shooter.ShotsLeft, advantage);
         const double hit = RoundChance(fighters, side == Side::Attacker ? Loser::Defender : Loser::Attacker);
         double missed = 1.0;
         PerSide<State> afterHit = fighters;
         for (Long shot = 1; shot <= shots && missed * hit > 0.0; ++shot) {
             budget_->Take();
-            Keep(afterHit[side].Is, AfterHit(shots, shot));
+            Keep(afterHit[side].InCondition, AfterHit(shots, shot));
             Win(side, afterHit, missed * hit);
             missed *= 1.0 - hit;
         }
@@ -153,7 +132,7 @@ void DuelOdds::Rounds(const PerSide<State>& fighters) {
         endless_ += meeting;
         return;
     }
-    PerSide<State> survivors{{fighters.Attacker.Is, {}}, {fighters.Defender.Is, {}}};
+    PerSide<State> survivors{{fighters.Attacker.InCondition, {}}, {fighters.Defender.InCondition, {}}};
     std::array<HitChances, 4> both{};
     for (std::size_t a = 0; a < 4; ++a)
         for (std::size_t d = 0; d < 4; ++d)
@@ -178,12 +157,12 @@ void DuelOdds::Rounds(const PerSide<State>& fighters) {
                 both[static_cast<std::size_t>(a - damageToAttacker)][defenderHits] += attackerStruck;
         }
     for (const Side side : BothSides)
-        (*survivors_)[side].Add(survivors[side].Is, survivors[side].Chances);
+        (*survivors_)[side].Add(survivors[side].InCondition, survivors[side].Chances);
 }
 
 double DuelOdds::RoundChance(const PerSide<State>& fighters, Loser loser) const {
-    const DiceOdds::Roll& attack = dice_->Of(fighters.Attacker.Is);
-    const DiceOdds::Roll& defend = dice_->Of(fighters.Defender.Is);
+    const DiceOdds::Roll& attack = dice_->Of(fighters.Attacker.InCondition);
+    const DiceOdds::Roll& defend = dice_->Of(fighters.Defender.InCondition);
     double chance = 0.0;
     for (const bool attackerHits : {false, true})
         for (const bool defenderHits : {false, true})
@@ -197,7 +176,7 @@ void DuelOdds::Win(Side side, const PerSide<State>& fighters, double chance) {
     Scale(winner.Chances, chance * Sum(fighters[Opponent(side)].Chances));
     if (Sum(winner.Chances) <= 0.0)
         return;
-    (*survivors_)[side].Add(winner.Is, winner.Chances);
+    (*survivors_)[side].Add(winner.InCondition, winner.Chances);
     budget_->Hold(survivors_->Attacker.Size() + survivors_->Defender.Size());
 }
 

@@ -5,30 +5,10 @@
 #include "engine/Rules.h"
 #include "engine/Stacks.h"
 #include "odds/Budget.h"
+#include "odds/DiceOdds.h"
 #include "odds/StateTable.h"
 
-#include <array>
-
 namespace vorhaven::Odds {
-
-/// The chance that a percentage draw is below a number.
-[[nodiscard]] double PercentChance(Long below);
-
-/// The chances of combat rolls, by medals and strength.
-class DiceOdds {
-public:
-    /// `dice`: faces of the combat die.
-    explicit DiceOdds(Long dice);
-
-    /// The chances that a roll misses and hits, at index 0 and 1.
-    using Roll = std::array<double, 2>;
-    [[nodiscard]] const Roll& Of(const Condition& fighter) const {
-        return rolls_[fighter.Medals][fighter.Strength];
-    }
-
-private:
-    std::array<std::array<Roll, 15>, 5> rolls_{};
-};
 
 /// The duels of an attacker with a defender, whatever condition the two are in. The survivors' states and the
 /// chance of a duel without end add up over the duels.

@@ -2,7 +2,7 @@
 
 #include "odds/Lineup.h"
 
-#include "odds/DuelOdds.h"
+#include "odds/Percent.h"
 
 #include <algorithm>
 
@@ -37,24 +37,17 @@ void Split(std::vector<Outcome>& outcomes, const CStackAtt& striker) {
     std::erase_if(outcomes, [](const Outcome& outcome) { return outcome.Chance <= 0.0; });
 }
 
-void AddTo(std::vector<State>& states, const Condition& condition, std::size_t hits, double chance) {
-    auto same = std::ranges::find(states, condition, &State::Is);
-    if (same == states.end())
-        same = states.insert(same, {condition, {}});
-    same->Chances[hits - 1] += chance;
-}
-
 /// Adds an outcome to the states in which an army may come to the front.
 void Enlist(Entrant& entrant, const Outcome& outcome) {
     const CArmy& army = outcome.Army;
-    const auto hits = static_cast<std::uint8_t>(army.Hits.Value());
     Condition condition;
     condition.Strength = static_cast<std::uint8_t>(army.TotalStrength.Value());
     if (MedalFaces(army.HasMedal) != 0)
         condition.Medals = static_cast<std::uint8_t>(army.HasMedal.Value());
-    AddTo(entrant.StatesUnhealed, condition, hits, outcome.Chance);
-    condition.StartHits = hits;
-    AddTo(entrant.States, condition, hits, outcome.Chance);
+    auto same = std::ranges::find(entrant.States, condition, &State::InCondition);
+    if (same == entrant.States.end())
+        same = entrant.States.insert(same, {condition, {}});
+    same->Chances[Long{army.Hits}.Index() - 1] += outcome.Chance;
 }
 
 /// A stack's armies from the last one, which fights first.

@@ -14,10 +14,8 @@ struct Entrant {
     /// Its powers, which no battle changes.
     CArmy Army;
     /// The states in which it may come to the front, whatever poison, disease and curse have done to it;
-    /// their chances add up to 1.
+    /// their chances add up to 1. StartHits is 0 in all of them: it comes with the hits that it would regain.
     std::vector<State> States{};
-    /// The same for an army that is never healed, its start hits left out.
-    std::vector<State> StatesUnhealed{};
     /// It opens a later attacking stack, which heals the defender in front.
     bool LeadsNewStack = false;
     /// A further attacking stack waits behind its own.

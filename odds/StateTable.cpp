@@ -44,7 +44,7 @@ void StateTable::Clear() {
 std::size_t StateTable::SlotOf(std::uint64_t key) const {
     // Fibonacci hashing: the upper bits of the product depend on all bits of the key.
     std::size_t slot = (key * 0x9E3779B97F4A7C15U) >> shift_;
-    while (slots_[slot] != 0 && KeyOf(states_[slots_[slot] - 1].Is) != key)
+    while (slots_[slot] != 0 && KeyOf(states_[slots_[slot] - 1].InCondition) != key)
         slot = (slot + 1) & (slots_.size() - 1);
     return slot;
 }
@@ -53,7 +53,7 @@ void StateTable::Grow() {
     slots_.assign(slots_.size() * 2, 0);
     --shift_;
     for (std::size_t i = 0; i < states_.size(); ++i)
-        slots_[SlotOf(KeyOf(states_[i].Is))] = static_cast<std::uint32_t>(i + 1);
+        slots_[SlotOf(KeyOf(states_[i].InCondition))] = static_cast<std::uint32_t>(i + 1);
 }
 
 } // namespace vorhaven::Odds

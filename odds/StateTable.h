@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "model/CArmy.h"
+
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -11,10 +13,11 @@
 
 namespace vorhaven::Odds {
 
-/// The chances that an army has 1 to 4 hit points, at index 0 to 3.
-using HitChances = std::array<double, 4>;
+/// The chances that an army has 1 hit point, 2, and so on to the most, from index 0.
+using HitChances = std::array<double, decltype(CArmy::Hits)::Max>;
 
 [[nodiscard]] inline double Sum(const HitChances& chances) {
+    static_assert(std::tuple_size_v<HitChances> == 4);
     return (chances[0] + chances[1]) + (chances[2] + chances[3]);
 }
 
@@ -41,7 +44,7 @@ static_assert(std::has_unique_object_representations_v<Condition>);
 
 /// An army in a condition, with its chances by hits.
 struct State {
-    Condition Is;
+    Condition InCondition;
     HitChances Chances;
 };
 

@@ -2,6 +2,8 @@
 
 #include "catalogue/CsvCatalogue.h"
 #include "engine/Dice.h"
+#include "engine/Procedures.h"
+#include "engine/State.h"
 #include "odds/BattleOdds.h"
 #include "tests/support/Errors.h"
 #include "tests/support/StackEffectSolver.h"
@@ -260,6 +262,7 @@ TEST(BattleOddsTest, RaiseWhatTheEngineRaises) {
     EXPECT_EQ(errorOf("Poison 2147483647", "Poison 1"), 0);
     EXPECT_EQ(errorOf("Acid 2147483647", "Warding -1"), 6);
     EXPECT_EQ(errorOf("Assass 300000000", ""), 6);
+    EXPECT_EQ(errorOf("Assass 1 Missle 2147483647", "Missle -1"), 6) << "of shots that are used up";
     EXPECT_EQ(errorOf("Trample 1", "Unit 8"), 9);
     EXPECT_EQ(errorOf("Trample 1 Assass 10", "Unit 8"), 0) << "never asked";
 }
@@ -294,6 +297,47 @@ TEST(BattleOddsTest, TakeNoMoreStepsNorStatesThanTheirBudgetHas) {
     for (int line = 1; line < MaxLines; ++line)
         Give(waiting.BringDefender(), "Strength 5 Missle 5000");
     EXPECT_FALSE(OddsOf(waiting, 10'000)) << "all defenders together";
+}
+
+/// The engine's own duels, counted. By Bernstein's inequality a right engine leaves the bound of z standard
+/// errors and z*z/3 with a chance below 2 exp(-z*z/2).
+TEST(BattleOddsTest, TellWhoSlaysWhomAsOftenAsTheEngineLetsItHappen) {
+    using namespace MBattleCalc;
+    constexpr int battles = 10'000;
+    constexpr double z = 4.5;
+    TestHost host;
+    host.Bring("Missle 2 Assass 4 Strength 7 Medals 2;Acid 4 Hits 3;Poison 3/Lightning 6 Trample 1 Hits 2",
+               "Missle 1 Lightning 2 Hits 4;Assass 3 Disease 4 Hits 4;Missle 2 Hits 3 Strength 12");
+    TimedGenerator generator{20240229, [] { return std::uint64_t{0x5DEECE66D}; }};
+    DrawFrom(generator);
+    MBattleCalc::Add(host, 1, 20, false, 1);
+    std::map<std::array<std::size_t, 3>, int> counts;
+    for (int battle = 0; battle < battles; ++battle) {
+        NextAttackStack = 0;
+        SendToAttackFront();
+        SendToDefendFront();
+        EvalStacksSelfEffect(1);
+        EvalStacksMutualEffect();
+        CacheStartHits(DefendFront);
+        std::array<std::size_t, 2> slain{};
+        do {
+            const Long defenders = DefendFront.Count();
+            UnitvsUnit(AttackFront, AttackFront.Count(), DefendFront, defenders, 1);
+            const std::size_t victim = DefendFront.Count() < defenders ? 1 : 0;
+            ++counts[{victim, slain[0], slain[1]}];
+            ++slain.at(victim);
+        } while (CheckIfVictor(AttackFront.Count(), DefendFront.Count(), DefendFront) == Victor::Undecided);
+    }
+    DrawFrom(ProcessGenerator());
+    const auto slayings = OddsOf(host, 20, 1)->Slayings;
+    for (std::size_t i = 0; i < slayings.size(); ++i)
+        for (std::size_t j = 0; j < slayings[i].size(); ++j)
+            for (const std::size_t victim : {0U, 1U}) {
+                const double p = victim == 1 ? slayings[i][j].ByAttacker : slayings[i][j].ByDefender;
+                EXPECT_NEAR((counts[{victim, i, j}]), battles * p,
+                            z * std::sqrt(battles * p * (1.0 - p)) + z * z / 3.0)
+                    << victim << ' ' << i << ' ' << j;
+            }
 }
 
 /// Draws that must not be made.
