@@ -210,12 +210,21 @@ TEST(Lists, TellWhatALineReallyHasAndHowFullTheyAre) {
     EXPECT_EQ(list.Note(0), "blessed, 2 medals");
     EXPECT_EQ(list.Entry(1).Text + list.Note(1), "Midges *") << "a copy has the mark alone";
     EXPECT_EQ(Player::Text(pad.lblCount[Attacker]), "2 of 32");
-    pad.txtDup[Attacker].SetText("30");
+    EXPECT_EQ(std::exchange(player.Notice, ""),
+              "A duplicate has the mark of its line, but none of its conditions");
+    pad.txtDup[Attacker].SetText("31");
+    pad.lstArmies[Attacker].Select({1, {1}});
     player.Do([&] { pad.sscDup[Attacker].Press(); });
-    EXPECT_EQ(player.Notice, "") << "all of them found room";
     player.Pick(Attacker, {Midges});
-    EXPECT_EQ(Player::Text(pad.lblCount[Attacker]), "32 of 32");
-    EXPECT_EQ(player.Notice, "The list is full: delete an army to make room for another");
+    EXPECT_EQ(Player::Text(pad.lblCount[Attacker]), "32 of 32, full");
+    EXPECT_EQ(player.Notice, "") << "the count says enough, and line 2 has no conditions to miss";
+    player.Pick(Defender, {Midges});
+    player.Do([&] { pad.sscClearList[Defender].Press(); });
+    EXPECT_EQ(list.Entry(0).Text + list.Note(0), "Midges *");
+    EXPECT_EQ(std::exchange(player.Notice, ""),
+              "Clear List has taken the conditions of the attacking armies too");
+    player.Do([&] { pad.sscClearList[Attacker].Press(); });
+    EXPECT_EQ(player.Notice, "");
 }
 
 TEST(QuickResults, SayWhenTheyBelongToAnEarlierSetUp) {
@@ -437,7 +446,7 @@ TEST(BattleText, TakesUnitsByTheirWholeNamesAndKeepsAnyValueOfAHero) {
         "Guard, blessed\nGUARD\n3 Guard\n- Guard\nGuard, flying, strength 1, hits 3, leadership 0, morale -3\n"
         "Guard, bl, strength 7, hits 2, leadership 60, morale 61, fortification 62, chaos 63, fear 64, "
         "siege 65, assassination 66, missle 67, curse 68, acid 69, lightning 70, trample 71\n");
-    EXPECT_EQ(BattleText{units}.Read(text, {}, Attacker), battle);
+    EXPECT_EQ(BattleText{units}.Read(text, {}, Attacker).Battle, battle);
 }
 
 TEST(BattleText, OfABattleTakesThePlaceOfAllThatWasSetUp) {
@@ -450,6 +459,9 @@ TEST(BattleText, OfABattleTakesThePlaceOfAllThatWasSetUp) {
     EXPECT_FALSE(pad.cboTerrain.Enabled);
     EXPECT_EQ(Player::Text(pad.lblTerrainLocked), "More than 8 defenders stand in a city");
     player.Mark(Defender, 8, 1);
+    player.Paste(Attacker, "Terrain: hills\nDefending Armies\n" + MidgesAsText(9));
+    EXPECT_EQ(pad.Terrain() + ": " + player.Notice,
+              "city: More than 8 defenders stand in a city, so the terrain \"hills\" was not taken");
     player.Paste(Attacker, "Defending Armies\nGhouls\nTerrain: ice");
     EXPECT_EQ(pad.Terrain() + Player::Text(pad.lblTerrainLocked), "ice");
     player.Pick(Defender, std::vector<Long>(8, Midges));

@@ -88,7 +88,7 @@ public:
     }
 
     /// What becomes of a set-up by what was read.
-    [[nodiscard]] Setup AppliedTo(Setup setup, Side side) const {
+    [[nodiscard]] Outcome AppliedTo(Setup setup, Side side) const {
         for (const Side each : BothSides)
             if (sides_[each])
                 setup.Sides[each] = *sides_[each];
@@ -97,14 +97,18 @@ public:
         if (SizeOf(list) > MaxLines)
             throw ListFullError{};
         setup.AdjustTerrain();
-        if (terrain_ && !setup.IsTerrainLocked)
+        std::string remark;
+        if (terrain_ && setup.IsTerrainLocked && *terrain_ != setup.Terrain)
+            remark = "More than " + ToText(LinesPerStack) + " defenders stand in a city, so the terrain \"" +
+                     *terrain_ + "\" was not taken";
+        else if (terrain_)
             setup.ChooseTerrain(*terrain_);
         if (cityLevel_ && setup.Terrain != Terrains::City)
             throw BattleTextError{cityLevelNumber_, "only a city has a city level"};
         setup.CityLevel = cityLevel_.value_or(setup.CityLevel);
         setup.CombatDice = combatDice_.value_or(setup.CombatDice);
         setup.NumBattles = numBattles_.value_or(setup.NumBattles);
-        return setup;
+        return {setup, remark};
     }
 
 private:
@@ -288,7 +292,7 @@ private:
     std::optional<std::string> numBattles_;
 };
 
-Setup BattleText::Read(std::string_view text, const Setup& present, Side side) const {
+BattleText::Outcome BattleText::Read(std::string_view text, const Setup& present, Side side) const {
     if (text.size() > MaxBytes)
         throw BattleTextError{"The text is too long to be a battle."};
     Reader reader{*units_};

@@ -53,6 +53,11 @@ public:
     /// Lines alone, without a heading.
     [[nodiscard]] std::string Write(const std::vector<SetupLine>& lines) const;
 
+    struct Outcome {
+        Setup Battle;
+        /// One sentence on what the text gives in vain; empty where that is nothing.
+        std::string Remark;
+    };
     /// What becomes of a set-up by a text. The lines below a side's heading take the place of its list, those
     /// above any heading follow the list of `side`, and settings are chosen, but for a terrain that the
     /// number of defenders rules out; whatever the text does not name stays. The new lines have no Id yet.
@@ -61,7 +66,7 @@ public:
     /// dash, a count, or both. Raises BattleTextError for the first line that cannot be read (an unknown
     /// unit, condition or value, one given twice, a list of more than 32 lines, the level of no city) and for
     /// a text of more than MaxBytes, and ListFullError.
-    [[nodiscard]] Setup Read(std::string_view text, const Setup& present, Side side) const;
+    [[nodiscard]] Outcome Read(std::string_view text, const Setup& present, Side side) const;
 
 private:
     class Reader;

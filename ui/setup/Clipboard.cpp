@@ -45,7 +45,10 @@ void frmBrawlpad::Paste(Side side, const std::string& text) {
         return;
     }
     try {
-        PutInPlace(BattleText{*units_}.Read(text, CurrentSetup(), side));
+        const auto [battle, remark] = BattleText{*units_}.Read(text, CurrentSetup(), side);
+        PutInPlace(battle);
+        if (!remark.empty())
+            Noticed.Raise(remark);
     } catch (const BattleTextError& error) {
         toolkit_->ShowMessage(std::string(error.what()) + "\nNothing was pasted.");
     } catch (const ListFullError& error) {

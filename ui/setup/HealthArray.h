@@ -53,6 +53,8 @@ public:
     [[nodiscard]] HealthRow& operator()(Long row) { return rows_[IndexOf(row)]; }
     [[nodiscard]] const HealthRow& operator()(Long row) const { return rows_[IndexOf(row)]; }
 
+    bool operator==(const HealthArray&) const = default;
+
 private:
     [[nodiscard]] static std::size_t IndexOf(Long row) {
         if (row < 1 || row > RowCount)

@@ -6,18 +6,11 @@
 #include <utility>
 
 namespace vorhaven {
-namespace {
-
-constexpr const char* ListIsFull = "The list is full: delete an army to make room for another";
-
-} // namespace
 
 void frmBrawlpad::AddArmyToList(Side side) {
     const Trap trap{"frmBrawlpad::AddArmyToList"};
     ListBox& list = lstArmies[side];
     const ComboBox& picker = cboArmies[side];
-    if (list.ListCount() >= MaxLines)
-        Noticed.Raise(ListIsFull);
     if (list.ListCount() >= MaxLines || picker.ListIndex() == -1)
         return;
     const Long datum = picker.Items()[static_cast<std::size_t>(picker.ListIndex().Value())].Datum;
@@ -49,9 +42,14 @@ void frmBrawlpad::ShuffleArray(HealthArray& health, Long line, Long shift) {
 
 void frmBrawlpad::sscClearList_Click(Side side) {
     const Trap trap{"frmBrawlpad::sscClearList_Click"};
+    const Side other = side == Side::Attacker ? Side::Defender : Side::Attacker;
+    const bool isOtherMarked = Health(other) != HealthArray{};
     lstArmies[side].Clear();
     // Both sides lose their conditions; the marks of the other list stay as they are.
     RefreshHealthArray();
+    if (isOtherMarked)
+        Noticed.Raise("Clear List has taken the conditions of the " + ToLower(FrameOf(other).Caption.Get()) +
+                      " too");
 }
 
 void frmBrawlpad::sscDup_Click(Side side) {
@@ -62,13 +60,13 @@ void frmBrawlpad::sscDup_Click(Side side) {
         return;
     // Copied as it stands: a copy shows the mark of its line but has conditions of its own.
     const ListEntry entry = list.Entry(list.ListIndex());
-    Long copiesAdded = 0;
-    for (; copiesAdded < copies && list.ListCount() < MaxLines; ++copiesAdded) {
+    const Long before = list.ListCount();
+    for (Long copy = 0; copy < copies && list.ListCount() < MaxLines; ++copy) {
         list.AddItem(NewLine(entry.Text, entry.Datum));
         AdjustDefTerrain(side, list.ListCount());
     }
-    if (copies > copiesAdded)
-        Noticed.Raise(ListIsFull);
+    if (list.ListCount() > before && Health(side)(list.ListIndex() + 1) != HealthRow{})
+        Noticed.Raise("A duplicate has the mark of its line, but none of its conditions");
 }
 
 void frmBrawlpad::sscListArrow_Click(std::size_t index) {

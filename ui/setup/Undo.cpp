@@ -89,7 +89,8 @@ void frmBrawlpad::ShowState() {
         ListBox& list = lstArmies[side];
         for (Long line = 0; line < list.ListCount(); ++line)
             list.SetNote(line, InWords(Health(side)(line + 1)));
-        lblCount[side].Caption = ToText(list.ListCount()) + " of " + ToText(MaxLines);
+        lblCount[side].Caption = ToText(list.ListCount()) + " of " + ToText(MaxLines) +
+                                 (list.ListCount() == MaxLines ? ", full" : "");
     }
     mnuUndo.Enabled = history_.CanUndo();
     mnuRedo.Enabled = history_.CanRedo();

@@ -145,7 +145,7 @@ public:
     MenuItem mnuCopy{"Copy"};
     MenuItem mnuCopyBattle{"Copy Battle"};
     MenuItem mnuPaste{"Paste"};
-    /// Raised with one sentence on an action that did nothing, or something else than was asked for.
+    /// Raised with one sentence on an action that did nothing, or something more or else than was asked for.
     Signal<std::string> Noticed;
 
     Frame fraSetup{"Setup Options"};
