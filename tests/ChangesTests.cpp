@@ -458,6 +458,13 @@ TEST(BattleText, OfABattleTakesThePlaceOfAllThatWasSetUp) {
     EXPECT_EQ(pad.Terrain(), "city");
     EXPECT_FALSE(pad.cboTerrain.Enabled);
     EXPECT_EQ(Player::Text(pad.lblTerrainLocked), "More than 8 defenders stand in a city");
+    player.Do([&] { pad.sscClearList[Defender].Press(); });
+    EXPECT_FALSE(pad.cboTerrain.Enabled);
+    EXPECT_EQ(Player::Text(pad.lblTerrainLocked), "Pick a defender to free the terrain");
+    player.Pick(Defender, {Midges});
+    EXPECT_EQ(Player::Text(pad.lblTerrainLocked), "");
+    for (int step = 0; step < 2; ++step)
+        pad.Undo();
     player.Mark(Defender, 8, 1);
     player.Paste(Attacker, "Terrain: hills\nDefending Armies\n" + MidgesAsText(9));
     EXPECT_EQ(pad.Terrain() + ": " + player.Notice,

@@ -94,8 +94,7 @@ void frmBrawlpad::ShowState() {
     }
     mnuUndo.Enabled = history_.CanUndo();
     mnuRedo.Enabled = history_.CanRedo();
-    lblTerrainLocked.Caption =
-        cboTerrain.Enabled ? "" : "More than " + ToText(LinesPerStack) + " defenders stand in a city";
+    lblTerrainLocked.Caption = RemarkOnTerrain();
     const Setup& now = history_.Current();
     lblOutOfDate.Caption = RemarkOnResults(now);
     liveOdds_.Show(now, *units_);
@@ -103,6 +102,15 @@ void frmBrawlpad::ShowState() {
         lstArmies[side].SetFigures(liveOdds_.SurvivalOf(side));
         lblSurvives[side].Caption = liveOdds_.Odds() ? "survives" : "";
     }
+}
+
+std::string frmBrawlpad::RemarkOnTerrain() const {
+    if (cboTerrain.Enabled)
+        return "";
+    if (IsCityForced(lstArmies.Defender.ListCount()))
+        return "More than " + ToText(LinesPerStack) + " defenders stand in a city";
+    // Clear List leaves the terrain as it is.
+    return "Pick a defender to free the terrain";
 }
 
 std::string frmBrawlpad::RemarkOnResults(const Setup& now) const {

@@ -189,7 +189,7 @@ public:
         Label{"", "The defender should lose, on average, approximately this number of units"},
         Label{"", "The units lost, on average, by the defender add up to this many turns of production"}};
 
-    /// Why the terrain cannot be chosen; empty while it can.
+    /// Why the terrain cannot be chosen, or what frees it; empty while it can be chosen.
     Label lblTerrainLocked;
     /// How many lines each list has, of how many at most.
     PerSide<Label> lblCount;
@@ -316,6 +316,8 @@ private:
     /// Shows what follows from the current set-up: notes, counts, what can be undone, odds, and whether the
     /// quick results are of an earlier one.
     void ShowState();
+    /// Why the terrain cannot be chosen, or what frees it; empty while it can be chosen.
+    [[nodiscard]] std::string RemarkOnTerrain() const;
     [[nodiscard]] std::string RemarkOnResults(const Setup& now) const;
 
     // Clipboard.cpp
