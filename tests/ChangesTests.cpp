@@ -585,8 +585,8 @@ TEST(LiveOdds, FollowEveryChangeOfTheBattle) {
     player.Pick(Defender, {Midges});
     pad.cmdAttack.Press();
     player.Toolkit.OnMoreResults = [](frmMoreResults& results) {
-        EXPECT_EQ(results.mscAttMore.Beside.Get().Reachable, 2);
-        EXPECT_EQ(results.mscDefMore.Beside.Get().Reachable, 3);
+        EXPECT_EQ(results.mscAttMore.Remarks.Get().Reachable, 2);
+        EXPECT_EQ(results.mscDefMore.Remarks.Get().Reachable, 3);
         EXPECT_FALSE(results.mscAttMore.Rows()[2].Exact);
         EXPECT_TRUE(results.mscDefMore.Rows()[2].Exact);
     };
@@ -687,7 +687,7 @@ TEST(LiveOdds, OfAVolleyOfThousandsAreLeftToTheDetailedResultsAndOfMoreToTheRun)
         player.Toolkit.OnMoreResults = [&](frmMoreResults& results) {
             EXPECT_EQ(results.mscDefMore.HasExactValues(), isExact);
             const std::string remark = ". There are no exact odds: too many outcomes to sum up";
-            EXPECT_EQ(results.mscDefMore.Beside.Get().Sentence.ends_with(remark), !isExact);
+            EXPECT_EQ(results.mscDefMore.Remarks.Get().Sentence.ends_with(remark), !isExact);
         };
         player.Pad.sscMoreResults.Press();
     }

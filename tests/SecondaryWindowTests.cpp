@@ -209,8 +209,8 @@ TEST(MoreResults, TellHowOftenExactlyAtMostAndAtLeastSoManyFell) {
               "<1  56");
     EXPECT_TRUE(results.Attack(1).IsEmpty);
     EXPECT_FALSE(results.Attack(0).IsEmpty);
-    const Chart::Remarks& attack = results.Window.mscAttMore.Beside;
-    const Chart::Remarks& defend = results.Window.mscDefMore.Beside;
+    const ChartRemarks& attack = results.Window.mscAttMore.Remarks;
+    const ChartRemarks& defend = results.Window.mscDefMore.Remarks;
     EXPECT_EQ(attack.MeanText, "mean 2.4");
     EXPECT_EQ(attack.Sentence, "When the attacker wins (567 of 1000): 2.0 armies, 7.0 turns lost");
     EXPECT_EQ(defend.Sentence, "When the defender wins (433 of 1000): 1.0 armies, 4.0 turns lost");
@@ -231,7 +231,7 @@ TEST(MoreResults, TellWhatAnAbortedRunHasNotFought) {
               "not fought: 700 of 1000 battles, charted as battles without losses");
     EXPECT_THAT(results.Attack(1).Details, testing::EndsWith("at most 1: 100.0%\nat least 1: 66.7%\n"
                                                              "not fought: 700 of 1000 battles"));
-    const Chart::Remarks& attack = results.Window.mscAttMore.Beside;
+    const ChartRemarks& attack = results.Window.mscAttMore.Remarks;
     EXPECT_EQ(attack.Sentence, "300 of 1000 battles were fought. "
                                "When the attacker wins (100 of 300): 0.0 armies, 0.0 turns lost");
     EXPECT_EQ(attack.MeanText, "mean 0.7");
@@ -240,9 +240,9 @@ TEST(MoreResults, TellWhatAnAbortedRunHasNotFought) {
 
     Results none{10, {}};
     none.Window.Form_Load();
-    EXPECT_EQ(none.Window.mscDefMore.Beside.Get().Sentence,
+    EXPECT_EQ(none.Window.mscDefMore.Remarks.Get().Sentence,
               "0 of 10 battles were fought. The defender won no battle");
-    EXPECT_FALSE(none.Window.mscDefMore.Beside.Get().Mean);
+    EXPECT_FALSE(none.Window.mscDefMore.Remarks.Get().Mean);
     EXPECT_THAT(none.Defend(0).Details, testing::HasSubstr("0 of 0 battles, 0 production turns lost\n"
                                                            "exactly 0: no battle\n"));
 }
@@ -256,26 +256,26 @@ TEST(MoreResults, TellWhatIsKnownBesideTheRun) {
     odds[2] = 0.0006;
     odds[3] = 0.099;
     (*known.ExactLosses)[1][1] = 1.0;
-    results.Window.Known = known;
+    results.Window.RunBackground = known;
     results.Window.Form_Load();
     EXPECT_FALSE(results.Attack(0).Exact);
     EXPECT_NEAR(results.Attack(2).Exact.value_or(0.0), 0.06, 1e-12);
     EXPECT_THAT(results.Attack(1).Details, testing::HasSubstr("exactly 1: 100.0% (exact odds 90.0%)\n"
                                                               "at most 1: 100.0% (exact odds 90.0%)\n"
                                                               "at least 1: 100.0% (exact odds 100.0%)"));
-    EXPECT_EQ(results.Window.mscAttMore.Beside.Get().WhyUnreachable, "only 3 armies were in the list");
-    EXPECT_EQ(results.Window.mscDefMore.Beside.Get().WhyUnreachable, "only 1 army was in the list");
-    EXPECT_EQ(results.Window.mscDefMore.Beside.Get().Reachable, 2);
+    EXPECT_EQ(results.Window.mscAttMore.Remarks.Get().WhyUnreachable, "only 3 armies were in the list");
+    EXPECT_EQ(results.Window.mscDefMore.Remarks.Get().WhyUnreachable, "only 1 army was in the list");
+    EXPECT_EQ(results.Window.mscDefMore.Remarks.Get().Reachable, 2);
     EXPECT_EQ(results.Defend(2).Details, "2 armies destroyed: only 1 army was in the list");
 
     EXPECT_EQ(results.Window.lblNewerRun.Caption.Get(), "");
     results.Window.RunFinished();
     EXPECT_EQ(results.Window.lblNewerRun.Caption.Get(), "A newer run exists: press More Results to see it");
-    results.Window.Known.reset();
+    results.Window.RunBackground.reset();
     results.Window.Form_Load();
     EXPECT_EQ(results.Window.lblNewerRun.Caption.Get(), "");
     EXPECT_FALSE(results.Attack(1).Exact);
-    EXPECT_EQ(results.Window.mscAttMore.Beside.Get().WhyUnreachable, "");
+    EXPECT_EQ(results.Window.mscAttMore.Remarks.Get().WhyUnreachable, "");
 }
 
 } // namespace

@@ -114,7 +114,7 @@ TEST(Run, IsOfTheSetUpAtThePressOfAttackWhateverChangesInAHeroEditor) {
     EXPECT_EQ(MBattleCalc::BattleResults.RowCount() + MBattleCalc::CombatDice, 120);
     std::optional<double> exactWins;
     game.Toolkit.OnMoreResults = [&](frmMoreResults& window) {
-        EXPECT_EQ(window.mscAttMore.Beside.Get().Reachable, 3);
+        EXPECT_EQ(window.mscAttMore.Remarks.Get().Reachable, 3);
         exactWins = window.mscDefMore.Rows()[1].Exact;
     };
     pad.sscMoreResults.Press();

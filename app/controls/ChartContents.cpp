@@ -121,7 +121,7 @@ void ChartView::ShowAll() {
     clearItems();
     ShowColours();
     ShowColumns();
-    sentence_->setText(ToQt(chart_->Beside.Get().Sentence));
+    sentence_->setText(ToQt(chart_->Remarks.Get().Sentence));
     // What follows depends on the room that there is.
     PlaceLegend();
     updateLayout();
@@ -201,7 +201,7 @@ void ChartView::ShowColumns() {
         }
         category += 1.0;
     }
-    const std::array<double, 2>& highest = chart_->Beside.Get().Highest;
+    const std::array<double, 2>& highest = chart_->Remarks.Get().Highest;
     for (std::size_t i = 0; i < series_.size(); ++i) {
         series_[i]->setData(keys[i], values[i], true);
         series_[i]->valueAxis()->setRange(0.0, std::max(LeastAxisEnd, highest[i] * Headroom));
@@ -233,24 +233,24 @@ void ChartView::ShowFigures() {
 }
 
 void ChartView::ShowMean() {
-    const Chart::Remarks& beside = chart_->Beside;
-    if (!beside.Mean)
+    const ChartRemarks& remarks = chart_->Remarks;
+    if (!remarks.Mean)
         return;
-    QCPItemText* const label = MakeText(ToQt(beside.MeanText), Shaded(Shade::Quiet));
+    QCPItemText* const label = MakeText(ToQt(remarks.MeanText), Shaded(Shade::Quiet));
     label->position->setTypeY(QCPItemPosition::ptAxisRectRatio);
-    label->position->setCoords(*beside.Mean, 0.0);
+    label->position->setCoords(*remarks.Mean, 0.0);
     // Near an end of the axis the label stands beside the line instead of on the axis.
     const double last = static_cast<double>(chart_->Rows().size()) - 1.0;
-    const Qt::Alignment side = *beside.Mean < 1.0          ? Qt::AlignLeft
-                               : *beside.Mean > last - 1.0 ? Qt::AlignRight
-                                                           : Qt::AlignHCenter;
+    const Qt::Alignment side = *remarks.Mean < 1.0          ? Qt::AlignLeft
+                               : *remarks.Mean > last - 1.0 ? Qt::AlignRight
+                                                            : Qt::AlignHCenter;
     label->setPositionAlignment(side | Qt::AlignBottom);
     auto* const line = new QCPItemLine(this);
     line->setLayer(BehindColumns);
     line->setPen(QPen(Shaded(Shade::Quiet), 1.0, Qt::DashLine));
-    line->start->setCoords(*beside.Mean, 0.0);
+    line->start->setCoords(*remarks.Mean, 0.0);
     line->end->setTypeY(QCPItemPosition::ptAxisRectRatio);
-    line->end->setCoords(*beside.Mean, 0.0);
+    line->end->setCoords(*remarks.Mean, 0.0);
 }
 
 void ChartView::ShowLabels() {
@@ -260,7 +260,7 @@ void ChartView::ShowLabels() {
     for (std::size_t row = 0; row < rows.size(); row += step) {
         const QString label = ToQt(rows[row].Label);
         const auto category = static_cast<double>(row);
-        if (row < chart_->Beside.Get().Reachable.Index()) {
+        if (row < chart_->Remarks.Get().Reachable.Index()) {
             labels->addTick(category, label);
             continue;
         }
@@ -274,10 +274,10 @@ void ChartView::ShowLabels() {
 }
 
 void ChartView::ShowUnreachable() {
-    const Chart::Remarks& beside = chart_->Beside;
-    if (beside.Reachable >= SizeOf(chart_->Rows()))
+    const ChartRemarks& remarks = chart_->Remarks;
+    if (remarks.Reachable >= SizeOf(chart_->Rows()))
         return;
-    const double first = beside.Reachable.Value() - 0.5;
+    const double first = remarks.Reachable.Value() - 0.5;
     const double end = xAxis->range().upper;
     auto* const area = new QCPItemRect(this);
     area->setLayer(BehindColumns);
@@ -288,7 +288,7 @@ void ChartView::ShowUnreachable() {
     area->topLeft->setCoords(first, 0.0);
     area->bottomRight->setCoords(end, 1.0);
 
-    QCPItemText* const reason = MakeText(ToQt(beside.WhyUnreachable), Shaded(Shade::Quiet));
+    QCPItemText* const reason = MakeText(ToQt(remarks.WhyUnreachable), Shaded(Shade::Quiet));
     reason->position->setTypeY(QCPItemPosition::ptAxisRectRatio);
     reason->position->setCoords((first + end) / 2.0, 0.5);
     const double length = fontMetrics().horizontalAdvance(reason->text());

@@ -50,7 +50,7 @@ std::string Chart::Numbers() const {
     std::string table = CategoryTitle + "\t" + ValueTitles[0] + "\t" + ValueTitles[1] + "\n";
     for (const Row& row : rows_)
         table += row.Label + "\t" + ToText(row.Values[0]) + "\t" + ToText(row.Values[1]) + "\n";
-    for (const auto& [name, total] : Beside.Get().Totals)
+    for (const auto& [name, total] : Remarks.Get().Totals)
         table += name + "\t" + ToText(total) + "\n";
     return table;
 }
@@ -61,7 +61,7 @@ std::string Chart::Description() const {
         if (!row.IsEmpty)
             description += "\n" + row.Details;
     for (const std::string& remark :
-         {Beside.Get().MeanText, Beside.Get().WhyUnreachable, Beside.Get().Sentence})
+         {Remarks.Get().MeanText, Remarks.Get().WhyUnreachable, Remarks.Get().Sentence})
         if (!remark.empty())
             description += "\n" + remark;
     return description;

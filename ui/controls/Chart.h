@@ -12,6 +12,23 @@
 
 namespace vorhaven {
 
+/// What a chart says beside its columns.
+struct ChartRemarks {
+    /// The mean of the categories, as a category.
+    std::optional<double> Mean;
+    std::string MeanText;
+    /// How many categories can occur, from the first one on; and why no others.
+    Long Reachable;
+    std::string WhyUnreachable;
+    std::string Sentence;
+    /// The highest value of each series that the chart has to have room for.
+    std::array<double, 2> Highest{};
+    /// Numbers that are copied below those of the rows, with their names.
+    std::vector<std::pair<std::string, Long>> Totals;
+
+    bool operator==(const ChartRemarks&) const = default;
+};
+
 /// A column chart of two series over named categories. Rows and series count from 1.
 class Chart : public Control {
 public:
@@ -26,22 +43,6 @@ public:
         /// What the user is told about the row, and whether there is anything to tell beyond zeros.
         std::string Details;
         bool IsEmpty = true;
-    };
-
-    /// What the chart tells beside its columns.
-    struct Remarks {
-        /// The mean of the categories, as a category.
-        std::optional<double> Mean;
-        std::string MeanText;
-        /// How many categories can occur, from the first one on; and why no others.
-        Long Reachable;
-        std::string WhyUnreachable;
-        std::string Sentence;
-        /// The highest value of each series that the chart has to have room for.
-        std::array<double, 2> Highest{};
-        /// Numbers that are copied below those of the rows, with their names.
-        std::vector<std::pair<std::string, Long>> Totals;
-        bool operator==(const Remarks&) const = default;
     };
 
     Chart(Long rows, std::string title, std::string categoryTitle, std::array<std::string, 2> valueTitles)
@@ -69,7 +70,7 @@ public:
     void SetExact(Long row, std::optional<double> exact);
     void SetDetails(Long row, std::string details, bool isEmpty);
 
-    Property<Remarks> Beside{*this, {}};
+    Property<ChartRemarks> Remarks{*this, {}};
 
     /// The numbers as a table, columns separated by tabs and rows by line ends, headings first, totals last.
     [[nodiscard]] std::string Numbers() const;

@@ -59,25 +59,25 @@ Long BandingBonus(const CArmy& army, const CStackAtt& stack) {
     return value + 1 >= count ? value : count - 1;
 }
 
-/// What may have befallen an army whose record does not tell the whole story.
-enum class Story {
-    /// It is as it came, but for poison, which the enemy gave it after it had banded.
-    Plain,
+/// What may have happened to an army before it had its strength: its record shows the outcome alone.
+enum class Past {
+    /// Nothing, but for poison, which the enemy gave it after it had banded.
+    Uneventful,
     /// It brought its poison along.
     CamePoisoned,
     /// It came blessed, and the enemy's curse took that away.
     CursedBlessing
 };
 
-Sum Tell(Story story, const CArmy& army, const CStackAtt& stack, std::string_view terrain) {
-    const bool hasCome = story == Story::CamePoisoned;
-    const bool isCursed = story == Story::CursedBlessing && !army.Blessed && !army.Poisoned;
+Sum SumOf(Past past, const CArmy& army, const CStackAtt& stack, std::string_view terrain) {
+    const bool camePoisoned = past == Past::CamePoisoned;
+    const bool isCursed = past == Past::CursedBlessing && !army.Blessed && !army.Poisoned;
     Sum sum{army.StartStrength};
     sum.AddClamped(army.CBName.Text() == terrain ? army.CBValue : Long{0}, terrain);
     sum.AddClamped(army.Blessed || isCursed ? 1 : 0, "blessed");
-    sum.AddClamped(army.Poisoned && hasCome ? -1 : 0, "poisoned");
+    sum.AddClamped(army.Poisoned && camePoisoned ? -1 : 0, "poisoned");
     sum.AddClamped(BandingBonus(army, stack), "banding");
-    sum.AddClamped(army.Poisoned && !hasCome ? -1 : 0, "poisoned");
+    sum.AddClamped(army.Poisoned && !camePoisoned ? -1 : 0, "poisoned");
     sum.AddClamped(isCursed ? -1 : 0, "cursed");
     sum.AddClamped(stack.TotalStackBonus, "stack bonus");
     return sum;
@@ -87,12 +87,12 @@ Sum Tell(Story story, const CArmy& army, const CStackAtt& stack, std::string_vie
 
 std::vector<StrengthTerm> ExplainStrength(const CArmy& army, const CStackAtt& stack,
                                           std::string_view terrain) {
-    for (const Story story : {Story::Plain, Story::CamePoisoned, Story::CursedBlessing}) {
-        const Sum sum = Tell(story, army, stack, terrain);
+    for (const Past past : {Past::Uneventful, Past::CamePoisoned, Past::CursedBlessing}) {
+        const Sum sum = SumOf(past, army, stack, terrain);
         if (sum.Total() == army.TotalStrength)
             return sum.Terms();
     }
-    Sum sum = Tell(Story::Plain, army, stack, terrain);
+    Sum sum = SumOf(Past::Uneventful, army, stack, terrain);
     sum.Add(army.TotalStrength - sum.Total(), Unexplained);
     return sum.Terms();
 }

@@ -141,8 +141,8 @@ void frmMoreResults::Annotate() {
             highest[0] = std::max(highest[0], static_cast<double>(row.Percent.Value()));
             highest[1] = std::max(highest[1], static_cast<double>(row.Turns.Value()));
         }
-    if (Known && Known->ExactLosses)
-        for (const LossOdds& odds : *Known->ExactLosses)
+    if (RunBackground && RunBackground->ExactLosses)
+        for (const LossOdds& odds : *RunBackground->ExactLosses)
             highest[0] = std::max(highest[0], *std::ranges::max_element(odds) * 100.0);
     const std::array<LossSummary, 2> summaries = Summaries();
     Annotate(mscAttMore, attackLosses_, summaries[0], highest);
@@ -152,13 +152,14 @@ void frmMoreResults::Annotate() {
 void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossSummary& summary,
                               std::array<double, 2> highest) const {
     const auto side = static_cast<std::size_t>(chart.Index);
-    const std::optional<LossOdds> exact =
-        Known && Known->ExactLosses ? std::optional((*Known->ExactLosses)[side]) : std::nullopt;
+    const std::optional<LossOdds> exact = RunBackground && RunBackground->ExactLosses
+                                              ? std::optional((*RunBackground->ExactLosses)[side])
+                                              : std::nullopt;
 
-    Chart::Remarks remarks;
+    ChartRemarks remarks;
     remarks.Reachable = LossCounts;
-    if (Known && Known->ArmyCounts[side] < MaxLines) {
-        const Long armies = Known->ArmyCounts[side];
+    if (RunBackground && RunBackground->ArmyCounts[side] < MaxLines) {
+        const Long armies = RunBackground->ArmyCounts[side];
         remarks.Reachable = armies + 1;
         remarks.WhyUnreachable =
             "only " + ToText(armies) + (armies == 1 ? " army was" : " armies were") + " in the list";
@@ -167,8 +168,8 @@ void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossS
     if (remarks.Mean)
         remarks.MeanText = "mean " + ToFixedText(*remarks.Mean, 1);
     remarks.Sentence = summary.Sentence(side == 0 ? "attacker" : "defender");
-    if (Known && !exact)
-        remarks.Sentence += ". There are no exact odds: " + Known->WhyNotExact;
+    if (RunBackground && !exact)
+        remarks.Sentence += ". There are no exact odds: " + RunBackground->WhyNotExact;
     remarks.Highest = highest;
     remarks.Totals = {{"Number of Battles", summary.Battles}};
     if (summary.Fought < summary.Battles)
@@ -186,7 +187,7 @@ void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossS
                              : ToText(armies) + " armies destroyed: " + remarks.WhyUnreachable,
                          !hasOccurred);
     }
-    chart.Beside = remarks;
+    chart.Remarks = remarks;
 }
 
 void frmMoreResults::sscDone_Click() {

@@ -20,7 +20,7 @@ public:
     /// `desktop` must outlive the window. `numBattles`: the main window's number of battles.
     frmMoreResults(Desktop& desktop, std::function<Long()> numBattles);
 
-    /// What is known about the battles of the last run beside their results, attackers first.
+    /// The battle of the last run, beside its results: attackers first.
     struct Background {
         /// Armies in the lists.
         std::array<Long, 2> ArmyCounts;
@@ -28,8 +28,8 @@ public:
         std::optional<std::array<LossOdds, 2>> ExactLosses{};
         std::string WhyNotExact{};
     };
-    /// Set before the window is loaded. Without it the charts tell the results alone.
-    std::optional<Background> Known;
+    /// Set before the window is loaded. Without it the charts show the results alone.
+    std::optional<Background> RunBackground;
 
     void Form_Load() override;
 

@@ -79,7 +79,7 @@ void frmBrawlpad::Form_Load() {
 void frmBrawlpad::sscMoreResults_Click() {
     const Trap trap{"frmBrawlpad::sscMoreResults_Click"};
     toolkit_->ShowBusy(true);
-    moreResults_.Known = BackgroundOfRun();
+    moreResults_.RunBackground = BackgroundOfRun();
     toolkit_->Show(moreResults_);
     toolkit_->ShowBusy(false);
 }
