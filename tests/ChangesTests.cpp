@@ -587,8 +587,8 @@ TEST(LiveOdds, FollowEveryChangeOfTheBattle) {
     player.Toolkit.OnMoreResults = [](frmMoreResults& results) {
         EXPECT_EQ(results.mscAttMore.Remarks.Get().Reachable, 2);
         EXPECT_EQ(results.mscDefMore.Remarks.Get().Reachable, 3);
-        EXPECT_FALSE(results.mscAttMore.Rows()[2].Exact);
-        EXPECT_TRUE(results.mscDefMore.Rows()[2].Exact);
+        EXPECT_FALSE(results.mscAttMore.Rows()[2].HasExactMark());
+        EXPECT_TRUE(results.mscDefMore.Rows()[2].HasExactMark());
     };
     pad.sscMoreResults.Press();
 
@@ -685,7 +685,7 @@ TEST(LiveOdds, OfAVolleyOfThousandsAreLeftToTheDetailedResultsAndOfMoreToTheRun)
         EXPECT_EQ(player.OddsState(), "Too many outcomes for exact odds: press Attack for an estimate");
         player.Fight();
         player.Toolkit.OnMoreResults = [&](frmMoreResults& results) {
-            EXPECT_EQ(results.mscDefMore.HasExactValues(), isExact);
+            EXPECT_EQ(results.mscDefMore.HasExactMarks(), isExact);
             const std::string remark = ". There are no exact odds: too many outcomes to sum up";
             EXPECT_EQ(results.mscDefMore.Remarks.Get().Sentence.ends_with(remark), !isExact);
         };

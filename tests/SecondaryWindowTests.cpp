@@ -218,7 +218,20 @@ TEST(MoreResults, TellHowOftenExactlyAtMostAndAtLeastSoManyFell) {
     EXPECT_EQ(defend.Highest, attack.Highest);
     EXPECT_EQ(attack.Reachable, 33) << "nothing is known about the lists";
     EXPECT_THAT(results.Window.mscAttMore.Numbers(),
-                testing::EndsWith("\n32\t0\t0\nNumber of Battles\t1000\n"));
+                testing::EndsWith("\n32\t0\t0\t0\t\nNumber of Battles\t1000\n"
+                                  "Mean Number of Armies Destroyed\t2.427\n" +
+                                  attack.Sentence + "\n"));
+}
+
+TEST(MoreResults, ShowWhatIsRareOrUnlikeTheOtherSide) {
+    Results results{1000, {{2, {1, 21, 28, 1, 5}}, {998, {1, 0, 0, 1, 5}}}};
+    const ChartRemarks& attack = results.Window.mscAttMore.Remarks;
+    const ChartRemarks& defend = results.Window.mscDefMore.Remarks;
+    results.Window.Form_Load();
+    EXPECT_EQ(attack.MeanText, "mean 0.042");
+    EXPECT_EQ(attack.Sentence, "When the attacker wins (1000 of 1000): 0.042 armies, 0.056 turns lost");
+    EXPECT_EQ(attack.Highest, (std::array{100.0, 28.0}));
+    EXPECT_EQ(defend.Highest, (std::array{100.0, 5.0})) << "28 turns are more than three times 5";
 }
 
 TEST(MoreResults, TellWhatAnAbortedRunHasNotFought) {
@@ -236,7 +249,7 @@ TEST(MoreResults, TellWhatAnAbortedRunHasNotFought) {
                                "When the attacker wins (100 of 300): 0.0 armies, 0.0 turns lost");
     EXPECT_EQ(attack.MeanText, "mean 0.7");
     EXPECT_THAT(results.Window.mscDefMore.Numbers(),
-                testing::EndsWith("Number of Battles\t1000\nBattles Fought\t300\n"));
+                testing::HasSubstr("Number of Battles\t1000\nBattles Fought\t300\nMean"));
 
     Results none{10, {}};
     none.Window.Form_Load();
@@ -258,8 +271,11 @@ TEST(MoreResults, TellWhatIsKnownBesideTheRun) {
     (*known.ExactLosses)[1][1] = 1.0;
     results.Window.RunBackground = known;
     results.Window.Form_Load();
-    EXPECT_FALSE(results.Attack(0).Exact);
-    EXPECT_NEAR(results.Attack(2).Exact.value_or(0.0), 0.06, 1e-12);
+    EXPECT_FALSE(results.Attack(0).HasExactMark());
+    EXPECT_TRUE(results.Attack(2).HasExactMark());
+    EXPECT_THAT(results.Window.mscAttMore.Numbers(),
+                testing::StartsWith("Number of Armies Destroyed\t% Chance\tProduction Turns Lost\tBattles\t"
+                                    "Exact % Chance\n0\t0\t0\t0\t0.040000\n1\t100\t2\t10\t90.000000\n"));
     EXPECT_THAT(results.Attack(1).Details, testing::HasSubstr("exactly 1: 100.0% (exact odds 90.0%)\n"
                                                               "at most 1: 100.0% (exact odds 90.0%)\n"
                                                               "at least 1: 100.0% (exact odds 100.0%)"));

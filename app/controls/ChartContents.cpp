@@ -4,23 +4,36 @@
 #include "app/program/Shade.h"
 #include "app/program/SideColours.h"
 
+#include <QPainterPath>
+
 #include <algorithm>
+#include <cmath>
+#include <functional>
 #include <limits>
+#include <vector>
 
 // What stands in a chart; how the user acts on it is in ChartView.cpp.
 namespace vorhaven {
 namespace {
 
-// Widths of columns and their distance, in categories.
+// Widths of columns and where their middles are, in categories: both columns together are centred on their
+// category's label.
 constexpr double ColumnWidth = 0.58;
+constexpr double ColumnOffset = -0.08;
 constexpr double ThinColumnWidth = 0.10;
-constexpr double ThinColumnOffset = 0.40;
+constexpr double ThinColumnOffset = 0.32;
 /// How far the axis goes beyond the first and the last category.
 constexpr double Margin = 0.7;
 
-/// Room above the highest column, for its figure.
-constexpr double Headroom = 1.3;
+/// How much higher than the highest column an axis may be, to have room for figures above it. In steps, so
+/// that two charts of nearly the same height have the same.
+constexpr std::array Headrooms{1.3, 1.4, 1.5, 1.6, 1.8, 2.0, 2.2};
 constexpr double LeastAxisEnd = 10.0;
+
+/// Between two figures, in pixels.
+constexpr double FigureGap = 2.0;
+/// By less than this, in pixels, no figure is seen to be higher than another.
+constexpr double LeastStep = 4.0;
 
 /// The thin columns' share of the text's colour: quieter than text may be, with a contrast of 3 to 1.
 constexpr double ThinColumnShade = 0.42;
@@ -51,6 +64,38 @@ public:
 
 protected:
     [[nodiscard]] QRect clipRect() const override { return mParentPlot->rect(); }
+};
+
+/// The number above a column. It is drawn over other columns without hiding them: only a rim around its
+/// digits has the background's colour. Its box is as high as a digit.
+class Figure final : public QCPItemText {
+public:
+    Figure(QCustomPlot* plot, const QColor& background) : QCPItemText(plot), background_(background) {
+        setClipToAxisRect(false);
+        setPositionAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+        position->setType(QCPItemPosition::ptAbsolute);
+    }
+
+    void SetFont(const QFont& font) {
+        setFont(font);
+        const QFontMetrics metrics(font);
+        setPadding({0, metrics.capHeight() - metrics.ascent(), 0, -metrics.descent()});
+    }
+
+protected:
+    void draw(QCPPainter* painter) override {
+        const QPointF start = bottomLeft->pixelPosition();
+        QPainterPath outline;
+        outline.addText(start, font(), text());
+        painter->setAntialiasing(true);
+        painter->strokePath(outline, QPen(background_, 3.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter->setFont(font());
+        painter->setPen(color());
+        painter->drawText(start, text());
+    }
+
+private:
+    QColor background_;
 };
 
 QString ToQt(const std::string& text) {
@@ -125,9 +170,11 @@ void ChartView::ShowAll() {
     // What follows depends on the room that there is.
     PlaceLegend();
     updateLayout();
+    ShowLabels();
+    MakeHeadroom();
     ShowFigures();
     ShowMean();
-    ShowLabels();
+    ShowBorders();
     ShowUnreachable();
     setAccessibleDescription(ToQt(chart_->Description()));
     setMinimumSize(std::max({WidthOf(*title_), WidthOf(*legend), WidthOf(*sentence_)}) +
@@ -190,46 +237,102 @@ void ChartView::ShowColumns() {
     double category = 0.0;
     for (const Chart::Row& row : chart_->Rows()) {
         if (!row.IsEmpty) {
-            keys[0].append(category);
+            keys[0].append(category + ColumnOffset);
             values[0].append(row.Values[0].Value());
             keys[1].append(category + ThinColumnOffset);
             values[1].append(row.Values[1].Value());
         }
-        if (row.Exact) {
-            exactKeys.append(category);
+        if (row.HasExactMark()) {
+            exactKeys.append(category + ColumnOffset);
             exactValues.append(*row.Exact);
         }
         category += 1.0;
     }
-    const std::array<double, 2>& highest = chart_->Remarks.Get().Highest;
-    for (std::size_t i = 0; i < series_.size(); ++i) {
+    for (std::size_t i = 0; i < series_.size(); ++i)
         series_[i]->setData(keys[i], values[i], true);
-        series_[i]->valueAxis()->setRange(0.0, std::max(LeastAxisEnd, highest[i] * Headroom));
-    }
+    SetHeadroom(Headrooms.front());
     exact_->setData(exactKeys, exactValues, true);
-    if (chart_->HasExactValues())
+    if (chart_->HasExactMarks())
         exact_->addToLegend();
     else
         exact_->removeFromLegend();
 }
 
+void ChartView::SetHeadroom(double headroom) {
+    for (std::size_t i = 0; i < series_.size(); ++i)
+        series_[i]->valueAxis()->setRange(
+            0.0, std::max(LeastAxisEnd, chart_->Remarks.Get().Highest[i] * headroom));
+}
+
+void ChartView::MakeHeadroom() {
+    const QFontMetrics metrics(FigureFont());
+    // Where figures are wider than their categories, neighbours are put one above the other.
+    const double category = xAxis->coordToPixel(1.0) - xAxis->coordToPixel(0.0);
+    const double levels = std::ceil((metrics.horizontalAdvance(QStringLiteral("<0")) + FigureGap) / category);
+    const double needed =
+        exact_->scatterStyle().size() / 2.0 + FigureGap + levels * (metrics.capHeight() + FigureGap);
+    for (const double headroom : Headrooms) {
+        SetHeadroom(headroom);
+        if (axisRect()->height() * (1.0 - 1.0 / headroom) >= needed)
+            break;
+    }
+    updateLayout();
+}
+
 void ChartView::ShowFigures() {
-    QFont bold = font();
-    bold.setBold(true);
+    std::vector<std::pair<QCPItemText*, QRectF>> figures;
     double category = 0.0;
+    double turnsBefore = 0.0;
     for (const Chart::Row& row : chart_->Rows()) {
-        if (!row.Figure.empty()) {
-            QCPItemText* const figure = MakeText(ToQt(row.Figure), ColourOfSide());
-            figure->setFont(bold);
-            figure->setBrush(palette().color(QPalette::Base));
-            figure->setPositionAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-            const double column = row.Values[0].Value();
-            figure->position->setCoords(category, std::max(column, row.Exact.value_or(0.0)));
-            const double markHeight = row.Exact ? exact_->scatterStyle().size() / 2.0 : 0.0;
-            figure->setPadding(QMargins(0, 0, 0, qRound(markHeight) + 1));
-        }
+        const double turns = row.IsEmpty ? 0.0 : row.Values[1].Value();
+        if (!row.Figure.empty())
+            figures.push_back(MakeFigure(row, category, turnsBefore, turns));
+        turnsBefore = turns;
         category += 1.0;
     }
+    // The lowest first, and from left to right where they are about as high: a figure that another one is in
+    // the way of goes above that one.
+    std::ranges::stable_sort(figures, std::greater<>(),
+                             [](const auto& figure) { return qRound(figure.second.bottom() / LeastStep); });
+    for (auto figure = figures.begin(); figure != figures.end(); ++figure) {
+        QRectF& place = figure->second;
+        const auto isInTheWay = [&place](const auto& other) {
+            return other.second.adjusted(-FigureGap, -FigureGap, FigureGap, FigureGap).intersects(place);
+        };
+        for (auto other = figures.begin();
+             (other = std::find_if(figures.begin(), figure, isInTheWay)) != figure;)
+            place.moveBottom(other->second.top() - FigureGap);
+        figure->first->position->setCoords(place.center().x(), place.bottom());
+    }
+}
+
+std::pair<QCPItemText*, QRectF> ChartView::MakeFigure(const Chart::Row& row, double category,
+                                                      double turnsBefore, double turns) {
+    auto* const figure = new Figure(this, palette().color(QPalette::Base));
+    figure->SetFont(FigureFont());
+    figure->setText(ToQt(row.Figure));
+    figure->setColor(ColourOfSide());
+    const QFontMetrics metrics(FigureFont());
+    const double exact = row.HasExactMark() ? *row.Exact : 0.0;
+    const double columnTop = yAxis->coordToPixel(row.Values[0].Value()) - FigureGap;
+    const double markTop = yAxis->coordToPixel(exact) - exact_->scatterStyle().size() / 2.0 - FigureGap;
+    QRectF place(0.0, 0.0, metrics.horizontalAdvance(figure->text()), metrics.capHeight());
+    place.moveBottom(exact > 0.0 ? std::min(columnTop, markTop) : columnTop);
+    place.moveCenter({xAxis->coordToPixel(category + ColumnOffset), place.center().y()});
+    // Between the thin columns at its sides that are so high, where that is wide enough for it.
+    const auto isBeside = [&](double value) {
+        return value > 0.0 && yAxis2->coordToPixel(value) < place.bottom();
+    };
+    const double right = xAxis->coordToPixel(category + ThinColumnOffset - ThinColumnWidth / 2.0) - 1.0;
+    const double left = xAxis->coordToPixel(category - 1.0 + ThinColumnOffset + ThinColumnWidth / 2.0) + 1.0;
+    if (place.width() <= right - left) {
+        if (isBeside(turnsBefore))
+            place.moveLeft(std::max(place.left(), left));
+        if (isBeside(turns))
+            place.moveRight(std::min(place.right(), right));
+    }
+    place.moveRight(std::min(place.right(), axisRect()->right() - FigureGap));
+    return {figure, place};
 }
 
 void ChartView::ShowMean() {
@@ -299,6 +402,19 @@ void ChartView::ShowUnreachable() {
     reason->setVisible(length <= axisRect()->height());
 }
 
+void ChartView::ShowBorders() {
+    const double length = 0.3 * fontMetrics().height();
+    for (std::size_t row = 0; row <= chart_->Rows().size(); ++row) {
+        auto* const tick = new QCPItemLine(this);
+        tick->setClipToAxisRect(false);
+        tick->setPen(xAxis->basePen());
+        tick->start->setCoords(static_cast<double>(row) - 0.5, 0.0);
+        tick->end->setParentAnchor(tick->start);
+        tick->end->setType(QCPItemPosition::ptAbsolute);
+        tick->end->setCoords(0.0, length);
+    }
+}
+
 QCPItemText* ChartView::MakeText(const QString& text, const QColor& colour) {
     auto* const item = new QCPItemText(this);
     item->setClipToAxisRect(false);
@@ -310,6 +426,12 @@ QCPItemText* ChartView::MakeText(const QString& text, const QColor& colour) {
 
 int ChartView::WidthOfLabels() const {
     return static_cast<int>(chart_->Rows().size()) * fontMetrics().horizontalAdvance(QStringLiteral("000"));
+}
+
+QFont ChartView::FigureFont() const {
+    QFont bold = font();
+    bold.setBold(true);
+    return bold;
 }
 
 QColor ChartView::Shaded(double share) const {

@@ -51,10 +51,19 @@ private:
     void PlaceLegend();
     void ShowColours();
     void ShowColumns();
+    /// Gives the axes the room that the figures take above the highest column.
+    void MakeHeadroom();
+    void SetHeadroom(double headroom);
     void ShowFigures();
+    /// A category's figure and where it goes if no other one is in the way, in pixels. `turnsBefore`,
+    /// `turns`: the second series' values of the category before and of this one.
+    std::pair<QCPItemText*, QRectF> MakeFigure(const Chart::Row& row, double category, double turnsBefore,
+                                               double turns);
     void ShowMean();
     /// Labels as many categories as there is room for, those that cannot occur more faintly.
     void ShowLabels();
+    /// Marks on the axis where one category ends and the next one begins.
+    void ShowBorders();
     void ShowUnreachable();
     QCPItemText* MakeText(const QString& text, const QColor& colour);
     /// What the labels of all categories take side by side, in pixels.
@@ -62,6 +71,7 @@ private:
     /// Text colour over the Base colour, in a share of the text's.
     [[nodiscard]] QColor Shaded(double share) const;
     [[nodiscard]] QColor ColourOfSide() const;
+    [[nodiscard]] QFont FigureFont() const;
 
     Chart* chart_;
     QCPLayoutGrid* heading_ = nullptr;

@@ -7,6 +7,11 @@
 #include <algorithm>
 
 namespace vorhaven {
+namespace {
+
+constexpr int CopiedDecimals = 6;
+
+} // namespace
 
 Chart::Row& Chart::At(Long row) {
     if (row < 1 || row > SizeOf(rows_))
@@ -36,8 +41,13 @@ void Chart::SetExact(Long row, std::optional<double> exact) {
     Changed.Raise();
 }
 
-bool Chart::HasExactValues() const {
-    return std::ranges::any_of(rows_, [](const Row& row) { return row.Exact.has_value(); });
+void Chart::SetCount(Long row, Long count) {
+    At(row).Count = count;
+    Changed.Raise();
+}
+
+bool Chart::HasExactMarks() const {
+    return std::ranges::any_of(rows_, &Row::HasExactMark);
 }
 
 void Chart::SetDetails(Long row, std::string details, bool isEmpty) {
@@ -47,12 +57,14 @@ void Chart::SetDetails(Long row, std::string details, bool isEmpty) {
 }
 
 std::string Chart::Numbers() const {
-    std::string table = CategoryTitle + "\t" + ValueTitles[0] + "\t" + ValueTitles[1] + "\n";
+    std::string table = CategoryTitle + "\t" + ValueTitles[0] + "\t" + ValueTitles[1] + "\t" + CountTitle +
+                        "\t" + ExactTitle + " " + ValueTitles[0] + "\n";
     for (const Row& row : rows_)
-        table += row.Label + "\t" + ToText(row.Values[0]) + "\t" + ToText(row.Values[1]) + "\n";
+        table += row.Label + "\t" + ToText(row.Values[0]) + "\t" + ToText(row.Values[1]) + "\t" +
+                 ToText(row.Count) + "\t" + (row.Exact ? ToFixedText(*row.Exact, CopiedDecimals) : "") + "\n";
     for (const auto& [name, total] : Remarks.Get().Totals)
-        table += name + "\t" + ToText(total) + "\n";
-    return table;
+        table += name + "\t" + total + "\n";
+    return table + Remarks.Get().Sentence + "\n";
 }
 
 std::string Chart::Description() const {

@@ -23,8 +23,8 @@ struct ChartRemarks {
     std::string Sentence;
     /// The highest value of each series that the chart has to have room for.
     std::array<double, 2> Highest{};
-    /// Numbers that are copied below those of the rows, with their names.
-    std::vector<std::pair<std::string, Long>> Totals;
+    /// Figures that are copied below those of the rows, with their names.
+    std::vector<std::pair<std::string, std::string>> Totals;
 
     bool operator==(const ChartRemarks&) const = default;
 };
@@ -40,10 +40,17 @@ public:
         std::string Figure;
         /// What the first value would be without chance.
         std::optional<double> Exact;
+        /// How many of what is counted fell into the category.
+        Long Count;
         /// What the user is told about the row, and whether there is anything to tell beyond zeros.
         std::string Details;
         bool IsEmpty = true;
+
+        /// Whether the exact value is large enough for a mark in the chart.
+        [[nodiscard]] bool HasExactMark() const { return Exact && *Exact >= LeastExactMark; }
     };
+    /// Exact values below this are as good as none to the eye.
+    static constexpr double LeastExactMark = 0.05;
 
     Chart(Long rows, std::string title, std::string categoryTitle, std::array<std::string, 2> valueTitles)
         : Title(std::move(title)), CategoryTitle(std::move(categoryTitle)),
@@ -53,26 +60,30 @@ public:
     const std::string CategoryTitle;
     /// The axis title of each series, which is its name in the legend too.
     const std::array<std::string, 2> ValueTitles;
-    /// The name of the exact values in the legend.
+    /// The name of the exact values in the legend, and before the first series' name that of their column in
+    /// a copy; the name of the counts there.
     const std::string ExactTitle = "Exact";
+    const std::string CountTitle = "Battles";
 
     /// The captions of the chart's own menu.
     const std::string CopyPicture = "Copy Picture";
     const std::string CopyNumbers = "Copy Numbers";
 
     [[nodiscard]] const std::vector<Row>& Rows() const { return rows_; }
-    [[nodiscard]] bool HasExactValues() const;
+    [[nodiscard]] bool HasExactMarks() const;
 
     // These raise error 9 outside the chart.
     void SetRowLabel(Long row, std::string label);
     void SetData(Long row, Long series, Long value);
     void SetFigure(Long row, std::string figure);
     void SetExact(Long row, std::optional<double> exact);
+    void SetCount(Long row, Long count);
     void SetDetails(Long row, std::string details, bool isEmpty);
 
     Property<ChartRemarks> Remarks{*this, {}};
 
-    /// The numbers as a table, columns separated by tabs and rows by line ends, headings first, totals last.
+    /// The numbers as a table, columns separated by tabs and rows by line ends: headings, rows, totals and
+    /// the sentence.
     [[nodiscard]] std::string Numbers() const;
     /// The details of the rows that are not empty and the remarks, a line each: the chart for those who
     /// cannot see it.

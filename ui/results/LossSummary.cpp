@@ -21,6 +21,10 @@ std::string Counted(Long number, const std::string& noun, const std::string& nou
 
 } // namespace
 
+std::string AverageText(double average) {
+    return average > 0.0 && average < 0.1 ? ToSignificantText(average, 2) : ToFixedText(average, 1);
+}
+
 std::optional<double> LossSummary::Mean() const {
     if (Fought == 0)
         return std::nullopt;
@@ -37,8 +41,8 @@ std::string LossSummary::Sentence(const std::string& side) const {
     if (Wins == 0)
         return sentence + "The " + side + " won no battle";
     return sentence + "When the " + side + " wins (" + ToText(Wins) + " of " + ToText(Fought) +
-           "): " + ToFixedText(static_cast<double>(ArmiesLostInWins) / Wins.Value(), 1) + " armies, " +
-           ToFixedText(static_cast<double>(TurnsLostInWins) / Wins.Value(), 1) + " turns lost";
+           "): " + AverageText(static_cast<double>(ArmiesLostInWins) / Wins.Value()) + " armies, " +
+           AverageText(static_cast<double>(TurnsLostInWins) / Wins.Value()) + " turns lost";
 }
 
 std::string LossSummary::Details(std::int32_t losses, Long turns,

@@ -18,6 +18,9 @@ inline constexpr std::int32_t LossCounts = MaxLines + 1;
 /// How likely each number of losses is, 0 to 1, by the number.
 using LossOdds = std::array<double, LossCounts>;
 
+/// An average as text: one decimal, or the first two digits that are not zero where there is less than that.
+[[nodiscard]] std::string AverageText(double average);
+
 /// What a run says about the losses of one side.
 struct LossSummary {
     /// Battles that the run was to fight, and those that it fought before it was aborted.

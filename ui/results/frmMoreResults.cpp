@@ -13,8 +13,18 @@ namespace {
 using MBattleCalc::BattleResults;
 namespace ResultColumn = MBattleCalc::ResultColumn;
 
-/// Exact values below this, in percent, are as good as none.
-constexpr double LeastExact = 0.05;
+/// Where the highest values of the two sides differ by more than this factor, the lower one's columns would
+/// be too small to compare at a common scale.
+constexpr double CommonScaleLimit = 3.0;
+
+constexpr int CopiedMeanDigits = 6;
+
+/// The highest value that each side's axis has to have room for: of both, where they can share a scale.
+void ShareScale(double& attack, double& defend) {
+    const double higher = std::max(attack, defend);
+    if (higher <= CommonScaleLimit * std::min(attack, defend))
+        attack = defend = higher;
+}
 
 /// The battles that were fought: an aborted run leaves zeros behind them, while a battle that was fought cost
 /// someone an army.
@@ -134,19 +144,22 @@ std::array<LossSummary, 2> frmMoreResults::Summaries() const {
 
 void frmMoreResults::Annotate() {
     const Trap trap{"frmMoreResults::Annotate"};
-    // Both charts have the same scales, so that they can be compared.
-    std::array<double, 2> highest{};
-    for (const LossTable* losses : {&attackLosses_, &defendLosses_})
-        for (const LossRow& row : *losses) {
-            highest[0] = std::max(highest[0], static_cast<double>(row.Percent.Value()));
-            highest[1] = std::max(highest[1], static_cast<double>(row.Turns.Value()));
+    // By side, then by series.
+    std::array<std::array<double, 2>, 2> highest{};
+    for (std::size_t side = 0; side < highest.size(); ++side) {
+        for (const LossRow& row : side == 0 ? attackLosses_ : defendLosses_) {
+            highest[side][0] = std::max(highest[side][0], static_cast<double>(row.Percent.Value()));
+            highest[side][1] = std::max(highest[side][1], static_cast<double>(row.Turns.Value()));
         }
-    if (RunBackground && RunBackground->ExactLosses)
-        for (const LossOdds& odds : *RunBackground->ExactLosses)
-            highest[0] = std::max(highest[0], *std::ranges::max_element(odds) * 100.0);
+        if (RunBackground && RunBackground->ExactLosses)
+            highest[side][0] = std::max(
+                highest[side][0], *std::ranges::max_element((*RunBackground->ExactLosses)[side]) * 100.0);
+    }
+    for (std::size_t series = 0; series < highest[0].size(); ++series)
+        ShareScale(highest[0][series], highest[1][series]);
     const std::array<LossSummary, 2> summaries = Summaries();
-    Annotate(mscAttMore, attackLosses_, summaries[0], highest);
-    Annotate(mscDefMore, defendLosses_, summaries[1], highest);
+    Annotate(mscAttMore, attackLosses_, summaries[0], highest[0]);
+    Annotate(mscDefMore, defendLosses_, summaries[1], highest[1]);
 }
 
 void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossSummary& summary,
@@ -166,21 +179,25 @@ void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossS
     }
     remarks.Mean = summary.Mean();
     if (remarks.Mean)
-        remarks.MeanText = "mean " + ToFixedText(*remarks.Mean, 1);
+        remarks.MeanText = "mean " + AverageText(*remarks.Mean);
     remarks.Sentence = summary.Sentence(side == 0 ? "attacker" : "defender");
     if (RunBackground && !exact)
         remarks.Sentence += ". There are no exact odds: " + RunBackground->WhyNotExact;
     remarks.Highest = highest;
-    remarks.Totals = {{"Number of Battles", summary.Battles}};
+    remarks.Totals = {{"Number of Battles", ToText(summary.Battles)}};
     if (summary.Fought < summary.Battles)
-        remarks.Totals.emplace_back("Battles Fought", summary.Fought);
+        remarks.Totals.emplace_back("Battles Fought", ToText(summary.Fought));
+    if (remarks.Mean)
+        remarks.Totals.emplace_back("Mean " + chart.CategoryTitle,
+                                    ToSignificantText(*remarks.Mean, CopiedMeanDigits));
 
     for (std::int32_t armies = 0; armies < LossCounts; ++armies) {
         const LossRow& row = losses[static_cast<std::size_t>(armies)];
         const bool hasOccurred = row.Battles != 0;
-        const double percent = exact ? (*exact)[static_cast<std::size_t>(armies)] * 100.0 : 0.0;
         chart.SetFigure(armies + 1, !hasOccurred ? "" : row.Percent == 0 ? "<1" : ToText(row.Percent));
-        chart.SetExact(armies + 1, percent >= LeastExact ? std::optional(percent) : std::nullopt);
+        chart.SetExact(armies + 1, exact ? std::optional((*exact)[static_cast<std::size_t>(armies)] * 100.0)
+                                         : std::nullopt);
+        chart.SetCount(armies + 1, summary.Counts[static_cast<std::size_t>(armies)]);
         chart.SetDetails(armies + 1,
                          hasOccurred || armies < remarks.Reachable
                              ? summary.Details(armies, row.Turns, exact)
