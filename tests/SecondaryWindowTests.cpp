@@ -189,9 +189,9 @@ TEST(MoreResults, ChartHowOftenEachLossCameAndWhatItLastCost) {
     // Halves of a percent go to the even number.
     EXPECT_EQ(Charted(results.Window.mscAttMore, {0, 2, 32}), "0:100%0 2:0%0 32:0%1 ");
     EXPECT_EQ(Charted(results.Window.mscDefMore, {0, 4, 5}), "0:98%0 4:0%0 5:2%200 ");
-    EXPECT_EQ(results.Window.mscAttMore.Description(),
-              "Distribution of Number of Attacking Armies Destroyed\n" + results.Attack(0).Details + "\n" +
-                  results.Attack(32).Details + "\nmean 0.2\nThe attacker won no battle");
+    EXPECT_EQ(results.Window.mscAttMore.Description(), "The attacker won no battle\nmean 0.2\n" +
+                                                           results.Attack(0).Details + "\n" +
+                                                           results.Attack(32).Details);
     EXPECT_EQ(results.Attack(32).Details, "32 armies destroyed: 1 of 200 battles, 1 production turn lost\n"
                                           "exactly 32: 0.5%\nat most 32: 100.0%\nat least 32: 0.5%");
     BattleResults(200, 4) = 33;

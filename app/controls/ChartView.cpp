@@ -2,10 +2,10 @@
 
 #include "app/controls/ChartView.h"
 
+#include "app/controls/AccessibleChart.h"
 #include "app/controls/Binding.h"
 #include "app/program/Shade.h"
 
-#include <QAccessibleWidget>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
@@ -22,12 +22,6 @@ QString ToQt(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-/// Tells screen readers that a chart is one.
-QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* object) {
-    auto* const chart = dynamic_cast<ChartView*>(object);
-    return chart != nullptr ? new QAccessibleWidget(chart, QAccessible::Chart) : nullptr;
-}
-
 } // namespace
 
 ChartView::ChartView(Chart& chart, QWidget* parent)
@@ -35,8 +29,7 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
       sentence_(new QCPTextElement(this)) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
-    // Installing it again changes nothing.
-    QAccessible::installFactory(MakeAccessible);
+    InstallAccessibleChart();
     setAccessibleName(ToQt(chart.Title));
     MakeHeading();
     MakeAxes();
@@ -56,13 +49,21 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
     }));
 }
 
-QString ChartView::DetailsAt(const QPoint& place) const {
-    if (!axisRect()->rect().contains(place))
-        return {};
-    const int row = qRound(xAxis->pixelToCoord(place.x()));
-    if (row < 0 || row >= static_cast<int>(chart_->Rows().size()))
-        return {};
+QString ChartView::DetailsOf(int row) const {
     return ToQt(chart_->Rows()[static_cast<std::size_t>(row)].Details);
+}
+
+QRect ChartView::PlaceOf(int row) const {
+    const QRect area = axisRect()->rect();
+    const int left = qRound(xAxis->coordToPixel(row - 0.5));
+    const int right = qRound(xAxis->coordToPixel(row + 0.5));
+    const int labels = xAxis->tickLabelPadding() + fontMetrics().height();
+    return {left, area.top(), right - left + 1, area.height() + labels};
+}
+
+int ChartView::RowAt(const QPoint& place) const {
+    const int row = qRound(xAxis->pixelToCoord(place.x()));
+    return axisRect()->rect().contains(place) && row >= 0 && row < RowCount() ? row : -1;
 }
 
 QSize ChartView::sizeHint() const {
@@ -74,11 +75,11 @@ bool ChartView::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return QCustomPlot::event(event);
     const auto* const help = static_cast<QHelpEvent*>(event);
-    const QString details = DetailsAt(help->pos());
-    if (details.isEmpty())
+    const int row = RowAt(help->pos());
+    if (row < 0)
         QToolTip::hideText();
     else
-        QToolTip::showText(help->globalPos(), details, this);
+        QToolTip::showText(help->globalPos(), DetailsOf(row), this);
     return true;
 }
 
@@ -94,27 +95,43 @@ void ChartView::resizeEvent(QResizeEvent* event) {
 }
 
 void ChartView::contextMenuEvent(QContextMenuEvent* event) {
-    OpenMenu(event->globalPos());
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        OpenMenu(mapToGlobal(axisRect()->topLeft()), MenuAsked::ByKeyboard);
+    else
+        OpenMenu(event->globalPos(), MenuAsked::ByMouse);
 }
 
 void ChartView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
-        OpenMenu(mapToGlobal(axisRect()->topLeft()));
+        OpenMenu(mapToGlobal(axisRect()->topLeft()), MenuAsked::ByKeyboard);
     else if (event->key() == Qt::Key_Left)
-        ShowDetails(current_ - 1);
+        GoTo(current_ - 1);
     else if (event->key() == Qt::Key_Right)
-        ShowDetails(current_ + 1);
+        GoTo(current_ + 1);
+    else if (event->key() == Qt::Key_Home)
+        GoTo(0);
+    else if (event->key() == Qt::Key_End)
+        GoTo(RowCount() - 1);
     else if (event->matches(QKeySequence::Copy))
         CopyNumbers();
     else
         QCustomPlot::keyPressEvent(event);
 }
 
-void ChartView::ShowDetails(int row) {
-    current_ = std::clamp(row, 0, static_cast<int>(chart_->Rows().size()) - 1);
-    const QPoint place(qRound(xAxis->coordToPixel(current_)), axisRect()->bottom());
-    QToolTip::showText(mapToGlobal(place), ToQt(chart_->Rows()[static_cast<std::size_t>(current_)].Details),
-                       this);
+void ChartView::mousePressEvent(QMouseEvent* event) {
+    QCustomPlot::mousePressEvent(event);
+    const int row = RowAt(event->position().toPoint());
+    if (event->button() != Qt::LeftButton || row < 0)
+        return;
+    current_ = row;
+    update();
+}
+
+void ChartView::GoTo(int row) {
+    current_ = std::clamp(row, 0, RowCount() - 1);
+    update();
+    AnnounceCategory(*this, current_);
+    QToolTip::showText(mapToGlobal(PlaceOf(current_).bottomLeft()), DetailsOf(current_), this);
 }
 
 void ChartView::focusInEvent(QFocusEvent* event) {
@@ -131,8 +148,10 @@ void ChartView::paintEvent(QPaintEvent* event) {
     QCustomPlot::paintEvent(event);
     QPainter painter(this);
     if (hasFocus()) {
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2.0));
+        painter.setPen(QPen(FocusColour(palette()), 2.0));
         painter.drawRect(rect().adjusted(1, 1, -1, -1));
+        if (current_ >= 0)
+            painter.drawRect(PlaceOf(current_));
     } else {
         painter.setPen(Shaded(Shade::TableLine));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -143,14 +162,12 @@ void ChartView::CopyNumbers() const {
     QGuiApplication::clipboard()->setText(ToQt(chart_->Numbers()));
 }
 
-void ChartView::OpenMenu(const QPoint& position) {
-    // Not executed but popped up: a run that pumps this event goes on behind the menu.
+void ChartView::OpenMenu(const QPoint& position, MenuAsked asked) {
     auto* const menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(ToQt(chart_->CopyPicture), this,
                     [this] { QGuiApplication::clipboard()->setPixmap(toPixmap(0, 0, devicePixelRatioF())); });
     menu->addAction(ToQt(chart_->CopyNumbers), this, &ChartView::CopyNumbers);
-    menu->popup(position);
+    PopUp(*menu, position, asked);
 }
 
 } // namespace vorhaven

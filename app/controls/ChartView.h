@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "app/controls/PopUp.h"
 #include "ui/controls/Chart.h"
 
 #include <qcustomplot.h>
@@ -18,6 +19,15 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
 
+    /// Categories, counted from 0; the one that the user is at, -1 for none.
+    [[nodiscard]] int RowCount() const { return static_cast<int>(chart_->Rows().size()); }
+    [[nodiscard]] int CurrentRow() const { return current_; }
+    [[nodiscard]] QString DetailsOf(int row) const;
+    /// A category's strip of the chart with its label below, in the view.
+    [[nodiscard]] QRect PlaceOf(int row) const;
+    /// The category at a place in the view; -1 outside of the chart's area.
+    [[nodiscard]] int RowAt(const QPoint& place) const;
+
 protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -26,18 +36,17 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     // ChartView.cpp
 
     /// Opens the chart's own menu.
-    void OpenMenu(const QPoint& position);
+    void OpenMenu(const QPoint& position, MenuAsked asked);
     void CopyNumbers() const;
-    /// What there is to tell about the category at a place in the view; empty outside of the chart's area.
-    [[nodiscard]] QString DetailsAt(const QPoint& place) const;
-    /// Tells about a category as hovering does, and makes it the current one.
-    void ShowDetails(int row);
+    /// Makes a category the current one and shows its details as hovering does.
+    void GoTo(int row);
 
     // ChartContents.cpp
 
@@ -79,7 +88,6 @@ private:
     QCPTextElement* sentence_;
     std::array<QCPBars*, 2> series_{};
     QCPGraph* exact_ = nullptr;
-    /// The category that the arrow keys have led to.
     int current_ = -1;
     /// The chart has changed since it was shown.
     bool isStale_ = false;

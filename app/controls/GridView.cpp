@@ -103,14 +103,15 @@ void GridView::changeEvent(QEvent* event) {
 }
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
-    OpenMenu(event->globalPos());
+    OpenMenu(event->globalPos(),
+             event->reason() == QContextMenuEvent::Keyboard ? MenuAsked::ByKeyboard : MenuAsked::ByMouse);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy))
         CopyNumbers();
     else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
-        OpenMenu(mapToGlobal(viewport()->geometry().topLeft()));
+        OpenMenu(mapToGlobal(viewport()->geometry().topLeft()), MenuAsked::ByKeyboard);
     else
         QTableWidget::keyPressEvent(event);
 }
@@ -119,11 +120,10 @@ void GridView::CopyNumbers() const {
     QGuiApplication::clipboard()->setText(QString::fromStdString(grid_->Numbers()));
 }
 
-void GridView::OpenMenu(const QPoint& position) {
+void GridView::OpenMenu(const QPoint& position, MenuAsked asked) {
     auto* const menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(QString::fromStdString(grid_->CopyNumbers), this, &GridView::CopyNumbers);
-    menu->popup(position);
+    PopUp(*menu, position, asked);
 }
 
 } // namespace vorhaven

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "app/controls/PopUp.h"
 #include "ui/controls/Grid.h"
 
 #include <QTableWidget>
@@ -30,7 +31,7 @@ private:
     void ShowRow(int row);
     [[nodiscard]] int WidthOfColumns() const;
     [[nodiscard]] QSize SizeForRows(int rows) const;
-    void OpenMenu(const QPoint& position);
+    void OpenMenu(const QPoint& position, MenuAsked asked);
     void CopyNumbers() const;
 
     Grid* grid_;

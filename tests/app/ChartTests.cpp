@@ -148,17 +148,20 @@ TEST_F(Charts, KeepFiguresApartAndColumnsWholeBehindThem) {
 TEST_F(Charts, CopyTheirNumbersAndTheirPicture) {
     ShowResultsOf(Losses(10, {2, 9, 1, 4}));
     ChartView* const chart = ChartOf("Defending");
+    const auto ask = [chart](QContextMenuEvent::Reason reason) {
+        QContextMenuEvent event(reason, {50, 50}, chart->mapToGlobal(QPoint(50, 50)));
+        QApplication::sendEvent(chart, &event);
+    };
     const std::pair<const char*, std::function<void()>> ways[] = {
-        {"right click",
-         [&] {
-             QContextMenuEvent event(QContextMenuEvent::Mouse, {50, 50}, chart->mapToGlobal(QPoint(50, 50)));
-             QApplication::sendEvent(chart, &event);
-         }},
+        {"right click", [&] { ask(QContextMenuEvent::Mouse); }},
+        {"menu key", [&] { ask(QContextMenuEvent::Keyboard); }},
         {"Shift+F10", [&] { QTest::keyClick(chart, Qt::Key_F10, Qt::ShiftModifier); }}};
     for (const auto& [name, open] : ways) {
         SCOPED_TRACE(name);
         QGuiApplication::clipboard()->clear();
         open();
+        const QAction* const current = OpenMenu()->activeAction();
+        EXPECT_EQ(current != nullptr ? current->text() : "", name == ways[0].first ? "" : "Copy Picture");
         Choose("Copy Numbers");
         const QStringList rows = QGuiApplication::clipboard()->text().split('\n');
         ASSERT_GE(rows.size(), 34);
@@ -182,7 +185,31 @@ TEST_F(Charts, CopyTheirNumbersAndTheirPicture) {
     const QImage without = picture();
     EXPECT_EQ(picture(), without);
     chart->setFocus();
-    EXPECT_NE(picture(), without);
+    const QImage unmarked = picture();
+    EXPECT_NE(unmarked, without);
+
+    // So is where the keys lead in it, which screen readers are told.
+    QStringList said;
+    const int places[] = {0, 1, 32, 31, 0};
+    int step = 0;
+    for (const auto key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_End, Qt::Key_Left, Qt::Key_Home}) {
+        QTest::keyClick(chart, key);
+        const int marked = places[step++];
+        const QImage marks = picture();
+        for (int row = 0; row <= 32; ++row) {
+            const QPoint corner = chart->PlaceOf(row).topLeft();
+            const bool isMarked = marks.pixel(corner) != unmarked.pixel(corner);
+            EXPECT_EQ(isMarked, row == marked || row == marked + 1) << row;
+        }
+        const auto* const category = QAccessible::queryAccessibleInterface(chart)->focusChild();
+        EXPECT_TRUE(category->state().focused);
+        said += category->text(QAccessible::Name).section(':', 0, 0);
+        EXPECT_EQ(chart->RowAt(chart->mapFromGlobal(category->rect().center())), marked);
+    }
+    EXPECT_EQ(said.join(','), "0 armies destroyed,1 army destroyed,32 armies destroyed,31 armies destroyed,"
+                              "0 armies destroyed");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(chart)->childCount(), 33);
+    EXPECT_TRUE(chart->accessibleDescription().startsWith("When the defender wins"));
 }
 
 } // namespace

@@ -68,14 +68,13 @@ std::string Chart::Numbers() const {
 }
 
 std::string Chart::Description() const {
-    std::string description = Title;
+    std::string description = Remarks.Get().Sentence;
+    for (const std::string& remark : {Remarks.Get().MeanText, Remarks.Get().WhyUnreachable})
+        if (!remark.empty())
+            description += "\n" + remark;
     for (const Row& row : rows_)
         if (!row.IsEmpty)
             description += "\n" + row.Details;
-    for (const std::string& remark :
-         {Remarks.Get().MeanText, Remarks.Get().WhyUnreachable, Remarks.Get().Sentence})
-        if (!remark.empty())
-            description += "\n" + remark;
     return description;
 }
 

@@ -85,7 +85,7 @@ public:
     /// The numbers as a table, columns separated by tabs and rows by line ends: headings, rows, totals and
     /// the sentence.
     [[nodiscard]] std::string Numbers() const;
-    /// The details of the rows that are not empty and the remarks, a line each: the chart for those who
+    /// The remarks, then the details of the rows that are not empty, a line each: the chart for those who
     /// cannot see it.
     [[nodiscard]] std::string Description() const;
 
