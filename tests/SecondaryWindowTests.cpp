@@ -229,6 +229,9 @@ TEST(MoreResults, ShowWhatIsRareOrUnlikeTheOtherSide) {
     const ChartRemarks& defend = results.Window.mscDefMore.Remarks;
     results.Window.Form_Load();
     EXPECT_EQ(attack.MeanText, "mean 0.042");
+    EXPECT_EQ(results.Attack(0).Figure + results.Attack(21).Figure + results.Defend(1).Figure, ">99<1100");
+    EXPECT_THAT(results.Attack(21).Details, testing::EndsWith("exactly 21: 0.2%\nat most 21: 100.0%\n"
+                                                              "at least 21: 0.2%"));
     EXPECT_EQ(attack.Sentence, "When the attacker wins (1000 of 1000): 0.042 armies, 0.056 turns lost");
     EXPECT_EQ(attack.Highest, (std::array{100.0, 28.0}));
     EXPECT_EQ(defend.Highest, (std::array{100.0, 5.0})) << "28 turns are more than three times 5";
@@ -278,7 +281,7 @@ TEST(MoreResults, TellWhatIsKnownBesideTheRun) {
                                     "Exact % Chance\n0\t0\t0\t0\t0.040000\n1\t100\t2\t10\t90.000000\n"));
     EXPECT_THAT(results.Attack(1).Details, testing::HasSubstr("exactly 1: 100.0% (exact odds 90.0%)\n"
                                                               "at most 1: 100.0% (exact odds 90.0%)\n"
-                                                              "at least 1: 100.0% (exact odds 100.0%)"));
+                                                              "at least 1: 100.0% (exact odds > 99.9%)"));
     EXPECT_EQ(results.Window.mscAttMore.Remarks.Get().WhyUnreachable, "only 3 armies were in the list");
     EXPECT_EQ(results.Window.mscDefMore.Remarks.Get().WhyUnreachable, "only 1 army was in the list");
     EXPECT_EQ(results.Window.mscDefMore.Remarks.Get().Reachable, 2);

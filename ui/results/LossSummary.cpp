@@ -2,17 +2,20 @@
 
 #include "ui/results/LossSummary.h"
 
+#include "base/Chance.h"
 #include "base/Conversion.h"
 
-#include <functional>
-#include <numeric>
+#include <algorithm>
 
 namespace vorhaven {
 namespace {
 
-/// "no battle" where there is nothing to divide by.
-std::string Percent(double part, Long whole) {
-    return whole == 0 ? "no battle" : ToFixedText(part / whole.Value() * 100.0, 1) + "%";
+/// How likely a number of losses from `first` to `last` is.
+Chance ChanceOf(const LossOdds& odds, std::size_t first, std::size_t last) {
+    Chance chance;
+    for (std::size_t losses = 0; losses < odds.size(); ++losses)
+        (losses >= first && losses <= last ? chance.For : chance.Against) += odds[losses];
+    return chance;
 }
 
 std::string Counted(Long number, const std::string& noun, const std::string& nouns) {
@@ -47,23 +50,22 @@ std::string LossSummary::Sentence(const std::string& side) const {
 
 std::string LossSummary::Details(std::int32_t losses, Long turns,
                                  const std::optional<LossOdds>& exact) const {
-    const auto line = [&](const char* words, std::ptrdiff_t first, std::ptrdiff_t last) {
-        const auto fought =
-            std::transform_reduce(Counts.begin() + first, Counts.begin() + last + 1, 0.0, std::plus<>(),
-                                  [](Long count) { return static_cast<double>(count.Value()); });
-        std::string text = "\n" + (words + (" " + ToText(losses))) + ": " + Percent(fought, Fought);
+    LossOdds fought{};
+    std::ranges::transform(Counts, fought.begin(), &Long::Value);
+    const auto line = [&](const char* words, std::size_t first, std::size_t last) {
+        std::string text = "\n" + (words + (" " + ToText(losses))) + ": " +
+                           (Fought == 0 ? "no battle" : PercentText(ChanceOf(fought, first, last)));
         if (exact)
-            text += " (exact odds " +
-                    Percent(std::accumulate(exact->begin() + first, exact->begin() + last + 1, 0.0), 1) + ")";
+            text += " (exact odds " + PercentText(ChanceOf(*exact, first, last)) + ")";
         return text;
     };
-    std::string details = Counted(losses, "army", "armies") +
-                          " destroyed: " + ToText(Counts[static_cast<std::size_t>(losses)]) + " of " +
+    const auto own = static_cast<std::size_t>(losses);
+    std::string details = Counted(losses, "army", "armies") + " destroyed: " + ToText(Counts[own]) + " of " +
                           ToText(Fought) + " battles, " +
                           Counted(turns, "production turn", "production turns") + " lost";
-    details += line("exactly", losses, losses);
-    details += line("at most", 0, losses);
-    details += line("at least", losses, LossCounts - 1);
+    details += line("exactly", own, own);
+    details += line("at most", 0, own);
+    details += line("at least", own, LossCounts - 1);
     if (Fought < Battles)
         details += "\nnot fought: " + ToText(Battles - Fought) + " of " + ToText(Battles) + " battles" +
                    (losses == 0 ? ", charted as battles without losses" : "");

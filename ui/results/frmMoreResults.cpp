@@ -2,6 +2,7 @@
 
 #include "ui/results/frmMoreResults.h"
 
+#include "base/Chance.h"
 #include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
 
@@ -194,7 +195,9 @@ void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossS
     for (std::int32_t armies = 0; armies < LossCounts; ++armies) {
         const LossRow& row = losses[static_cast<std::size_t>(armies)];
         const bool hasOccurred = row.Battles != 0;
-        chart.SetFigure(armies + 1, !hasOccurred ? "" : row.Percent == 0 ? "<1" : ToText(row.Percent));
+        const Chance chance{static_cast<double>(row.Battles.Value()),
+                            static_cast<double>((summary.Battles - row.Battles).Value())};
+        chart.SetFigure(armies + 1, hasOccurred ? PercentFigure(chance, 0) : "");
         chart.SetExact(armies + 1, exact ? std::optional((*exact)[static_cast<std::size_t>(armies)] * 100.0)
                                          : std::nullopt);
         chart.SetCount(armies + 1, summary.Counts[static_cast<std::size_t>(armies)]);
