@@ -2,6 +2,7 @@
 
 #include "app/setup/MainView.h"
 
+#include "app/controls/Announcer.h"
 #include "app/controls/BoundWidgets.h"
 #include "app/controls/DropDown.h"
 #include "app/controls/Scroller.h"
@@ -40,7 +41,7 @@ constexpr int MiddleWidthInEm = 29;
 } // namespace
 
 MainView::MainView(frmBrawlpad& pad)
-    : pad_(&pad),
+    : pad_(&pad), announcer_(new Announcer(*this)),
       compact_(screen()->availableSize().width() < UsualWidthInEm * QFontInfo(font()).pixelSize()) {
     setWindowTitle(QString::fromStdString(pad.Caption));
     auto* const contents = new QWidget;
@@ -230,6 +231,11 @@ void MainView::MakeShortcuts() {
     };
     add(QKeySequence::Undo, pad_->mnuUndo);
     add(QKeySequence::Redo, pad_->mnuRedo);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_R, this), &QShortcut::activated, this,
+            [this] { RunOutermost([this] { pad_->ReadResultsOut(); }); });
+    KeepWith(*this, pad_->ReadOut.Connect([this](const std::string& words) {
+        announcer_->Say(QString::fromStdString(words));
+    }));
     // A field's own undo would go behind the window's, which has the field's changes too.
     for (QLineEdit* edit : findChildren<QLineEdit*>())
         edit->installEventFilter(this);

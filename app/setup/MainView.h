@@ -12,6 +12,7 @@ class QPushButton;
 
 namespace vorhaven {
 
+class Announcer;
 class ArmyPanel;
 class ColumnScroller;
 
@@ -39,6 +40,7 @@ private:
     void OrderTabs();
 
     frmBrawlpad* pad_;
+    Announcer* announcer_;
     /// The screen is too narrow for the columns in their usual shape: they take more height and less width.
     bool compact_;
     PerSide<ArmyPanel*> armies_{};

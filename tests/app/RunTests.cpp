@@ -72,6 +72,38 @@ TEST_F(Run, ShowsItsFiguresWhereThePlayerReadsThem) {
     EXPECT_TRUE(shows(0) || shows(1) || shows(2)) << clocks.join(", ").toStdString();
 }
 
+TEST_F(Run, IsSaidByAScreenReaderWhereverTheFocusIs) {
+    LineUp({"Oath Guard", "Oath Guard"}, {"Oath Guard", "Oath Guard"});
+    Attack("10");
+    QCoreApplication::processEvents();
+    QString results = "Quick Results: Attacker Wins: " + Figures()[0] + ", ";
+    auto* const attack = ButtonCalled("Attack");
+    const QString end = attack->accessibleDescription();
+    EXPECT_TRUE(end.startsWith("The run has ended. " + results)) << end.toStdString();
+    EXPECT_TRUE(end.contains("; Avg. Att. Prod. Turns Lost: " + Figures()[2] + "; ")) << end.toStdString();
+    EXPECT_TRUE(
+        end.contains("Exact Odds: The attacker wins 50.0% of battles, the defender 50.0%. Expected losses; "
+                     "Attacker "))
+        << end.toStdString();
+    QTest::keyClick(attack, Qt::Key_Tab);
+    EXPECT_EQ(attack->accessibleDescription(), attack->toolTip());
+
+    QListWidget* const list = List(Side::Attacker);
+    ClickLine(list, 0);
+    QAccessibleInterface* const line = QAccessible::queryAccessibleInterface(list)->child(0);
+    const QString own = line->text(QAccessible::Description);
+    QStringList said;
+    for (int press = 0; press < 2; ++press) {
+        QTest::keyClick(list, Qt::Key_R, Qt::ControlModifier);
+        EXPECT_TRUE(line->text(QAccessible::Description).startsWith(results));
+        said += list->accessibleDescription();
+    }
+    EXPECT_NE(said[0], said[1]) << "or the second would not be heard";
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(line->text(QAccessible::Description), own);
+    EXPECT_EQ(list->accessibleDescription(), list->toolTip());
+}
+
 TEST_F(Run, KeepsBarAndTextInStepUntilItIsAborted) {
     LineUp({"Oath Guard"}, {"Oath Guard"});
     std::set<int> bars;

@@ -46,6 +46,7 @@ void frmBrawlpad::cmdAttack_Click() {
         MBattleCalc::Add(*this, ToLong(assembled_.NumBattles), assembled_.CombatDice, sschkViewStats.Checked,
                          assembled_.CityLevel);
         isAborted_ = !hasShownResults_;
+        isEndToReadOut_ = true;
         SetupTouched.Raise();
         moreResults_.RunFinished();
         sscAbort.Enabled = false;

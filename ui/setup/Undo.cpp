@@ -5,6 +5,7 @@
 #include "ui/setup/frmBrawlpad.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vorhaven {
 
@@ -60,6 +61,8 @@ void frmBrawlpad::Settle() {
     if (history_.Note(CurrentSetup()))
         liveOdds_.BeginStep();
     ShowState();
+    if (std::exchange(isEndToReadOut_, false))
+        ReadOut.Raise((isAborted_ ? "The run was aborted. " : "The run has ended. ") + ResultsInWords());
 }
 
 void frmBrawlpad::Undo() {

@@ -26,7 +26,7 @@ namespace vorhaven {
 
 /// The main window: settings, the two army lists with their conditions, and the runs. What concerns the
 /// window as a whole is in frmBrawlpad.cpp; the other sources go by topic: Settings.cpp, Lists.cpp,
-/// Conditions.cpp, Heroes.cpp, Run.cpp, Undo.cpp, Clipboard.cpp.
+/// Conditions.cpp, Heroes.cpp, Run.cpp, ReadOut.cpp, Undo.cpp, Clipboard.cpp.
 class frmBrawlpad final : public Form, private MBattleCalc::BattleHost {
 public:
     /// `provider` and `toolkit` must outlive the window.
@@ -113,6 +113,15 @@ public:
     /// Goes back to the set-up before the last change, or forward to the one that the last Undo left.
     void Undo();
     void Redo();
+
+    // ReadOut.cpp
+
+    /// The quick results and the exact odds in sentences.
+    [[nodiscard]] std::string ResultsInWords() const;
+    /// Reads them out.
+    void ReadResultsOut() { ReadOut.Raise(ResultsInWords()); }
+    /// Raised with what a screen reader is to say: the results as a run ends, or on demand.
+    Signal<std::string> ReadOut;
 
     // Clipboard.cpp
 
@@ -362,6 +371,8 @@ private:
     /// Whether the run under way has shown its quick results, and whether the last run was aborted.
     bool hasShownResults_ = false;
     bool isAborted_ = false;
+    /// Whether a run has ended that has not been read out yet.
+    bool isEndToReadOut_ = false;
     std::vector<Connection> touching_;
 };
 

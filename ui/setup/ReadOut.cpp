@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ui/setup/frmBrawlpad.h"
+
+namespace vorhaven {
+
+std::string frmBrawlpad::ResultsInWords() const {
+    std::string words = fraQuickResults.Caption.Get();
+    if (const std::string& remark = lblOutOfDate.Caption; !remark.empty())
+        words += ", " + remark;
+    words += ": ";
+    if (fought_) {
+        words += lblAttWinPercentCaption.Caption.Get() + " " + lblAttWinPercent.Caption.Get() + ", " +
+                 lblWinMargin.Caption.Get();
+        for (std::size_t column = FirstAverage; column <= LastAverage; ++column)
+            words += "; " + lblAvgCaption[column].Caption.Get() + " " + lblAvg[column].Caption.Get();
+    } else {
+        words += "none";
+    }
+    words += ". " + OddsFrame.fraOdds.Caption.Get() + ": ";
+    if (const std::string& chances = OddsFrame.lblSentence.Caption; !chances.empty()) {
+        words += chances + ". " + OddsFrame.lblLosses.Caption.Get();
+        const OddsPanel::Row& overall = OddsFrame.Rows.front();
+        for (std::size_t column = 0; column < overall.Losses.size(); ++column)
+            words += (column % 2 == 0 ? "; " + OddsFrame.lblSide[column / 2].Caption.Get() + " " : ", ") +
+                     overall.Losses[column].Caption.Get() + " " + OddsFrame.lblColumn[column].Caption.Get();
+        words += ".";
+        if (!OddsFrame.lblState.Caption.Get().empty())
+            words += " ";
+    }
+    return words + OddsFrame.lblState.Caption.Get();
+}
+
+} // namespace vorhaven
