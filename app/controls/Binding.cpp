@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTimer>
+#include <QToolTip>
 #include <QValidator>
 
 #include <algorithm>
@@ -227,6 +228,14 @@ void Bind(DropDown& widget, ComboBox& control) {
 
 void Bind(Picker& widget, ComboBox& control) {
     ShowToolTip(widget, control);
+    if (!control.Note.empty()) {
+        // The middle of a long path is its least.
+        const QFontMetrics metrics(QToolTip::font());
+        const QString note =
+            metrics.elidedText(ToQt(control.Note), Qt::ElideMiddle, 80 * metrics.averageCharWidth());
+        widget.setToolTip(widget.toolTip() + '\n' + note);
+        widget.setAccessibleDescription(widget.toolTip());
+    }
     ShowWith(widget, control, [](Picker& picker, const ComboBox& model) {
         const int shownCount = picker.count();
         ShowEntries(picker, model);

@@ -42,7 +42,7 @@ private:
         hasActed_ = true;
         QTextStream(stderr) << "first army: "
                             << Called<QComboBox>(window, "Select Attacking Armies")->itemText(0) << "\n"
-                            << "icon:";
+                            << Called<QComboBox>(window, "Select Defending Armies")->toolTip() << "\nicon:";
         for (const QSize& size : window.windowIcon().availableSizes())
             QTextStream(stderr) << ' ' << window.windowIcon().pixmap(size).width();
         QTextStream(stderr) << "\nstyle: " << QApplication::style()->name() << "\n";

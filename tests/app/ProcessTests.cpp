@@ -70,14 +70,15 @@ TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
         // clang-format off
         {"an empty folder", [] {}, "exit", 1, {"box: ", "armies.csv", advice}},
         {"a broken number", [&] { WriteCatalogue("Guard", "<i>much</i>"); }, "exit", 1, {"box: The unit catalogue", "armies.csv", "<i>much</i>", advice}},
-        {"a good one, and the windows close together", [&] { WriteCatalogue("Own Guard", "1"); }, "exit", 0, {"first army: Own Guard"}},
+        {"a good one, and the windows close together", [&] { WriteCatalogue("Own Guard", "1"); }, "exit", 0,
+            {"first army: Own Guard\nSelect defending armies\nUnits from " + folder_.filePath("catalogue\n")}},
         {"a run closed in the middle", [] {}, "close", 0, {"closed in the middle"}},
         {"a fatal error", [] {}, "fail", 1,
             {"box: Run-time error '13':/Type mismatch|The program has to end.", "//Original error: 11, Division by zero/Raised in: MBattleCalc::ShowWinPercent/",
              "Run-time error '13':\nType mismatch\nThe program has to end.", "\nPassed on by: MBattleCalc::DisplayResults"}},
         {"none, and a style of the player's choice",
             [&] { QDir(folder_.filePath("catalogue")).removeRecursively(); qputenv("QT_STYLE_OVERRIDE", "windows"); }, "exit", 0,
-            {"first army: Vale Levy", "icon: 128 16 24 256 32 48 64\n", "style: windows"}},
+            {"first army: Vale Levy\nSelect defending armies\nicon: 128 16 24 256 32 48 64\n", "style: windows"}},
         // clang-format on
     };
     for (const auto& c : cases) {

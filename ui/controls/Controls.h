@@ -172,6 +172,9 @@ public:
     explicit ComboBox(std::string toolTip = {}) : Control(std::move(toolTip)) {}
 
     Property<bool> Enabled{*this, true};
+    /// A line that views add to the tooltip, the same for their whole life; empty for none. May hold foreign
+    /// text.
+    std::string Note;
 
     /// Raised when the selection changes, by the user or from code, and by every Pick.
     std::function<void()> Click;

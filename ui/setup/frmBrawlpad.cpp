@@ -3,6 +3,7 @@
 #include "ui/setup/frmBrawlpad.h"
 
 #include "base/Conversion.h"
+#include "base/ForeignText.h"
 #include "engine/MBattleCalc.h"
 #include "model/Terrain.h"
 
@@ -17,6 +18,8 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
              std::initializer_list<Control*>{&cboArmies[side], &lstArmies[side], &sscClearList[side],
                                              &sscDup[side], &txtDup[side], &updDup[side]})
             control->Index = static_cast<int>(side);
+        if (const std::string origin = provider.Origin(); !origin.empty())
+            cboArmies[side].Note = "Units from " + Visible(origin);
         cboArmies[side].Click = [this, side] { cboArmies_Click(side); };
         lstArmies[side].DblClick = [this, side] { lstArmies_DblClick(side); };
         sscClearList[side].Click = [this, side] { sscClearList_Click(side); };
