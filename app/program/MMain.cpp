@@ -3,6 +3,7 @@
 #include "app/program/MMain.h"
 
 #include "app/controls/PlainTexts.h"
+#include "app/program/DisplayWatch.h"
 #include "app/program/ErrorReport.h"
 #include "app/program/FrameStyle.h"
 #include "app/program/ProgramIcon.h"
@@ -19,6 +20,7 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 namespace vorhaven::MMain {
@@ -43,7 +45,9 @@ int Run(const CatalogueProvider& provider) {
 } // namespace
 
 int Main(int argc, char** argv) {
+    std::optional<DisplayWatch> watch{std::in_place};
     QApplication application(argc, argv);
+    watch.reset();
     QApplication::setApplicationName(QStringLiteral("Vorhaven 3 Combat Calculator"));
     QApplication::setApplicationVersion(QStringLiteral(VORHAVEN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral(VORHAVEN_ID));

@@ -41,7 +41,8 @@ protected:
     int Run(const QString& deed) {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        environment.insert("QT_QPA_PLATFORM", platform_);
+        environment.remove("DISPLAY");
         environment.insert("QT_PLUGIN_PATH", VORHAVEN_TEST_PLUGINS);
         environment.insert("QT_QPA_GENERIC_PLUGINS", "hand");
         environment.insert("VORHAVEN_HAND", deed);
@@ -54,6 +55,7 @@ protected:
     }
 
     QTemporaryDir folder_;
+    QString platform_ = "offscreen";
     QString told_;
 };
 
@@ -79,6 +81,7 @@ TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
         {"none, and a style of the player's choice",
             [&] { QDir(folder_.filePath("catalogue")).removeRecursively(); qputenv("QT_STYLE_OVERRIDE", "windows"); }, "exit", 0,
             {"first army: Vale Levy\nSelect defending armies\nicon: 128 16 24 256 32 48 64\n", "style: windows"}},
+        {"no display", [&] { platform_ = "xcb"; }, "exit", 1, {"There is no display on which the window could be shown; start"}},
         // clang-format on
     };
     for (const auto& c : cases) {
