@@ -13,6 +13,7 @@
 #include <exception>
 #include <iostream>
 #include <new>
+#include <string_view>
 
 namespace vorhaven {
 namespace {
@@ -51,9 +52,12 @@ std::function<void(const ErrorReport&)> OnFatalError = ReportAndEnd;
 void ReportAndEnd(const ErrorReport& report) {
     while (QApplication::overrideCursor() != nullptr)
         QApplication::restoreOverrideCursor();
-    Show(report,
-         "The program has to end. Start it again and enter the battle anew; if this happens again, please "
-         "report the details below.");
+    std::string advice = "The program has to end. Start it again and enter the battle anew";
+    if (constexpr std::string_view place = VORHAVEN_REPORTS; place.empty())
+        advice += ". The details below say what happened.";
+    else
+        advice += "; if this happens again, please report the details below at " + std::string(place);
+    Show(report, advice);
     // A run may be waiting further out for this event to end; it must not go on, so nothing is unwound.
     std::_Exit(EXIT_FAILURE);
 }

@@ -49,7 +49,6 @@ int Main(int argc, char** argv) {
     QApplication application(argc, argv);
     watch.reset();
     QApplication::setApplicationName(QStringLiteral("Vorhaven 3 Combat Calculator"));
-    QApplication::setApplicationVersion(QStringLiteral(VORHAVEN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral(VORHAVEN_ID));
     QApplication::setWindowIcon(ProgramIcon());
     InstallPlainTexts();

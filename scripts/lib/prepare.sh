@@ -16,9 +16,9 @@ is_debian() {
   command -v apt-get >/dev/null && command -v dpkg-query >/dev/null
 }
 
-# What another system than Debian has to bring.
+# What a system has to bring, for those whose packages are too old or that have none.
 tell_needs() {
-  echo "Needed are a C++20 compiler (GCC 12, Clang 14 or newer), CMake 3.25, Ninja 1.11, Qt 6.4 (Widgets," \
+  echo "This needs a C++20 compiler (GCC 12, Clang 14 or newer), CMake 3.25, Ninja 1.11, Qt 6.4 (Widgets," \
     "PrintSupport), QCustomPlot for Qt 6, the header csv.h of fast-cpp-csv-parser, and utfcpp; for scripts/test" \
     "also Qt Test, GoogleTest and Google Benchmark." >&2
 }
@@ -59,6 +59,7 @@ require_packages() {
       "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
   } >"$log" 2>&1 || {
     cat "$log" >&2
+    tell_needs
     exit 1
   }
   rm -f "$log"
@@ -72,7 +73,7 @@ configure_preset() {
   log=$(mktemp)
   cmake --preset "$preset" "$@" >"$log" 2>&1 || {
     cat "$log" >&2
-    is_debian || tell_needs
+    tell_needs
     exit 1
   }
   # What CMake warns about is shown; the rest of a good log is not.
