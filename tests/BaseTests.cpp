@@ -15,11 +15,11 @@
 namespace vorhaven::test {
 namespace {
 
-constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t Lowest = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t Highest = std::numeric_limits<std::int32_t>::max();
 
 TEST(Count, ThatDoesNotFitIsAnOverflowAndLeavesTheOldOne) {
-    Long high = highest, low = lowest;
+    Long high = Highest, low = Lowest;
     const std::function<void()> overflows[] = {[&] { high += 1; }, [&] { low -= 1; },
                                                [&] { ++high; },    [&] { --low; },
                                                [&] { high * 2; },  [&] { Long{65536} * 32768; }};
@@ -34,21 +34,21 @@ TEST(Count, ThatDoesNotFitIsAnOverflowAndLeavesTheOldOne) {
 }
 
 TEST(Count, IsAnIndexFromZeroAndTheSizeOfAContainer) {
-    EXPECT_EQ(Long{highest}.Index(), 2147483647U);
+    EXPECT_EQ(Long{Highest}.Index(), 2147483647U);
     EXPECT_EQ(Long{0}.Index(), 0U);
     EXPECT_EQ(ErrorOf([] { return Long{-1}.Index(); }), 9);
     struct Sized {
-        std::size_t count;
-        [[nodiscard]] std::size_t size() const { return count; }
+        std::size_t Count;
+        [[nodiscard]] std::size_t size() const { return Count; }
     };
-    EXPECT_EQ(SizeOf(Sized{2147483647U}), highest);
+    EXPECT_EQ(SizeOf(Sized{2147483647U}), Highest);
     EXPECT_EQ(ErrorOf([] { return SizeOf(Sized{2147483648U}); }), 6);
 }
 
 TEST(Count, WithLimitsIsClampedByEveryWrite) {
     Bounded<2, 5> bounded, fresh;
     EXPECT_EQ(fresh, 0) << "a fresh one is not written yet";
-    for (const auto& [written, read] : {std::pair{lowest, 2}, {1, 2}, {2, 2}, {5, 5}, {6, 5}, {highest, 5}})
+    for (const auto& [written, read] : {std::pair{Lowest, 2}, {1, 2}, {2, 2}, {5, 5}, {6, 5}, {Highest, 5}})
         EXPECT_EQ(bounded = written, read);
     EXPECT_EQ(bounded = Long{fresh}, 2);
 }
@@ -78,7 +78,7 @@ TEST(Conversion, TextBecomesTheNearestCountAndAHalfTheEvenOne) {
          {std::pair{"0", 0}, {"-1", -1}, {"+4", 4}, {" 7 ", 7},
           {".5", 0}, {"2.5", 2}, {"3.5", 4}, {"2.51", 3}, {"-2.5", -2}, {"-3.5", -4},
           {"1e3", 1000}, {"25E-1", 2}, {"1e-999", 0}, {"-1e-999", 0},
-          {"2147483647.4", highest}, {"-2147483648.5", lowest}})
+          {"2147483647.4", Highest}, {"-2147483648.5", Lowest}})
         // clang-format on
         EXPECT_EQ(ToLong(text), count) << text;
 }

@@ -12,8 +12,8 @@ TEST_F(CatalogueFolder, WithAFaultIsRefusedAndNotPassedOver) {
     const std::string file = ExpectedFile, folder = ExpectedFolder;
     // clang-format off
     const struct {
-        std::function<void()> spoil;
-        std::string fault;
+        std::function<void()> Spoil;
+        std::string Fault;
     } cases[] = {
         {[&] { std::filesystem::remove(armies_); }, "armies.csv: found nothing of this name" + file},
         {[&] { std::filesystem::remove(armies_); std::filesystem::create_directory(armies_); }, "armies.csv: found a folder" + file},
@@ -23,8 +23,8 @@ TEST_F(CatalogueFolder, WithAFaultIsRefusedAndNotPassedOver) {
     // clang-format on
     for (const auto& test : cases) {
         Restore();
-        test.spoil();
-        ExpectRefusal(test.fault);
+        test.Spoil();
+        ExpectRefusal(test.Fault);
     }
 }
 

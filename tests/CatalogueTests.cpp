@@ -66,8 +66,8 @@ std::string ContentsOrError(const auto& open) {
 // clang-format off
 TEST(Catalogue, PutsEveryCellInItsColumnHoweverTheFileIsWritten) {
     const struct {
-        const char* reason;
-        Texts texts;
+        const char* Reason;
+        Texts Files;
     } cases[] = {
         {"as it is", ValidTexts},
         {"byte order mark", Changed(A, "id,name", "\xEF\xBB\xBFid,name")},
@@ -78,12 +78,12 @@ TEST(Catalogue, PutsEveryCellInItsColumnHoweverTheFileIsWritten) {
         {"other columns, another order", Changed(P, "", "more,name,code\r\n,Sparks,22\r\nx,\"Frost, \"\"deep\"\"\",-32768\r\n\r\n")},
     };
     for (const auto& test : cases)
-        EXPECT_EQ(ContentsOrError([&] { return Read(test.texts); }),
+        EXPECT_EQ(ContentsOrError([&] { return Read(test.Files); }),
                   "Sparks|Frost, \"deep\"|"
                   "#0|Reeds|c2|c3|#4|#5|#6|#3|#8|#9|#10|c11|c12|c13|c14|c15|c16|ice|#13|c19|c20|c21|#22|#23|"
                   "#1|Kites|12|||#14|#-2147483648|#4|#99|#2147483647|||Undead|Fly|||||#0||||#-1|#0|"
                   "#0|Thane|c2|c3|#4|#5|#6|#7|#8|c9|#1|c11|c12|c13|c14|c15|woods|#-13|")
-            << test.reason;
+            << test.Reason;
 }
 
 TEST(Catalogue, RefusesABrokenFileAndSaysWhereAndWhy) {
@@ -106,8 +106,8 @@ TEST(Catalogue, RefusesABrokenFileAndSaysWhereAndWhy) {
     const std::string o41(41, 'o'), o39e = std::string(39, 'o') + "\u2026";
     const std::size_t rest = MaxFileSize - ValidTexts[P].size();
     const struct {
-        std::size_t file;
-        std::string from, to, where, found, expected;
+        std::size_t File;
+        std::string From, To, Where, Found, Expected;
     } cases[] = {
         {A, "", "", "", "an empty file", header},
         {H, "", "\n \r\n", "", "an empty file", header},
@@ -160,9 +160,9 @@ TEST(Catalogue, RefusesABrokenFileAndSaysWhereAndWhy) {
         {H, "c12", "fy", R"(, line 2, column "movement")", R"("fy")", fly},
     };
     for (const auto& test : cases)
-        EXPECT_EQ(ContentsOrError([&] { return Read(Changed(test.file, test.from, test.to)); }),
-                  "The unit catalogue cannot be used:\n" + FileNames[test.file] + test.where + ": found " +
-                      test.found + ", expected " + test.expected + '.');
+        EXPECT_EQ(ContentsOrError([&] { return Read(Changed(test.File, test.From, test.To)); }),
+                  "The unit catalogue cannot be used:\n" + FileNames[test.File] + test.Where + ": found " +
+                      test.Found + ", expected " + test.Expected + '.');
 }
 
 TEST(Catalogue, TakesTheSizesOfAPowerThatDifferToTheRules) {

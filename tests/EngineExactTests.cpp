@@ -12,14 +12,14 @@ namespace {
 
 using namespace MBattleCalc;
 
-constexpr std::int32_t battles = 200'000;
+constexpr std::int32_t Battles = 200'000;
 
 /// Two sides as TestHost::Bring reads them, the combat die and the city's level; together all the rules.
 const struct Matchup {
     const char *Attackers, *Defenders;
     int Die, City;
     const char* Rules;
-} matchups[] = {
+} Matchups[] = {
     // clang-format off
     {"Strength 6 Hits 2 Turns 5;Strength 8 Turns 2;Strength 4 Hits 3", "Strength 7 Hits 2 Turns 3;Strength 5 Hits 3 Turns 4", 24, 0, "rounds with a die of 24 faces"},
     {"Strength 5 Hits 2 Medals 1;Strength 3 Hits 2 Medals 2;Strength 4", "Strength 4 Hits 2 Medals 3;Strength 2 Hits 3 Medals 4", 20, 0, "medals"},
@@ -50,12 +50,12 @@ void Fight(const Matchup& matchup, Long times) {
 /// the common ones, which are near to normal, z = 4.5 means less than 1 in 100,000.
 void ExpectOdds(const std::map<Row, double>& odds) {
     std::map<Row, double> counts;
-    for (Long battle = 1; battle <= battles; ++battle)
+    for (Long battle = 1; battle <= Battles; ++battle)
         counts[RowOf(battle)] += 1.0;
     double sum = 0.0;
     for (const auto& [row, p] : odds) {
-        const double bound = 4.5 * std::sqrt(battles * p * (1.0 - p)) + 4.5 * 4.5 / 3.0;
-        EXPECT_NEAR(counts[row], battles * p, bound) << testing::PrintToString(row);
+        const double bound = 4.5 * std::sqrt(Battles * p * (1.0 - p)) + 4.5 * 4.5 / 3.0;
+        EXPECT_NEAR(counts[row], Battles * p, bound) << testing::PrintToString(row);
         sum += p;
     }
     EXPECT_NEAR(sum, 1.0, 1e-9);
@@ -64,9 +64,9 @@ void ExpectOdds(const std::map<Row, double>& odds) {
 }
 
 TEST(EngineOdds, BattlesEndAsTheRulesSay) {
-    for (const Matchup& matchup : matchups) {
+    for (const Matchup& matchup : Matchups) {
         SCOPED_TRACE(matchup.Rules);
-        Fight(matchup, battles);
+        Fight(matchup, Battles);
         ExpectOdds(EvaluatedBattle{matchup.Attackers, matchup.Defenders, matchup.Die, matchup.City}.Odds);
     }
 }
@@ -77,7 +77,7 @@ TEST(EngineOdds, BattlesEndAsTheRulesSay) {
 /// sets it anew.
 TEST(EngineOdds, KeepTheirSignature) {
     std::uint64_t hash = 0xCBF29CE484222325U;
-    for (const Matchup& matchup : matchups) {
+    for (const Matchup& matchup : Matchups) {
         Fight(matchup, 2000);
         for (Long battle = 1; battle <= 2000; ++battle)
             for (const std::int32_t cell : RowOf(battle))

@@ -12,14 +12,14 @@ using namespace MBattleCalc;
 
 TEST_F(Engine, HourglassIsSetBackBeforeTheResultsAreShown) {
     Fight("", "", "A D", 2);
-    EXPECT_EQ(host.Shown, "hourglass, bar, stats, 50, events, 50% Completed, events, 100, events, "
-                          "100% Completed, events, pointer, 50%, 2:0.5, 3:0.5, 4:0.5, 5:0.5");
+    EXPECT_EQ(host_.Shown, "hourglass, bar, stats, 50, events, 50% Completed, events, 100, events, "
+                           "100% Completed, events, pointer, 50%, 2:0.5, 3:0.5, 4:0.5, 5:0.5");
 }
 
 TEST_F(Engine, AbortEndsTheRunBeforeItsNextBattleWithoutResultsAndEndsNoOther) {
-    host.OnEvents = [] { AbortRequested = true; };
+    host_.OnEvents = [] { AbortRequested = true; };
     Fight("", "", "A", 3);
-    EXPECT_EQ(host.Shown, "hourglass, bar, stats, 33, events, 33% Completed, events, pointer");
+    EXPECT_EQ(host_.Shown, "hourglass, bar, stats, 33, events, 33% Completed, events, pointer");
     EXPECT_EQ(RowOf(1), (Row{1, 0, 0, 1, 1}));
     EXPECT_EQ(RowOf(2), Row{});
     EXPECT_EQ(RowOf(3), Row{});
@@ -28,7 +28,7 @@ TEST_F(Engine, AbortEndsTheRunBeforeItsNextBattleWithoutResultsAndEndsNoOther) {
 
 TEST_F(Engine, EveryBattleAndEveryRunBeginsAfresh) {
     std::string seen;
-    host.OnStats = [&](CStackAtt& a, CStackAtt& d) { seen += Describe(a) + ' ' + Describe(d); };
+    host_.OnStats = [&](CStackAtt& a, CStackAtt& d) { seen += Describe(a) + ' ' + Describe(d); };
     Fight("Hits 4 Missle 1 Assass 10", "Hits 3 Acid 10", "98% 98% 98% 98%", 2);
     EXPECT_EQ(seen, "10/4 10/3") << "the stacks are shown once";
     for (const Long battle : {1, 2})
@@ -36,14 +36,14 @@ TEST_F(Engine, EveryBattleAndEveryRunBeginsAfresh) {
     Fight(";Hits 2", "", "D D D");
     EXPECT_EQ(RowOf(1), (Row{0, 2, 2, 0, 0}));
     EXPECT_EQ(BattleResults.RowCount(), 1);
-    EXPECT_THAT(host.Shown, testing::EndsWith("pointer, 0%, 2:2, 3:2, 4:0, 5:0"));
+    EXPECT_THAT(host_.Shown, testing::EndsWith("pointer, 0%, 2:2, 3:2, 4:0, 5:0"));
 }
 
 TEST_F(Engine, QuickResultsAreTheirShortestTexts) {
     const struct {
-        std::int32_t battles;
-        Row totals;
-        const char *shown, *reason;
+        std::int32_t Battles;
+        Row Totals;
+        const char *Shown, *Reason;
     } cases[] = {
         // clang-format off
         {1000, {573, 1234, 4500, 2000, 0}, "57.3%, 2:1.234, 3:4.5, 4:2, 5:0", "no zeros at the end"},
@@ -53,12 +53,12 @@ TEST_F(Engine, QuickResultsAreTheirShortestTexts) {
         // clang-format on
     };
     for (const auto& test : cases) {
-        BattleResults.Redimension(test.battles);
+        BattleResults.Redimension(test.Battles);
         for (std::int32_t column = 1; column <= ResultColumn::Last; ++column)
-            BattleResults(test.battles, column) = test.totals.at(static_cast<std::size_t>(column) - 1);
-        host.Shown.clear();
-        DisplayResults(test.battles);
-        EXPECT_EQ(host.Shown, test.shown) << test.reason;
+            BattleResults(test.Battles, column) = test.Totals.at(static_cast<std::size_t>(column) - 1);
+        host_.Shown.clear();
+        DisplayResults(test.Battles);
+        EXPECT_EQ(host_.Shown, test.Shown) << test.Reason;
     }
     BattleResults(1, 3) = BattleResults(2, 3) = std::numeric_limits<std::int32_t>::max();
     EXPECT_THAT([] { DisplayResults(3); },
@@ -67,8 +67,8 @@ TEST_F(Engine, QuickResultsAreTheirShortestTexts) {
 
 TEST_F(Engine, ProgressIsShownEveryHundredthPartAndPumpsAfterBarAndText) {
     const struct {
-        std::int32_t battles, battle;
-        const char *shown, *reason;
+        std::int32_t Battles, Battle;
+        const char *Shown, *Reason;
     } cases[] = {
         {150, 1, "1, events, 1% Completed, events", "every battle of a short run"},
         {150, 150, "100, events, 100% Completed, events", "the last battle"},
@@ -83,9 +83,9 @@ TEST_F(Engine, ProgressIsShownEveryHundredthPartAndPumpsAfterBarAndText) {
         {1, 1, "100, events, 100% Completed, events", "the only battle"},
     };
     for (const auto& test : cases) {
-        host.Shown.clear();
-        ShowProgress(test.battles, test.battle);
-        EXPECT_EQ(host.Shown, test.shown) << test.reason;
+        host_.Shown.clear();
+        ShowProgress(test.Battles, test.Battle);
+        EXPECT_EQ(host_.Shown, test.Shown) << test.Reason;
     }
 }
 
@@ -97,10 +97,10 @@ TEST_F(Engine, ResultsOutsideTheTableAreErrors) {
 
 TEST_F(Engine, NumbersOfBattlesThatNoRunCanHaveAreErrors) {
     EXPECT_THAT(
-        [this] { Add(host, 0, 20, false, 0); },
+        [this] { Add(host_, 0, 20, false, 0); },
         Raises(11, {"MBattleCalc::ShowWinPercent", "MBattleCalc::DisplayResults", "MBattleCalc::Add"}));
     EXPECT_EQ(ErrorOf([] { return BattleResults(1, 1); }), 9);
-    EXPECT_THAT([this] { Add(host, -1, 20, false, 0); }, Raises(9, {"MBattleCalc::Add"}));
+    EXPECT_THAT([this] { Add(host_, -1, 20, false, 0); }, Raises(9, {"MBattleCalc::Add"}));
 }
 
 } // namespace

@@ -32,47 +32,47 @@ TEST(Army, HitsAndStrengthsAreClampedByEveryWriteAndStartHitsComeBack) {
     EXPECT_EQ(army.Hits, 4);
 }
 
-constexpr auto blessed = &ArmyEntry::IsBlessed, poisoned = &ArmyEntry::IsPoisoned,
-               diseased = &ArmyEntry::IsDiseased, smith = &ArmyEntry::IsBlacksmith,
-               master = &ArmyEntry::IsWeaponsmaster;
+constexpr auto Blessed = &ArmyEntry::IsBlessed, Poisoned = &ArmyEntry::IsPoisoned,
+               Diseased = &ArmyEntry::IsDiseased, Blacksmith = &ArmyEntry::IsBlacksmith,
+               Weaponsmaster = &ArmyEntry::IsWeaponsmaster;
 
 TEST(ArmyList, StrengthAndHitsComeFromCatalogueAndConditions) {
     const struct {
-        std::int32_t strength, hits, bonus;
-        const char* terrain;
-        std::vector<bool ArmyEntry::*> conditions;
-        const char* values;
+        std::int32_t Strength, Hits, Bonus;
+        const char* Terrain;
+        std::vector<bool ArmyEntry::*> Conditions;
+        const char* Values;
         /// What is left of poison and disease.
-        bool isPoisoned, isDiseased;
-        const char* reason;
+        bool IsPoisoned, IsDiseased;
+        const char* Reason;
     } cases[] = {
         // clang-format off
         {5, 2, 2, "Field", {}, "2 0 5 5", false, false, "no bonus elsewhere, nor for another spelling"},
-        {5, 2, 2, "Field", {smith}, "2 0 6 6", false, false, "a blacksmith adds to the base strength"},
-        {5, 2, 2, "Field", {master}, "3 0 5 5", false, false, "a weaponsmaster adds a hit"},
-        {5, 2, 2, "field", {smith, blessed, poisoned, diseased}, "2 0 9 6", false, false, "a blessing cures"},
-        {1, 1, 0, "Field", {poisoned, diseased}, "1 0 1 1", true, true, "neither goes below 1"},
-        {5, 4, 0, "Field", {master, diseased}, "3 0 5 5", false, true, "4 hits at most, before the disease"},
-        {5, 0, 0, "Field", {master}, "2 0 5 5", false, false, "1 hit at least, before the weaponsmaster"},
-        {13, 1, 2, "field", {poisoned}, "1 0 13 13", true, false, "strength is 14 at most, before the poison"},
-        {5, 1, -9, "field", {blessed}, "1 0 2 5", false, false, "strength is 1 at least, before the blessing"},
-        {0, 1, 0, "Field", {smith}, "1 0 2 2", false, false, "base strength is 1 at least, before the blacksmith"},
+        {5, 2, 2, "Field", {Blacksmith}, "2 0 6 6", false, false, "a blacksmith adds to the base strength"},
+        {5, 2, 2, "Field", {Weaponsmaster}, "3 0 5 5", false, false, "a weaponsmaster adds a hit"},
+        {5, 2, 2, "field", {Blacksmith, Blessed, Poisoned, Diseased}, "2 0 9 6", false, false, "a blessing cures"},
+        {1, 1, 0, "Field", {Poisoned, Diseased}, "1 0 1 1", true, true, "neither goes below 1"},
+        {5, 4, 0, "Field", {Weaponsmaster, Diseased}, "3 0 5 5", false, true, "4 hits at most, before the disease"},
+        {5, 0, 0, "Field", {Weaponsmaster}, "2 0 5 5", false, false, "1 hit at least, before the weaponsmaster"},
+        {13, 1, 2, "field", {Poisoned}, "1 0 13 13", true, false, "strength is 14 at most, before the poison"},
+        {5, 1, -9, "field", {Blessed}, "1 0 2 5", false, false, "strength is 1 at least, before the blessing"},
+        {0, 1, 0, "Field", {Blacksmith}, "1 0 2 2", false, false, "base strength is 1 at least, before the blacksmith"},
         // clang-format on
     };
     ListHost host;
     for (const auto& test : cases) {
-        SCOPED_TRACE(test.reason);
-        ArmyEntry entry = Plain(test.strength, test.hits);
-        entry.CBName = test.terrain;
-        entry.CBValue = test.bonus;
-        for (const auto condition : test.conditions)
+        SCOPED_TRACE(test.Reason);
+        ArmyEntry entry = Plain(test.Strength, test.Hits);
+        entry.CBName = test.Terrain;
+        entry.CBValue = test.Bonus;
+        for (const auto condition : test.Conditions)
             entry.*condition = true;
         CAttackArmies armies{host};
         const CArmy& army = *armies.Add(entry, "");
-        EXPECT_EQ(Checked(army), test.values);
+        EXPECT_EQ(Checked(army), test.Values);
         EXPECT_EQ(army.Blessed, entry.IsBlessed);
-        EXPECT_EQ(army.Poisoned, test.isPoisoned);
-        EXPECT_EQ(army.Diseased, test.isDiseased);
+        EXPECT_EQ(army.Poisoned, test.IsPoisoned);
+        EXPECT_EQ(army.Diseased, test.IsDiseased);
     }
     ArmyEntry nobody;
     nobody.Name = "None";
@@ -110,9 +110,9 @@ TEST(ArmyList, HeroIsEditedBeforeItIsStoredAndKeepsItsOwnPowers) {
         hero.StartStrength = 9;
     };
     ArmyEntry entry = Plain(5, 2);
-    entry.UnitID = ListHost::armyTypes - 1;
+    entry.UnitID = ListHost::ArmyTypes - 1;
     EXPECT_FALSE(armies.Add(entry, "")->IsHero);
-    entry.UnitID = ListHost::armyTypes;
+    entry.UnitID = ListHost::ArmyTypes;
     entry.PowerType = 2;
     entry.PowerValue = 8;
     entry.IsPoisoned = entry.IsBlacksmith = true;
@@ -188,7 +188,7 @@ TEST(Stack, TakesTheBestOfSixPowersTheSumOfThreeAndTheCityForTheDefender) {
 
 TEST(Stack, BandingArmiesOfOneNameStrengthenEachOther) {
     const struct {
-        const char *armies, *described, *reason;
+        const char *Armies, *Described, *Reason;
     } cases[] = {
         // clang-format off
         {"Banding 1 Size 1;Banding 1 Size 1;Banding 1 Size 1", "7/3 7/3 7/3", "the number of the others, if more"},
@@ -201,9 +201,9 @@ TEST(Stack, BandingArmiesOfOneNameStrengthenEachOther) {
         // clang-format on
     };
     for (const auto& test : cases) {
-        CStackAtt stack = StackOf(test.armies);
+        CStackAtt stack = StackOf(test.Armies);
         stack.CountSelfPowers(Side::Attacker, 0);
-        EXPECT_EQ(Describe(stack), test.described) << test.reason;
+        EXPECT_EQ(Describe(stack), test.Described) << test.Reason;
     }
 }
 

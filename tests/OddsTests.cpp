@@ -108,7 +108,7 @@ void ExpectSolved(const Battle& battle) {
     }
 }
 
-const std::vector<Battle> stories{
+const std::vector<Battle> Stories{
     // A disease takes a hit that a new stack gives back no more, and later stacks are not diseased
     {"Disease 9 Strength 4 Turns 3/Strength 5;Strength 3/Strength 6", "Strength 6 Hits 4;Strength 5 Hits 1"},
     {"Strength 5 Hits 3/Strength 4 Hits 2", "Disease 7 Hits 2;Strength 6 Hits 3"},
@@ -130,7 +130,7 @@ const std::vector<Battle> stories{
      "Banding 1 Size 4 Strength 12;Siege 9 Strength 1", 18}};
 
 TEST(BattleOddsTest, AgreeWithTheSolver) {
-    for (const Battle& battle : stories)
+    for (const Battle& battle : Stories)
         ExpectSolved(battle);
 }
 

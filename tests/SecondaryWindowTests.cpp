@@ -12,21 +12,21 @@ namespace {
 using MBattleCalc::BattleResults;
 
 /// The editor's fields in the order in which they are stored, and a hero's numbers from the third one on.
-const std::vector<std::string> fields =
+const std::vector<std::string> Fields =
     Split("Strength Hits Leadership Morale Fortification Chaos Fear Siege Assass Missle Curse Acid Lightning "
           "Trample",
           ' ');
-constexpr std::array numbers{&CArmy::Leadership, &CArmy::Morale, &CArmy::Fortify,   &CArmy::Chaos,
-                             &CArmy::Fear,       &CArmy::Siege,  &CArmy::Assass,    &CArmy::Missle,
-                             &CArmy::Curse,      &CArmy::Acid,   &CArmy::Lightning, &CArmy::Trample};
+constexpr std::array EditedNumbers{&CArmy::Leadership, &CArmy::Morale, &CArmy::Fortify,   &CArmy::Chaos,
+                                   &CArmy::Fear,       &CArmy::Siege,  &CArmy::Assass,    &CArmy::Missle,
+                                   &CArmy::Curse,      &CArmy::Acid,   &CArmy::Lightning, &CArmy::Trample};
 
 /// An editor on a hero of strength 6 with 3 hits, who has 42, 43, ... of everything else.
 struct Editor {
     Editor() {
         Army.StartStrength = 6;
         Army.Hits = 3;
-        for (std::size_t i = 0; i < numbers.size(); ++i)
-            Army.*numbers[i] = static_cast<std::int32_t>(i) + 42;
+        for (std::size_t i = 0; i < EditedNumbers.size(); ++i)
+            Army.*EditedNumbers[i] = static_cast<std::int32_t>(i) + 42;
         Window.Hero = &Army;
         Toolkit.OnEvents = [this] { Seen += "events "; };
         Window.Form_Load();
@@ -38,7 +38,7 @@ struct Editor {
     }
     std::string Screen() {
         std::string screen;
-        for (const std::string& name : fields) {
+        for (const std::string& name : Fields) {
             EXPECT_EQ(Field(name).lbl.Caption.Get(), (name == "Assass" ? "Assassination" : name) + ":");
             screen += Field(name).txt.Text() + " ";
         }
@@ -46,7 +46,7 @@ struct Editor {
     }
     std::string Record() const {
         std::string record = Joined({Army.StartStrength, Army.Hits}) + " ";
-        for (const auto number : numbers)
+        for (const auto number : EditedNumbers)
             record += ToText(Army.*number) + " ";
         return record;
     }
@@ -79,18 +79,18 @@ TEST(HeroEditor, BeginsWithTheRecordAndLeadershipOneAndStoresWhatIsTyped) {
     editor.Window.cmdProceed.Press();
     EXPECT_EQ(editor.Record(), "6 3 1 43 44 45 9 47 48 49 50 51 52 53 ");
     EXPECT_EQ(editor.Seen, "closed events ");
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        editor.Field(fields[i]).txt.SetText("-7" + std::to_string(i) + ".5");
+    for (std::size_t i = 0; i < Fields.size(); ++i)
+        editor.Field(Fields[i]).txt.SetText("-7" + std::to_string(i) + ".5");
     editor.Window.cmdProceed.Press();
     EXPECT_EQ(editor.Record(), "1 1 -72 -74 -74 -76 -76 -78 -78 -80 -710 -712 -712 -714 ");
 }
 
 TEST(HeroEditor, TextThatIsNoNumberStoresTheFieldsBeforeIt) {
-    for (std::size_t bad = 0; bad < fields.size(); ++bad) {
+    for (std::size_t bad = 0; bad < Fields.size(); ++bad) {
         Editor editor;
         std::string expected;
-        for (std::size_t i = 0; i < fields.size(); ++i) {
-            editor.Field(fields[i]).txt.SetText(i == bad ? bad == 5 ? "" : "2x" : "2");
+        for (std::size_t i = 0; i < Fields.size(); ++i) {
+            editor.Field(Fields[i]).txt.SetText(i == bad ? bad == 5 ? "" : "2x" : "2");
             expected += (i < bad ? "2" : std::to_string(i == 0 ? 6 : i == 1 ? 3 : i + 40)) + " ";
         }
         EXPECT_THAT([&] { editor.Window.cmdProceed.Press(); },

@@ -41,7 +41,7 @@ struct Look {
 };
 
 /// By menu item; the medals are none of them.
-constexpr std::array<bool HealthRow::*, 8> conditions{
+constexpr std::array<bool HealthRow::*, 8> Conditions{
     nullptr, &HealthRow::Blessed,    &HealthRow::Diseased,      &HealthRow::Poisoned,
     nullptr, &HealthRow::Blacksmith, &HealthRow::Weaponsmaster, &HealthRow::Flying};
 
@@ -102,13 +102,13 @@ struct Rules : Look {
             ailing = ailing || list.At(line).Health.Diseased || list.At(line).Health.Poisoned;
         }
         for (const std::size_t item : {1U, 2U, 3U, 5U, 6U, 7U})
-            Checked[item] = list.At(list.Current).Health.*conditions[item];
+            Checked[item] = list.At(list.Current).Health.*Conditions[item];
         Disabled = {false, ailing, blessed, blessed};
     }
     static void Mark(Lines& list, std::size_t item, std::int16_t value) {
         for (const int place : list.Selected()) {
             auto& [entry, selected, health] = list.At(place);
-            (item == 4 ? health.Medals = value : health.*conditions[item] = value != 0);
+            (item == 4 ? health.Medals = value : health.*Conditions[item] = value != 0);
             if (value != 0 && !entry.Text.ends_with('*'))
                 entry.Text += " *";
             else if (health == HealthRow{} && entry.Text.ends_with(" *"))

@@ -25,7 +25,7 @@ TEST_F(Engine, RunWhoseResultsDoNotFitIntoMemoryIsAnError) {
     narrow.rlim_cur = rlim_t{4} << 30U;
 #endif
     ASSERT_EQ(setrlimit(RLIMIT_AS, &narrow), 0);
-    EXPECT_THAT([this] { Add(host, std::numeric_limits<std::int32_t>::max(), 20, false, 0); },
+    EXPECT_THAT([this] { Add(host_, std::numeric_limits<std::int32_t>::max(), 20, false, 0); },
                 Raises(7, {"MBattleCalc::Add"}));
     EXPECT_EQ(setrlimit(RLIMIT_AS, &before), 0);
     EXPECT_EQ(BattleResults.RowCount(), 0);

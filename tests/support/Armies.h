@@ -85,13 +85,13 @@ inline ArmyEntry Plain(Long strength, Long hits = 1, Long turns = 1) {
 
 /// The window of an army list: six army types and a defender in the field.
 struct ListHost final : ArmyListHost {
-    static constexpr std::int32_t armyTypes = 6;
+    static constexpr std::int32_t ArmyTypes = 6;
 
-    [[nodiscard]] Long NumArmies() const override { return armyTypes; }
-    [[nodiscard]] const std::string& Terrain() const override { return terrain; }
+    [[nodiscard]] Long NumArmies() const override { return ArmyTypes; }
+    [[nodiscard]] const std::string& Terrain() const override { return CurrentTerrain; }
     void EditHero(CArmy& hero) override { OnHero(hero); }
 
-    std::string terrain = "field";
+    std::string CurrentTerrain = "field";
     std::function<void(CArmy&)> OnHero = [](CArmy&) {};
 };
 

@@ -68,15 +68,15 @@ protected:
     /// Fights with the given draws, and shows the stacks of the first battle.
     void Fight(const std::string& attackers, const std::string& defenders, const std::string& draws,
                Long battles = 1, Long city = 0) {
-        host.Clear();
-        host.Bring(attackers, defenders);
-        host.Shown.clear();
+        host_.Clear();
+        host_.Bring(attackers, defenders);
+        host_.Shown.clear();
         const Script script{draws};
-        MBattleCalc::Add(host, battles, 20, true, city);
-        host.OnStats = [](CStackAtt&, CStackAtt&) {};
+        MBattleCalc::Add(host_, battles, 20, true, city);
+        host_.OnStats = [](CStackAtt&, CStackAtt&) {};
     }
 
-    TestHost host;
+    TestHost host_;
 };
 
 } // namespace vorhaven::test

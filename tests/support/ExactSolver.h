@@ -52,7 +52,7 @@ private:
             side.push_back({a->TotalStrength.Value(), a->Hits.Value(), a->Turns.Value(), a->HasMedal.Value(),
                             a->Trample.Value(), a->Acid.Value(), a->Lightning.Value(), a->Assass.Value(),
                             a->Missle.Value(), a->Warding.Value(), 0,
-                            a->IsFlying || a->UnitID == TestHost::flyingType, false, a == stack.rbegin()});
+                            a->IsFlying || a->UnitID == TestHost::FlyingType, false, a == stack.rbegin()});
     }
 
     /// The chance that one army wins a round: one of its dice hits, and all of the other's miss.

@@ -15,7 +15,7 @@ namespace vorhaven::test {
 /// types and two hero types, of which types 1 and 7 fly (army type 2's movement only looks like it).
 class QuietHost : public MBattleCalc::BattleHost {
 public:
-    static constexpr std::int32_t flyingType = 1;
+    static constexpr std::int32_t FlyingType = 1;
 
     /// Adds armies described by a text as Give reads it: armies between semicolons, of strength 10, 1 hit and
     /// 1 turn where it says nothing; a slash begins the next attacking stack.
