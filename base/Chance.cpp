@@ -9,7 +9,7 @@
 namespace vorhaven {
 
 double ShareOf(const Chance& chance) {
-    return chance.For / (chance.For + chance.Against);
+    return chance.For > 0.0 ? chance.For / (chance.For + chance.Against) : 0.0;
 }
 
 std::string PointsInWords(double points) {

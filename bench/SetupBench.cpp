@@ -26,6 +26,8 @@ public:
     void ShowModal(frmHero& /*window*/) override {}
     void ShowModal(frmStats& /*window*/) override {}
     void Show(frmMoreResults& /*window*/) override {}
+    void Show(frmAdvice& /*window*/) override {}
+    void WhenIdle(std::function<bool()> /*work*/) override {}
 };
 
 double Median(std::vector<double> values) {

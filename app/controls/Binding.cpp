@@ -93,6 +93,8 @@ void ShowEntries(QComboBox& widget, const ComboBox& control) {
     const QSignalBlocker blocker(widget);
     widget.setEnabled(control.Enabled);
     const auto& items = control.Items();
+    while (widget.count() > static_cast<int>(items.size()))
+        widget.removeItem(widget.count() - 1);
     for (int i = widget.count(); i < static_cast<int>(items.size()); ++i)
         widget.addItem(ToQt(items[static_cast<std::size_t>(i)].Text));
     widget.setCurrentIndex(ToQt(control.ListIndex()));
@@ -177,7 +179,15 @@ void Bind(QPushButton& widget, Button& control) {
             button.window()->setFocus();
         button.setEnabled(model.Enabled);
         button.setText(ToQt(model.Caption));
+        if (!model.CaptionInWords.Get().empty())
+            button.setAccessibleName(ToQt(model.CaptionInWords));
+        // Without a parent it would come up as a window of its own.
+        if (!model.Visible || (button.isHidden() && button.parentWidget() != nullptr))
+            button.setVisible(model.Visible);
     });
+    QSizePolicy policy = widget.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget.setSizePolicy(policy);
     // Enter presses the focused button, in every kind of window.
     widget.setAutoDefault(true);
     QObject::connect(&widget, &QPushButton::clicked, &widget, [&widget, &control] {

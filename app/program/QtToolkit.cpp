@@ -2,9 +2,11 @@
 
 #include "app/program/QtToolkit.h"
 
+#include "app/advice/AdviceView.h"
 #include "app/controls/Binding.h"
 #include "app/controls/OwnNames.h"
 #include "app/hero/HeroView.h"
+#include "app/program/ErrorReport.h"
 #include "app/results/MoreResultsView.h"
 #include "app/results/StatsView.h"
 #include "app/setup/MainView.h"
@@ -83,12 +85,27 @@ QtToolkit::QtToolkit() {
     QApplication::setKeyboardInputInterval(LetterInterval);
     InstallOwnNames();
     sinceEvents_.start();
+    QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] {
+        RunOutermost([this] {
+            // The work may be given other work meanwhile.
+            const auto work = work_;
+            idle_.stop();
+            if (work())
+                idle_.start(0);
+        });
+    });
 }
 
 QtToolkit::~QtToolkit() = default;
 
 void QtToolkit::Show(MainView& view, frmBrawlpad& pad) {
     mainView_ = &view;
+    // The windows beside it go before their models, which end with the main window's.
+    QObject::connect(&view, &QObject::destroyed, &idle_, [this] {
+        idle_.stop();
+        adviceView_.reset();
+        moreResultsView_.reset();
+    });
     Load(view, pad);
     view.show();
     new FrameWatcher(view, [this, &view, &pad] { Fit(view, pad); });
@@ -177,15 +194,35 @@ void QtToolkit::Show(frmMoreResults& window) {
         KeepWith(view, window.Unloading.Connect([&view] { view.close(); }));
         Load(view, window);
     } else {
-        // The view stays where the user has put it, unless its screen is gone.
         window.Form_Load();
-        if (QGuiApplication::screenAt(moreResultsView_->geometry().center()) == nullptr)
-            Fit(*moreResultsView_, window);
     }
-    moreResultsView_->setWindowState(moreResultsView_->windowState() & ~Qt::WindowMinimized);
-    moreResultsView_->show();
-    moreResultsView_->raise();
-    moreResultsView_->activateWindow();
+    BringUp(*moreResultsView_, window);
+}
+
+void QtToolkit::Show(frmAdvice& window) {
+    if (adviceView_ == nullptr) {
+        adviceView_ = std::make_unique<AdviceView>(window);
+        AdviceView& view = *adviceView_;
+        KeepWith(view, window.Unloading.Connect([&view] { view.close(); }));
+        Load(view, window);
+    }
+    BringUp(*adviceView_, window);
+}
+
+void QtToolkit::BringUp(QWidget& view, Form& window) {
+    // The view stays where the user has put it, unless its screen is gone.
+    if (QGuiApplication::screenAt(view.geometry().center()) == nullptr)
+        Fit(view, window);
+    view.setWindowState(view.windowState() & ~Qt::WindowMinimized);
+    view.show();
+    view.raise();
+    view.activateWindow();
+}
+
+void QtToolkit::WhenIdle(std::function<bool()> work) {
+    work_ = std::move(work);
+    // A timer without an interval goes off when no event waits.
+    idle_.start(0);
 }
 
 } // namespace vorhaven

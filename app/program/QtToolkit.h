@@ -7,6 +7,7 @@
 
 #include <QElapsedTimer>
 #include <QPointer>
+#include <QTimer>
 
 #include <memory>
 
@@ -16,6 +17,7 @@ class QWidget;
 
 namespace vorhaven {
 
+class AdviceView;
 class MainView;
 class MoreResultsView;
 class frmBrawlpad;
@@ -43,9 +45,13 @@ public:
     void ShowModal(frmHero& window) override;
     void ShowModal(frmStats& window) override;
     void Show(frmMoreResults& window) override;
+    void Show(frmAdvice& window) override;
+    void WhenIdle(std::function<bool()> work) override;
 
 private:
     [[nodiscard]] QRect UsableScreen() const;
+    /// Brings a view beside the main window to the front; onto a screen again, if its own is gone.
+    void BringUp(QWidget& view, Form& window);
     /// Loads a window and puts its view where the window wants to be.
     void Load(QWidget& view, Form& window);
     /// Gives a view as much of its preferred size as the screen has, and puts it where its window then
@@ -56,6 +62,9 @@ private:
     AutoRepeatFilter autoRepeatFilter_;
     QPointer<QWidget> mainView_;
     std::unique_ptr<MoreResultsView> moreResultsView_;
+    std::unique_ptr<AdviceView> adviceView_;
+    QTimer idle_;
+    std::function<bool()> work_;
     QElapsedTimer sinceEvents_;
     bool isSecondStep_ = false;
 };

@@ -22,6 +22,7 @@ public:
 
     /// The widgets that take the focus, in the order in which the eye meets them.
     [[nodiscard]] const QList<QWidget*>& Tabs() const { return tabs_; }
+    [[nodiscard]] ArmyListView* List() const { return list_; }
     /// Where a menu that was asked for on the list belongs.
     [[nodiscard]] QPoint MenuPosition() const { return menuPosition_; }
 

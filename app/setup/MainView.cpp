@@ -8,6 +8,7 @@
 #include "app/controls/Scroller.h"
 #include "app/program/ErrorReport.h"
 #include "app/program/Shade.h"
+#include "app/setup/ArmyListView.h"
 #include "app/setup/ArmyPanel.h"
 #include "app/setup/OddsView.h"
 #include "app/setup/QuickResultsView.h"
@@ -79,7 +80,9 @@ QWidget* MainView::MakeMiddle() {
     auto* const rows = new QVBoxLayout(contents);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(MakeSettings());
-    rows->addWidget(new OddsView(pad_->OddsFrame, compact_));
+    auto* const odds = new OddsView(*pad_, pad_->OddsFrame, compact_);
+    rows->addWidget(odds);
+    middleTabs_ += odds->Tabs();
     auto* const middle = new QWidget;
     auto* const layout = new QVBoxLayout(middle);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -236,6 +239,13 @@ void MainView::MakeShortcuts() {
     KeepWith(*this, pad_->ReadOut.Connect([this](const std::string& words) {
         announcer_->Say(QString::fromStdString(words));
     }));
+    connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this,
+            [this] { RunOutermost([this] { pad_->GoToAdvice(); }); });
+    KeepWith(*this, pad_->ComeToFrontRequested.Connect([this] { ComeToFront(); }));
+    KeepWith(*this, pad_->GoToListRequested.Connect([this](Side side) {
+        ComeToFront();
+        armies_[side]->List()->setFocus(Qt::OtherFocusReason);
+    }));
     // A field's own undo would go behind the window's, which has the field's changes too.
     for (QLineEdit* edit : findChildren<QLineEdit*>())
         edit->installEventFilter(this);
@@ -250,6 +260,12 @@ bool MainView::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void MainView::ComeToFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
 }
 
 void MainView::MakeSettling() {

@@ -33,6 +33,7 @@ private:
     void FollowRuns(ColumnScroller& middle);
     [[nodiscard]] QLayout* MakeRunButtons();
     [[nodiscard]] QWidget* MakeButton(Button& control);
+    void ComeToFront();
     void MakeSettling();
     void MakeShortcuts();
     void MakeStatusBar();

@@ -4,78 +4,17 @@
 
 #include "app/controls/BoundWidgets.h"
 #include "app/program/Shade.h"
-#include "app/program/SideColours.h"
+#include "app/setup/OddsBar.h"
 #include "app/setup/Room.h"
 
 #include <QGridLayout>
-#include <QPainter>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace vorhaven {
 namespace {
-
-/// Both sides' chances as the two parts of a bar, with a mark at the half.
-class OddsBar final : public QWidget {
-public:
-    explicit OddsBar(const OddsPanel& panel) : panel_(&panel) {
-        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    }
-
-    [[nodiscard]] QSize sizeHint() const override { return {0, fontMetrics().height() + MarkHeight}; }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
-        QPainter painter(this);
-        const QColor line =
-            Shaded(palette().color(QPalette::WindowText), palette().color(QPalette::Window), Shade::ListLine);
-        const QRect bar = rect().adjusted(0, 0, -1, -1 - MarkHeight);
-        const int half = bar.center().x();
-        painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawLine(half, bar.bottom() + 2, half, bar.bottom() + MarkHeight);
-        if (const auto share = panel_->AttackerShare()) {
-            const int width = qRound(*share * bar.width());
-            const int gap = width > 0 && width < bar.width() ? 1 : 0;
-            Fill(painter, {bar.left(), bar.top(), width - gap, bar.height()}, 0);
-            Fill(painter, {bar.left() + width + gap, bar.top(), bar.width() - width - gap, bar.height()}, 1);
-        }
-        painter.setPen(line);
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(bar);
-    }
-
-private:
-    static constexpr int MarkHeight = 4;
-
-    void Fill(QPainter& painter, QRect part, int side) const {
-        // The attacker's part stands where the attacker's column does.
-        if (layoutDirection() == Qt::RightToLeft)
-            part.moveLeft(width() - 1 - part.right());
-        painter.fillRect(part, SideColour(side, palette()));
-    }
-
-    const OddsPanel* panel_;
-};
-
-/// A small square in a side's colour.
-class ColourKey final : public QWidget {
-public:
-    explicit ColourKey(int side) : side_(side) { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
-
-    [[nodiscard]] QSize sizeHint() const override {
-        const int size = fontMetrics().height() * 6 / 10;
-        return {size, size};
-    }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
-        QPainter(this).fillRect(rect(), SideColour(side_, palette()));
-    }
-
-private:
-    int side_;
-};
 
 // The columns of the table: one of captions, and of figures two for each side.
 constexpr int FirstFigure = 1;
@@ -91,20 +30,17 @@ QWidget* MakeRule() {
 
 } // namespace
 
-OddsView::OddsView(OddsPanel& panel, bool compact) : panel_(&panel), compact_(compact) {
+OddsView::OddsView(Form& form, OddsPanel& panel, bool compact)
+    : form_(&form), panel_(&panel), compact_(compact) {
     Bind(*this, panel.fraOdds);
     auto* const bar = new OddsBar(panel);
-    KeepWith(*bar, panel.fraOdds.Changed.Connect([bar] { bar->update(); }));
-    KeepWith(*bar, panel.lblSentence.Changed.Connect([bar, &panel] {
-        bar->setAccessibleName(QString::fromStdString(panel.lblSentence.Caption));
-        bar->setToolTip(bar->accessibleName());
-    }));
     auto* const state = Make<QLabel>(panel.lblState);
     state->setWordWrap(true);
     state->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     // Room for two lines, so that nothing moves when the text changes.
     state->setFixedHeight(2 * state->fontMetrics().lineSpacing());
     SetShade(*state, Shade::Quiet);
+    KeepWith(*state, panel.lblState.Changed.Connect([state] { state->setToolTip(state->text()); }));
 
     auto* const layout = new QVBoxLayout(this);
     if (compact)
@@ -112,7 +48,31 @@ OddsView::OddsView(OddsPanel& panel, bool compact) : panel_(&panel), compact_(co
     layout->addLayout(MakeChances());
     layout->addWidget(bar);
     layout->addLayout(MakeLosses());
-    layout->addWidget(state);
+    layout->addLayout(MakeBestOrder());
+    auto* const last = new QHBoxLayout;
+    last->setSpacing(SideBySideGap);
+    last->addWidget(state, 1);
+    last->addWidget(advice_, 0, Qt::AlignTop);
+    layout->addLayout(last);
+}
+
+QLayout* OddsView::MakeBestOrder() {
+    auto* const best = Make<QLabel>(panel_->lblBestOrder);
+    best->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    useIt_ = MakeFocusable<QPushButton>(*form_, panel_->cmdUseIt);
+    advice_ = MakeFocusable<QPushButton>(*form_, panel_->cmdAdvice);
+    const int width = std::max(useIt_->sizeHint().width(), advice_->sizeHint().width());
+    for (QPushButton* button : {useIt_, advice_})
+        button->setFixedWidth(width);
+    auto* const layout = new QHBoxLayout;
+    layout->setSpacing(SideBySideGap);
+    layout->addWidget(best, 1);
+    layout->addWidget(useIt_);
+    return layout;
+}
+
+QList<QWidget*> OddsView::Tabs() const {
+    return {useIt_, advice_};
 }
 
 QLayout* OddsView::MakeChances() {

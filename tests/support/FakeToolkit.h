@@ -31,7 +31,15 @@ struct FakeToolkit final : Toolkit {
     void ShowModal(frmHero& window) override { window.Form_Load(), OnHero(window); }
     void ShowModal(frmStats& window) override { window.Form_Load(), OnStats(window); }
     void Show(frmMoreResults& window) override { window.Form_Load(), OnMoreResults(window); }
+    void Show(frmAdvice& window) override { window.Form_Load(), window.SetSeen(true); }
+    void WhenIdle(std::function<bool()> work) override { Work = std::move(work); }
+    /// Has nothing else to do, until all work is done.
+    void BeIdle() const {
+        while (Work && Work()) {
+        }
+    }
 
+    std::function<bool()> Work;
     bool Busy = false;
     std::string Clipboard;
     std::string Message;

@@ -46,6 +46,13 @@ void ComboBox::AddItem(std::string text, Long datum, std::vector<std::string> de
     Changed.Raise();
 }
 
+void ComboBox::Clear() {
+    items_.clear();
+    details_.clear();
+    listIndex_ = -1;
+    Changed.Raise();
+}
+
 void ComboBox::SetListIndex(Long index) {
     if (index < -1 || index >= SizeOf(items_))
         throw RunTimeError{ErrorNumber::InvalidCall};

@@ -44,10 +44,14 @@ public:
 
     Property<std::string> Caption;
     Property<bool> Enabled{*this, true};
+    /// A hidden button keeps its place.
+    Property<bool> Visible{*this, true};
+    /// What a screen reader calls the button; its caption where it is empty.
+    Property<std::string> CaptionInWords{*this, {}};
     std::function<void()> Click;
 
     void Press() {
-        if (Enabled)
+        if (Enabled && Visible)
             Raise(Click);
     }
 };
@@ -181,6 +185,8 @@ public:
 
     /// `details`: what is told about the entry beside its text, for the view to show quietly in columns.
     void AddItem(std::string text, Long datum = 0, std::vector<std::string> details = {});
+    /// Removes all entries; none is selected then.
+    void Clear();
     [[nodiscard]] const std::vector<ListEntry>& Items() const { return items_; }
     [[nodiscard]] const std::vector<std::string>& Details(std::size_t item) const {
         return details_.at(item);

@@ -37,8 +37,13 @@ public:
     std::array<Label, 4> lblColumn{Label{"armies"}, Label{"turns"}, Label{"armies"}, Label{"turns"}};
     std::array<Row, 3> Rows{MakeRow("Overall"), MakeRow("When the attacker wins"),
                             MakeRow("When the defender wins")};
+    /// What the best order of the attackers comes to, and the button that puts them into it: hidden while
+    /// there is none to use.
+    Label lblBestOrder;
+    Button cmdUseIt{"&Use It", "Put the attacking armies into their best order"};
     /// What the figures are of, or why there are none.
     Label lblState;
+    Button cmdAdvice{"Ad&vice...", "See what each army is worth, and what would win more"};
 
     /// The attacker's part of the bar, 0 to 1; nothing without odds.
     [[nodiscard]] std::optional<double> AttackerShare() const { return attackerShare_; }

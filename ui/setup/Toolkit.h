@@ -4,10 +4,12 @@
 
 #include "ui/controls/Form.h"
 
+#include <functional>
 #include <string>
 
 namespace vorhaven {
 
+class frmAdvice;
 class frmHero;
 class frmMoreResults;
 class frmStats;
@@ -22,6 +24,11 @@ public:
     virtual void SetClipboardText(const std::string& text) = 0;
     /// Loads a window, anew when it is open already, and shows it beside the others.
     virtual void Show(frmMoreResults& window) = 0;
+    /// Shows a window beside the others; one that is open already comes to the front.
+    virtual void Show(frmAdvice& window) = 0;
+    /// Calls `work` again and again while there is nothing else to do, until it returns false. It takes the
+    /// place of an earlier one.
+    virtual void WhenIdle(std::function<bool()> work) = 0;
 };
 
 } // namespace vorhaven

@@ -31,13 +31,17 @@ void frmBrawlpad::PutInPlace(const Setup& setup) {
     heroValues_.clear();
     for (const Side side : BothSides) {
         const std::vector<SetupLine>& lines = setup.Sides[side];
-        ListBox::Selection selection = lstArmies[side].CurrentSelection();
-        const auto isNew = [&lines](Long line) {
-            return line >= 0 && line < SizeOf(lines) && lines[line.Index()].Id == 0;
+        const ListBox::Selection before = lstArmies[side].CurrentSelection();
+        // Where an army of before stands now, -1 for nowhere.
+        const auto placeOf = [&](Long line) -> Long {
+            const std::int32_t id = line < 0 ? 0 : lstArmies[side].Entry(line).Id;
+            const auto place = std::ranges::find(lines, id, &SetupLine::Id);
+            return id == 0 || place == lines.end() ? Long{-1}
+                                                   : static_cast<std::int32_t>(place - lines.begin());
         };
-        std::erase_if(selection.Lines, isNew);
-        if (isNew(selection.Current))
-            selection.Current = -1;
+        ListBox::Selection selection{placeOf(before.Current), {}};
+        for (const Long line : before.Lines)
+            selection.Lines.push_back(placeOf(line));
         std::vector<ListEntry> entries;
         Health(side) = {};
         for (const SetupLine& line : lines) {
@@ -101,6 +105,7 @@ void frmBrawlpad::ShowState() {
     const Setup& now = history_.Current();
     lblOutOfDate.Caption = RemarkOnResults(now);
     liveOdds_.Show(now, *units_);
+    FollowWithAdvice(now);
     for (const Side side : BothSides) {
         lstArmies[side].SetFigures(liveOdds_.SurvivalOf(side));
         lblSurvives[side].Caption = liveOdds_.Odds() ? "survives" : "";

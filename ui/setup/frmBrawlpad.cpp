@@ -45,6 +45,9 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
     sscAbort.Click = [this] { sscAbort_Click(); };
     sscExit.Click = [this] { sscExit_Click(); };
     sscMoreResults.Click = [this] { sscMoreResults_Click(); };
+    OddsFrame.cmdUseIt.Click = [this] { cmdUseIt_Click(); };
+    OddsFrame.cmdAdvice.Click = [this] { toolkit_->Show(advice_); };
+    advice_.WorkBegun = [this] { BeginAdvising(); };
     sscSwapSides.Click = [this] { sscSwapSides_Click(); };
     mnuUndo.Click = [this] { Undo(); };
     mnuRedo.Click = [this] { Redo(); };

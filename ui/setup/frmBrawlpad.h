@@ -5,6 +5,8 @@
 #include "engine/BattleHost.h"
 #include "model/CAttackArmies.h"
 #include "model/Side.h"
+#include "ui/advice/BestOrder.h"
+#include "ui/advice/frmAdvice.h"
 #include "ui/controls/Form.h"
 #include "ui/controls/ListBox.h"
 #include "ui/results/frmMoreResults.h"
@@ -26,8 +28,8 @@ namespace vorhaven {
 
 /// The main window: settings, the two army lists with their conditions, and the runs. What concerns the
 /// window as a whole is in frmBrawlpad.cpp; the other sources go by topic: Settings.cpp, Lists.cpp,
-/// Conditions.cpp, Heroes.cpp, Run.cpp, ReadOut.cpp, Undo.cpp, Clipboard.cpp.
-class frmBrawlpad final : public Form, private MBattleCalc::BattleHost {
+/// Conditions.cpp, Heroes.cpp, Run.cpp, ReadOut.cpp, Undo.cpp, Clipboard.cpp, Advice.cpp.
+class frmBrawlpad final : public Form, private MBattleCalc::BattleHost, private AdviceHost {
 public:
     /// `provider` and `toolkit` must outlive the window.
     frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit);
@@ -109,10 +111,10 @@ public:
     Signal<> SetupTouched;
     /// Takes in what has changed since the last call, as one step to undo, and shows what follows from it. A
     /// view calls it once the user's action is over.
-    void Settle();
+    void Settle() override;
     /// Goes back to the set-up before the last change, or forward to the one that the last Undo left.
-    void Undo();
-    void Redo();
+    void Undo() override;
+    void Redo() override;
 
     // ReadOut.cpp
 
@@ -135,6 +137,17 @@ public:
     /// battle takes the set-up's place. A text that cannot be read changes nothing and is answered with one
     /// message; one that does not fit, with one notice.
     void Paste(Side side, const std::string& text);
+
+    // Advice.cpp
+
+    [[nodiscard]] bool IsRunUnderWay() const override { return !cmdAttack.Enabled; }
+    /// Raised when the window is to come to the front, and when a list is to have the focus besides.
+    Signal<> ComeToFrontRequested;
+    Signal<Side> GoToListRequested;
+    /// Goes to the window of advice, if it is open.
+    void GoToAdvice();
+    /// The window of advice, whether it is open or not.
+    [[nodiscard]] frmAdvice& Advice() { return advice_; }
 
     // The controls, by group from the top of the window.
 
@@ -319,7 +332,8 @@ private:
     void sscAbort_Click();
 
     // Undo.cpp
-    /// Shows a set-up in the controls. Lines without an Id are new and get one; they are not selected.
+    /// Shows a set-up in the controls. Lines without an Id are new and get one; what was selected stays
+    /// selected, wherever it stands now.
     void PutInPlace(const Setup& setup);
     void GoTo(const Setup& setup);
     /// Shows what follows from the current set-up: notes, counts, what can be undone, odds, and whether the
@@ -331,6 +345,19 @@ private:
 
     // Clipboard.cpp
     [[nodiscard]] std::string ResultsAsText() const;
+
+    // Advice.cpp
+    /// Lets the row of the best order and the window of advice be of a set-up.
+    void FollowWithAdvice(const Setup& now);
+    /// Goes on with both while the program is idle.
+    void BeginAdvising();
+    void cmdUseIt_Click();
+
+    // What the window of advice asks for.
+    void Use(const Setup& setup) override;
+    void SelectLines(Side side, const std::vector<std::size_t>& lines) override;
+    void GoToList(Side side) override { GoToListRequested.Raise(side); }
+    void GoToMain() override { ComeToFrontRequested.Raise(); }
 
     // What the engine asks for.
     [[nodiscard]] const CAttackArmies& AttackArmies() const override { return *gobjCAttArmies; }
@@ -357,6 +384,10 @@ private:
     std::optional<CAttackArmies> gobjCDefArmies;
     frmMoreResults moreResults_;
     LiveOdds liveOdds_{OddsFrame};
+    BestOrder bestOrder_{OddsFrame};
+    frmAdvice advice_{*toolkit_, *this, OddsFrame};
+    /// The set-up that the advice is of.
+    std::optional<Setup> advised_;
     std::int32_t lastLineId_ = 0;
     /// What was entered for the heroes of the lists, by the identity of their lines.
     std::map<std::int32_t, HeroValues> heroValues_;

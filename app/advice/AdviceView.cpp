@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/advice/AdviceView.h"
+
+#include "app/advice/AdviceTableView.h"
+#include "app/advice/OrdersPlot.h"
+#include "app/controls/BoundWidgets.h"
+#include "app/controls/DropDown.h"
+#include "app/program/ErrorReport.h"
+#include "app/program/Shade.h"
+#include "app/setup/OddsBar.h"
+
+#include <QFontInfo>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStackedLayout>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace vorhaven {
+namespace {
+
+QLabel* MakeQuiet(Label& control) {
+    auto* const label = Make<QLabel>(control);
+    SetShade(*label, Shade::Quiet);
+    return label;
+}
+
+/// A sentence of whatever length, which does not widen the window.
+QLabel* MakeSentence(Label& control) {
+    auto* const label = Make<QLabel>(control);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    KeepWith(*label, control.Changed.Connect([label] { label->setToolTip(label->text()); }));
+    return label;
+}
+
+/// The last row of a page: what is said about the figures, and the button that acts on them.
+QLayout* MakeLastRow(QLabel* label, QPushButton* button) {
+    auto* const row = new QHBoxLayout;
+    row->addWidget(label, 1);
+    row->addWidget(button);
+    return row;
+}
+
+} // namespace
+
+AdviceView::AdviceView(frmAdvice& advice)
+    : SecondaryWindow(advice, nullptr), advice_(&advice), pages_(new QTabWidget) {
+    // A window of its own right: as a dialog it would stay in front of the main window.
+    setWindowFlags(Qt::Window);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(MakeHead());
+    MakePages();
+    layout->addWidget(pages_, 1);
+    layout->addLayout(MakeFoot());
+    MakeShortcuts();
+    // The tabs come last, whose keys are seldom needed.
+    setTabOrder(done_, pages_->tabBar());
+}
+
+QSize AdviceView::sizeHint() const {
+    const int em = QFontInfo(font()).pixelSize();
+    return {75 * em, 53 * em + em / 3};
+}
+
+QLayout* AdviceView::MakeHead() {
+    OddsPanel& odds = advice_->OddsFrame();
+    std::array<QLabel*, 2> chances{};
+    for (std::size_t side = 0; side < chances.size(); ++side) {
+        chances[side] = Make<QLabel>(odds.lblChance[side]);
+        Enlarge(*chances[side], 1.25);
+    }
+    auto* const head = new QHBoxLayout;
+    head->addWidget(Make<QLabel>(odds.lblSide[0]));
+    head->addWidget(chances[0]);
+    head->addWidget(new OddsBar(odds), 1);
+    head->addWidget(chances[1]);
+    head->addWidget(Make<QLabel>(odds.lblSide[1]));
+    return head;
+}
+
+void AdviceView::MakePages() {
+    AddPage(advice_->Armies, MakeArmies());
+    AddPage(advice_->Changes, MakeChanges());
+    AddPage(advice_->Orders, MakeOrders());
+    AddPage(advice_->FewestArmies, MakeFewestArmies());
+    connect(pages_, &QTabWidget::currentChanged, this,
+            [this](int page) { RunOutermost([&] { advice_->ChoosePage(static_cast<std::size_t>(page)); }); });
+}
+
+void AdviceView::AddPage(AdvicePage& page, QLayout* contents) {
+    auto* const whole = new QWidget;
+    whole->setLayout(contents);
+    contents->setContentsMargins(0, 0, 0, 0);
+    auto* const empty = MakeQuiet(page.lblEmpty);
+    empty->setAlignment(Qt::AlignCenter);
+    empty->setWordWrap(true);
+    auto* const tab = new QWidget;
+    auto* const margin = new QVBoxLayout(tab);
+    auto* const either = new QStackedLayout;
+    margin->addLayout(either);
+    either->addWidget(whole);
+    either->addWidget(empty);
+    const auto follow = [either, &page] {
+        either->setCurrentIndex(page.lblEmpty.Caption.Get().empty() ? 0 : 1);
+    };
+    follow();
+    KeepWith(*empty, page.lblEmpty.Changed.Connect(follow));
+    pages_->addTab(tab, QString::fromStdString(page.Caption));
+}
+
+QLayout* AdviceView::MakeArmies() {
+    ArmiesPage& page = advice_->Armies;
+    auto* const layout = new QVBoxLayout;
+    layout->addWidget(new AdviceTableView(page.tblArmies), 1);
+    layout->addWidget(MakeSentence(page.lblSentence));
+    return layout;
+}
+
+QLayout* AdviceView::MakeChanges() {
+    ChangesPage& page = advice_->Changes;
+    auto* const show = MakeFocusable<DropDown>(*advice_, page.cboShow);
+    auto* const showLabel = Make<QLabel>(page.lblShow);
+    LabelField(*show, *showLabel);
+    auto* const top = new QHBoxLayout;
+    top->addWidget(MakeQuiet(page.lblAbove), 1);
+    top->addWidget(showLabel);
+    top->addWidget(show);
+    auto* const layout = new QVBoxLayout;
+    layout->addLayout(top);
+    layout->addWidget(new AdviceTableView(page.tblChanges), 1);
+    layout->addLayout(
+        MakeLastRow(MakeSentence(page.lblSentence), MakeFocusable<QPushButton>(*advice_, page.cmdApply)));
+    return layout;
+}
+
+QLayout* AdviceView::MakeOrders() {
+    OrdersPage& page = advice_->Orders;
+    auto* const stack = MakeFocusable<DropDown>(*advice_, page.cboStack);
+    auto* const stackLabel = Make<QLabel>(page.lblStack);
+    LabelField(*stack, *stackLabel);
+    const auto offerChoice = [stack, stackLabel, &page] {
+        for (QWidget* widget : std::initializer_list<QWidget*>{stack, stackLabel})
+            widget->setVisible(page.cboStack.Items().size() > 1);
+    };
+    auto* const above = MakeSentence(page.lblAbove);
+    SetShade(*above, Shade::Quiet);
+    auto* const top = new QHBoxLayout;
+    top->addWidget(above, 1);
+    top->addWidget(stackLabel);
+    top->addWidget(stack);
+    auto* const left = new QVBoxLayout;
+    left->addWidget(new AdviceTableView(page.tblOrders), 4);
+    auto* const plot = new QFrame;
+    plot->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    (new QVBoxLayout(plot))->addWidget(new OrdersPlot(page));
+    plot->layout()->setContentsMargins(1, 1, 1, 1);
+    left->addWidget(plot, 5);
+    auto* const right = new QVBoxLayout;
+    right->addWidget(new AdviceTableView(page.tblLines), 1);
+    right->addLayout(
+        MakeLastRow(MakeQuiet(page.lblBelow), MakeFocusable<QPushButton>(*advice_, page.cmdUse)));
+    auto* const halves = new QHBoxLayout;
+    halves->addLayout(left, 1);
+    halves->addLayout(right, 1);
+    auto* const layout = new QVBoxLayout;
+    layout->addLayout(top);
+    layout->addLayout(halves, 1);
+    // Once they have a parent to stand in.
+    stack->setParent(this);
+    stackLabel->setParent(this);
+    offerChoice();
+    KeepWith(*stack, page.cboStack.Changed.Connect(offerChoice));
+    return layout;
+}
+
+QLayout* AdviceView::MakeFewestArmies() {
+    FewestArmiesPage& page = advice_->FewestArmies;
+    auto* const toWin = MakeNumberBox(*advice_, page.updToWin);
+    auto* const toWinLabel = Make<QLabel>(page.lblToWin);
+    LabelField(*toWin, *toWinLabel);
+    auto* const top = new QHBoxLayout;
+    top->addWidget(toWinLabel);
+    top->addWidget(toWin);
+    top->addWidget(MakeSentence(page.lblSentence), 1);
+    auto* const right = new QVBoxLayout;
+    right->addWidget(new AdviceTableView(page.tblLines), 1);
+    right->addLayout(
+        MakeLastRow(MakeQuiet(page.lblBelow), MakeFocusable<QPushButton>(*advice_, page.cmdSelect)));
+    auto* const halves = new QHBoxLayout;
+    halves->addWidget(new AdviceTableView(page.tblParts), 1);
+    halves->addLayout(right, 1);
+    auto* const layout = new QVBoxLayout;
+    layout->addLayout(top);
+    layout->addLayout(halves, 1);
+    return layout;
+}
+
+QLayout* AdviceView::MakeFoot() {
+    auto* const progress = new QProgressBar;
+    progress->setTextVisible(false);
+    progress->setFixedSize(18 * fontMetrics().averageCharWidth(), fontMetrics().height() * 2 / 3);
+    QSizePolicy policy = progress->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    progress->setSizePolicy(policy);
+    Bind(*progress, advice_->pbProgress);
+    auto* const text = MakeSentence(advice_->lblProgress);
+    SetShade(*text, Shade::Quiet);
+    KeepWith(*progress, advice_->lblProgress.Changed.Connect(
+                            [progress, text] { progress->setAccessibleName(text->text()); }));
+    done_ = MakeDone(*advice_, advice_->sscDone);
+    auto* const foot = new QHBoxLayout;
+    foot->addWidget(progress);
+    foot->addWidget(text, 1);
+    foot->addWidget(done_);
+    return foot;
+}
+
+void AdviceView::MakeShortcuts() {
+    const auto add = [this](const QKeySequence& key, void (AdviceHost::*act)()) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this,
+                [this, act] { RunOutermost([&] { (advice_->Host().*act)(); }); });
+    };
+    for (const QKeySequence& key : QKeySequence::keyBindings(QKeySequence::Undo))
+        add(key, &AdviceHost::Undo);
+    for (const QKeySequence& key : QKeySequence::keyBindings(QKeySequence::Redo))
+        add(key, &AdviceHost::Redo);
+    add(Qt::Key_F6, &AdviceHost::GoToMain);
+    for (QLineEdit* edit : findChildren<QLineEdit*>())
+        edit->installEventFilter(this);
+}
+
+bool AdviceView::eventFilter(QObject* watched, QEvent* event) {
+    if (qobject_cast<QLineEdit*>(watched) == nullptr)
+        return SecondaryWindow::eventFilter(watched, event);
+    // A field's own undo would stand in the way of the main window's.
+    if (event->type() == QEvent::ShortcutOverride) {
+        auto* const key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+            key->ignore();
+            return true;
+        }
+    }
+    return false;
+}
+
+void AdviceView::showEvent(QShowEvent* event) {
+    SecondaryWindow::showEvent(event);
+    RunOutermost([this] { advice_->SetSeen(true); });
+}
+
+void AdviceView::hideEvent(QHideEvent* event) {
+    SecondaryWindow::hideEvent(event);
+    RunOutermost([this] { advice_->SetSeen(false); });
+}
+
+} // namespace vorhaven

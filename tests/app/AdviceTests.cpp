@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/app/WindowFixture.h"
+
+#include <QHeaderView>
+#include <QTabBar>
+#include <QTableView>
+
+namespace vorhaven::test {
+namespace {
+
+class AdviceWindow : public Window {
+protected:
+    /// The window of advice, opened by its button.
+    QWidget* Open() {
+        Click(ButtonCalled("Advice..."));
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible() && window->windowTitle() == "Advice") {
+                EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+                QTest::qWait(2); // what is pressed within the time of a double click does not count
+                return window;
+            }
+        qFatal("no window of advice");
+    }
+    /// Turns to a page by its access key, and waits until it has been worked out.
+    static void TurnTo(QWidget* advice, Qt::Key key, const AdvicePage& page) {
+        QTest::keyClick(advice, key, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return page.IsUpToDate(); }, 20'000));
+        QTest::qWait(1);
+    }
+    /// A table's header and rows as they are shown.
+    static QStringList Shown(const QTableView* table) {
+        QStringList lines;
+        for (int row = 0; row < table->model()->rowCount(); ++row) {
+            QStringList cells;
+            for (int column = 0; column < table->model()->columnCount(); ++column)
+                cells += table->model()->index(row, column).data().toString();
+            lines += cells.join('|');
+        }
+        return lines;
+    }
+    static void ExpectToShow(QTableView* table, const AdviceTable& model) {
+        EXPECT_TRUE(table->isVisible());
+        QStringList rows;
+        for (const AdviceTable::Row& row : model.Rows()) {
+            QStringList cells;
+            for (std::size_t column = 0; column < model.Columns().size(); ++column)
+                cells +=
+                    column < row.Cells.size() ? QString::fromStdString(row.Cells[column].Text) : QString();
+            rows += cells.join('|');
+        }
+        EXPECT_GT(rows.size(), 0);
+        EXPECT_EQ(Shown(table), rows);
+        const auto selected = table->selectionModel()->selectedRows();
+        EXPECT_EQ(selected.isEmpty(), !model.Current());
+        EXPECT_TRUE(selected.isEmpty() || selected[0].row() == static_cast<int>(*model.Current()));
+    }
+};
+
+TEST_F(AdviceWindow, ShowsWhatItsPagesHaveAndActsOnTheMainWindow) {
+    QWidget* const advice = Open();
+    frmAdvice& model = pad_.Advice();
+    const auto isEmpty = [&](const char* why) {
+        return Find<QLabel>(advice, why)->isVisible() &&
+               !Find<QTableView>(advice, "Single changes")->isVisible();
+    };
+    EXPECT_TRUE(isEmpty("Pick armies for both sides"));
+    Activate();
+    LineUp({"Oath Guard", "Ram Crew", "Hedge Archers"}, {"Gate Wardens", "Hill Hammers"});
+    Open();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !model.Armies.tblArmies.Rows().empty(); }, 20'000));
+    EXPECT_EQ(Find<QWidget>(advice, QString::fromStdString(pad_.OddsFrame.lblSentence.Caption))->toolTip(),
+              QString::fromStdString(pad_.OddsFrame.lblSentence.Caption));
+
+    auto* const armies = Find<QTableView>(advice, "Armies of both sides");
+    ExpectToShow(armies, model.Armies.tblArmies);
+    // The arrow keys pass over the heading of the other side.
+    armies->setFocus();
+    for (int key = 0; key < 3; ++key)
+        QTest::keyClick(armies, Qt::Key_Down);
+    EXPECT_EQ(model.Armies.tblArmies.Current(), 5U);
+    const QString sentence = QString::fromStdString(model.Armies.lblSentence.Caption);
+    EXPECT_TRUE(sentence.startsWith("Gate Wardens survives ")) << sentence.toStdString();
+    EXPECT_TRUE(Find<QLabel>(advice, sentence)->isVisible());
+    QTest::keyClick(armies, Qt::Key_Return);
+    EXPECT_TRUE(advice->isVisible());
+    EXPECT_TRUE(List(Side::Defender)->item(0)->isSelected());
+    // Sorted by a column, the sides keep their places; copied, it is what is shown.
+    armies->sortByColumn(3, Qt::DescendingOrder);
+    const QStringList sorted = Shown(armies);
+    EXPECT_TRUE(sorted[0].startsWith("Attacking Armies") && sorted[4].startsWith("Defending Armies"));
+    EXPECT_GE(sorted[1].section('|', 3, 3).toDouble(), sorted[2].section('|', 3, 3).toDouble());
+    QTest::keyClick(armies, Qt::Key_C, Qt::ControlModifier);
+    const QStringList copied = QGuiApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
+    EXPECT_EQ(copied[0],
+              "Army\tConditions\tSurvives\tSlays armies\tSlays turns\tWithout it the attacker wins\tchange");
+    EXPECT_EQ(copied.mid(1).replaceInStrings("\t", "|"), sorted);
+
+    TurnTo(advice, Qt::Key_C, model.Changes);
+    auto* const changes = Find<QTableView>(advice, "Single changes");
+    ExpectToShow(changes, model.Changes.tblChanges);
+    const auto gain = changes->model()->index(0, 2).data(Qt::AccessibleTextRole).toString();
+    EXPECT_TRUE(gain.startsWith("gain ") && gain.endsWith(" points"));
+    const QString wins = changes->model()->index(2, 1).data().toString();
+    const auto before = pad_.CurrentSetup();
+    changes->selectRow(2);
+    changes->setFocus();
+    QTest::keyClick(changes, Qt::Key_Return);
+    EXPECT_EQ(QString::fromStdString(pad_.OddsFrame.lblChance[0].Caption), wins);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model.Changes.IsUpToDate(); }, 20'000));
+    EXPECT_EQ(model.Changes.tblChanges.Current(), 0U);
+    QTest::keyClick(advice, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(pad_.CurrentSetup(), before) << "from this window too";
+
+    TurnTo(advice, Qt::Key_O, model.Orders);
+    ExpectToShow(Find<QTableView>(advice, "Orders"), model.Orders.tblOrders);
+    ExpectToShow(Find<QTableView>(advice, "Lines of the order"), model.Orders.tblLines);
+    EXPECT_FALSE(FieldOf(advice, "S&tack:")->isVisible()) << "there is one";
+    auto* const use = Find<QPushButton>(advice, "Use This Order");
+    EXPECT_EQ(use->isEnabled(), model.Orders.cmdUse.Enabled.Get());
+
+    TurnTo(advice, Qt::Key_F, model.FewestArmies);
+    Type(FieldOf(advice, "To win at &least"), "1");
+    ExpectToShow(Find<QTableView>(advice, "Parts of the attackers"), model.FewestArmies.tblParts);
+    ExpectToShow(Find<QTableView>(advice, "Who is sent and who may stay"), model.FewestArmies.tblLines);
+    Click(Find<QPushButton>(advice, "Select What May Stay"));
+    EXPECT_TRUE(List(Side::Attacker)->hasFocus() ||
+                List(Side::Attacker)->window()->focusWidget() == List(Side::Attacker));
+    EXPECT_GT(List(Side::Attacker)->selectedItems().size(), 0);
+
+    // The page stays; F6 goes between the windows, Esc closes.
+    main_.activateWindow();
+    QTest::keyClick(&main_, Qt::Key_F6);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(advice));
+    EXPECT_EQ(advice->findChild<QTabBar*>()->currentIndex(), static_cast<int>(model.CurrentPage()));
+    QTest::keyClick(advice, Qt::Key_F6);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&main_));
+    EXPECT_EQ(Open(), advice);
+    QTest::keyClick(advice, Qt::Key_Escape);
+    EXPECT_FALSE(advice->isVisible());
+    EXPECT_FALSE(model.IsSeen());
+}
+
+TEST_F(AdviceWindow, TheButtonOfTheBestOrderLeavesItsPlaceAndTheFocusGoesOn) {
+    auto* const useIt = ButtonCalled("Use It");
+    EXPECT_FALSE(useIt->isVisible());
+    LineUp({"Oath Guard", "Ram Crew", "Hedge Archers", "Dale Lancers"},
+           {"Gate Wardens", "Hill Hammers", "Oath Guard"});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return useIt->isVisible(); }, 20'000));
+    EXPECT_TRUE(NameOf(useIt).startsWith("Use It, best order wins "));
+    const QString row = QString::fromStdString(pad_.OddsFrame.lblBestOrder.Caption);
+    EXPECT_TRUE(Find<QLabel>(&main_, row)->isVisible());
+    const QRect place = useIt->geometry();
+    QTest::keyClick(&main_, Qt::Key_U, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !useIt->isVisible(); }, 20'000));
+    EXPECT_TRUE(ButtonCalled("Advice...")->hasFocus());
+    EXPECT_EQ(Find<QLabel>(&main_, "No order wins more")->isVisible(), true);
+    QTest::keyClick(&main_, Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return useIt->isVisible(); }, 20'000));
+    EXPECT_EQ(useIt->geometry(), place);
+    Open(); // and let the program end so
+}
+
+} // namespace
+} // namespace vorhaven::test
