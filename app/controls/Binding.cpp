@@ -175,9 +175,10 @@ void Bind(QPushButton& widget, Button& control) {
     ShowWith(widget, control, [](QPushButton& button, const Button& model) {
         // The window keeps the focus of a disabled button, not the next widget: a key that is held on the
         // button must not go on elsewhere. It does so also while another window is the active one.
-        if (!model.Enabled && button.window()->focusWidget() == &button)
+        const bool isEnabled = model.Enabled && model.Offered;
+        if (!isEnabled && button.window()->focusWidget() == &button)
             button.window()->setFocus();
-        button.setEnabled(model.Enabled);
+        button.setEnabled(isEnabled);
         button.setText(ToQt(model.Caption));
         if (!model.CaptionInWords.Get().empty())
             button.setAccessibleName(ToQt(model.CaptionInWords));

@@ -141,12 +141,6 @@ QLayout* QuickResultsView::MakeAverages() {
 
 void QuickResultsView::MakeMoreResults() {
     moreResults_ = MakeFocusable<QPushButton>(*pad_, pad_->sscMoreResults);
-    // A number of battles that the last run did not have cannot be shown.
-    const auto enableIfPossible = [this] {
-        moreResults_->setEnabled(pad_->sscMoreResults.Enabled && pad_->HasResultsToShow());
-    };
-    KeepWith(*moreResults_, pad_->txtNumSimulations.Changed.Connect(enableIfPossible));
-    KeepWith(*moreResults_, pad_->sscMoreResults.Changed.Connect(enableIfPossible));
 }
 
 void QuickResultsView::MakeMenu() {

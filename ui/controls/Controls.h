@@ -48,6 +48,8 @@ public:
     Property<bool> Visible{*this, true};
     /// What a screen reader calls the button; its caption where it is empty.
     Property<std::string> CaptionInWords{*this, {}};
+    /// Whether views offer an enabled button: a press of one that is not offered is an error.
+    Property<bool> Offered{*this, true};
     std::function<void()> Click;
 
     void Press() {

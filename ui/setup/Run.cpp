@@ -52,6 +52,7 @@ void frmBrawlpad::cmdAttack_Click() {
         sscAbort.Enabled = false;
         cmdAttack.Enabled = true;
         sscSwapSides.Enabled = true;
+        OfferMoreResults();
         sscMoreResults.Enabled = true;
     }
     sscExit.Enabled = true;

@@ -58,6 +58,7 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
          std::initializer_list<Control*>{&lstArmies.Attacker, &lstArmies.Defender, &cboTerrain, &cboCityLevel,
                                          &txtCombatDice, &txtNumSimulations})
         touching_.push_back(control->Changed.Connect([this] { SetupTouched.Raise(); }));
+    touching_.push_back(txtNumSimulations.Changed.Connect([this] { OfferMoreResults(); }));
 }
 
 void frmBrawlpad::Form_Load() {
@@ -90,11 +91,11 @@ void frmBrawlpad::sscMoreResults_Click() {
     toolkit_->ShowBusy(false);
 }
 
-bool frmBrawlpad::HasResultsToShow() const {
-    // Asked while the field changes, when the number of battles has yet to follow it. A field that is being
-    // edited may be empty; leaving it puts a number into it.
+void frmBrawlpad::OfferMoreResults() {
+    // A field that is being edited may be empty; leaving it puts a number into it.
     const std::string& text = txtNumSimulations.Text();
-    return text.empty() || ToLong(text) <= MBattleCalc::BattleResults.RowCount();
+    const auto asked = NumberIn(text);
+    sscMoreResults.Offered = text.empty() || (asked && *asked <= MBattleCalc::BattleResults.RowCount());
 }
 
 void frmBrawlpad::sscExit_Click() {

@@ -60,8 +60,6 @@ public:
 
     void txtNumSimulations_LostFocus();
 
-    /// Whether the last run has as many battles as the field asks More Results to show.
-    [[nodiscard]] bool HasResultsToShow() const;
     /// A defending list of more than eight lines stands in a city and nowhere else.
     void AdjustDefTerrain(Side side, Long lineCount);
 
@@ -272,6 +270,8 @@ public:
 private:
     // frmBrawlpad.cpp
     void sscMoreResults_Click();
+    /// Offers More Results unless the field asks for more battles than the last run had.
+    void OfferMoreResults();
     void sscExit_Click();
 
     // Settings.cpp
