@@ -138,13 +138,13 @@ TEST(Stats, LimitADifferenceOnceAndTakeTheLongestStacks) {
     while (defend.Count() < MaxLines)
         defend.Add(CArmy{}, "");
     window.ShowStats(attack, defend, [] {});
-    EXPECT_EQ(window.Panels[0].Adjusted[0].Figure.Caption.Get(), "5")
+    EXPECT_EQ(window.Panels[0].Adjusted()[0].Figure.Caption.Get(), "5")
         << "the engine limits 9 before it takes 3 off, the window only afterwards";
     EXPECT_EQ(window.msfgStackStats[1].LastFilledRow(), MaxLines);
     while (attack.Count() <= LinesPerStack)
         attack.Add(CArmy{}, "");
     EXPECT_THAT([&] { window.ShowStats(attack, defend, [] {}); }, Raises(9, {"MBattleCalc::ShowStats"}));
-    EXPECT_EQ(window.Panels[0].StackBonus.Figure.ToolTip,
+    EXPECT_EQ(window.Panels[0].Total()[0].Figure.ToolTip,
               "The final stack bonus, ajusted into the range of -3 to +5, and applied to the stregth of each "
               "army in the stack")
         << "it is spelled so";

@@ -67,7 +67,7 @@ TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {
         for (const auto& [grid, row] : {std::pair{0U, 1}, {0U, 3}, {0U, 7}, {0U, 8}, {1U, 1}, {1U, 2}})
             for (Long column = 0; column < 12; ++column)
                 shown += window.msfgStackStats[grid].Text(row, column) + (column == 11 ? "\n" : ",");
-        shown += window.Panels[1].Raw[2].Figure.Caption.Get();
+        shown += window.Panels[1].Raw()[2].Figure.Caption.Get();
     };
     game.Pad.cmdAttack.Press();
     EXPECT_EQ(edited, "Attacking Armies, line 2: Captain 0 1 1\n"

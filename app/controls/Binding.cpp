@@ -155,23 +155,25 @@ void KeepWith(QObject& owner, Connection connection) {
     new Keeper(&owner, std::move(connection));
 }
 
-void ShowToolTip(QWidget& widget, const Control& control) {
+void Identify(QWidget& widget, const Control& control) {
+    if (!control.Name.empty())
+        widget.setObjectName(ToQt(control.Name));
     widget.setToolTip(ToQt(control.ToolTip));
     widget.setAccessibleDescription(widget.toolTip());
 }
 
 void Bind(QLabel& widget, Label& control) {
-    ShowToolTip(widget, control);
+    Identify(widget, control);
     ShowWith(widget, control, [](QLabel& label, const Label& model) { label.setText(ToQt(model.Caption)); });
 }
 
 void Bind(QGroupBox& widget, Frame& control) {
-    ShowToolTip(widget, control);
+    Identify(widget, control);
     ShowWith(widget, control, [](QGroupBox& box, const Frame& model) { box.setTitle(ToQt(model.Caption)); });
 }
 
 void Bind(QPushButton& widget, Button& control) {
-    ShowToolTip(widget, control);
+    Identify(widget, control);
     ShowWith(widget, control, [](QPushButton& button, const Button& model) {
         // The window keeps the focus of a disabled button, not the next widget: a key that is held on the
         // button must not go on elsewhere. It does so also while another window is the active one.
@@ -204,7 +206,7 @@ void Bind(QPushButton& widget, Button& control) {
 }
 
 void Bind(QCheckBox& widget, CheckButton& control) {
-    ShowToolTip(widget, control);
+    Identify(widget, control);
     ShowWith(widget, control, [](QCheckBox& box, const CheckButton& model) {
         const QSignalBlocker blocker(box);
         box.setText(ToQt(model.Caption));
@@ -217,7 +219,7 @@ void Bind(QCheckBox& widget, CheckButton& control) {
 }
 
 void Bind(QLineEdit& widget, TextBox& control) {
-    ShowToolTip(widget, control);
+    Identify(widget, control);
     ShowWith(widget, control, [](QLineEdit& edit, const TextBox& model) {
         if (edit.text() != ToQt(model.Text()))
             edit.setText(ToQt(model.Text()));
@@ -231,14 +233,14 @@ void Bind(QLineEdit& widget, TextBox& control) {
 }
 
 void Bind(DropDown& widget, ComboBox& control) {
-    ShowToolTip(widget, control);
+    Identify(widget, control);
     ShowWith(widget, control, ShowEntries);
     QObject::connect(&widget, &QComboBox::activated, &widget,
                      [&control](int index) { RunOutermost([&] { control.Choose(index); }); });
 }
 
 void Bind(Picker& widget, ComboBox& control) {
-    ShowToolTip(widget, control);
+    Identify(widget, control);
     if (!control.Note.empty()) {
         // The middle of a long path is its least.
         const QFontMetrics metrics(QToolTip::font());
@@ -264,7 +266,7 @@ void Bind(Picker& widget, ComboBox& control) {
 }
 
 void Bind(ArmyListView& widget, ListBox& control) {
-    ShowToolTip(widget, control);
+    Identify(widget, control);
     ShowWith(widget, control, ShowLines);
     const auto take = [&widget, &control] { RunOutermost([&] { TakeSelection(widget, control); }); };
     QObject::connect(&widget, &QListWidget::currentRowChanged, &widget, take);
@@ -286,7 +288,7 @@ void Bind(QProgressBar& widget, ProgressBar& control) {
 }
 
 void Bind(QLabel& widget, StatusPanel& control) {
-    ShowToolTip(widget, control);
+    Identify(widget, control);
     ShowWith(widget, control, [](QLabel& label, const StatusPanel& model) {
         if (model.PanelStyle == StatusPanel::Style::Text)
             label.setText(ToQt(model.Text));
@@ -306,6 +308,10 @@ void Bind(QLabel& widget, StatusPanel& control) {
 }
 
 void Bind(QAction& action, MenuItem& control) {
+    if (control.Caption == MenuItem::Separator) {
+        action.setSeparator(true);
+        return;
+    }
     ShowWith(action, control, [](QAction& item, const MenuItem& model) {
         item.setText(ToQt(model.Caption));
         item.setEnabled(model.Enabled);
@@ -327,7 +333,7 @@ void Bind(QTableWidget& widget, Grid& control) {
     widget.setTabKeyNavigation(false);
     widget.horizontalHeader()->setHighlightSections(false);
     widget.verticalHeader()->hide();
-    ShowToolTip(widget, control);
+    Identify(widget, control);
     ShowWith(widget, control, [columns](QTableWidget& table, const Grid& model) {
         const int characterWidth = table.fontMetrics().averageCharWidth();
         table.setRowCount(ToQt(model.LastFilledRow()));

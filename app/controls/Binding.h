@@ -29,8 +29,8 @@ class Picker;
 /// Keeps a connection for as long as its owner lives.
 void KeepWith(QObject& owner, Connection connection);
 
-/// Gives a widget its control's tooltip, which is its description for screen readers too.
-void ShowToolTip(QWidget& widget, const Control& control);
+/// Gives a widget its control's name and its tooltip, which is its description for screen readers too.
+void Identify(QWidget& widget, const Control& control);
 
 // One function for each kind of control: it shows the control in its widget for as long as the widget lives,
 // and passes what the user does in the widget on to the control. The control must outlive the widget's user

@@ -29,8 +29,9 @@ NumberBox::NumberBox(UpDown& upDown, QWidget* parent) : QAbstractSpinBox(parent)
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     lineEdit()->setMaxLength(upDown.Buddy().MaxLength);
-    ShowToolTip(*lineEdit(), upDown.Buddy());
-    ShowToolTip(*this, upDown.Buddy());
+    Identify(*lineEdit(), upDown.Buddy());
+    Identify(*this, upDown.Buddy());
+    setObjectName(QString::fromStdString(upDown.Name));
     setProperty(MinimumProperty, upDown.Min.Value());
     setProperty(MaximumProperty, upDown.Max.Value());
     KeepWith(*this, upDown.Buddy().Changed.Connect([this] { ShowNumber(); }));

@@ -34,14 +34,14 @@ QFormLayout* MakeValues(std::span<StackPanel::Value> values) {
 
 /// The stack's raw, adjusted and total values, a line between the groups.
 QHBoxLayout* MakePanel(StackPanel& panel) {
-    const std::span raw{panel.Raw};
+    const std::span raw = panel.Raw();
     auto* const layout = new QHBoxLayout;
     layout->addLayout(MakeValues(raw.first(3)));
     layout->addLayout(MakeValues(raw.last(3)));
     layout->addWidget(MakeSeparator());
-    layout->addLayout(MakeValues(panel.Adjusted));
+    layout->addLayout(MakeValues(panel.Adjusted()));
     layout->addWidget(MakeSeparator());
-    layout->addLayout(MakeValues({&panel.StackBonus, 1}));
+    layout->addLayout(MakeValues(panel.Total()));
     layout->addStretch();
     return layout;
 }

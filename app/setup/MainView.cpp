@@ -197,7 +197,7 @@ void MainView::MakeStatusBar() {
 }
 
 void MainView::MakeMenu() {
-    menu_ = new QMenu(this);
+    menu_ = new QMenu(QString::fromStdString(pad_->mnuPopup.Caption), this);
     for (std::size_t index = 1; index < pad_->mnuPopupItem.size(); ++index) {
         MenuItem& item = pad_->mnuPopupItem[index];
         if (index == frmBrawlpad::MedalItem) {
@@ -213,8 +213,8 @@ void MainView::MakeMenu() {
         action->setCheckable(true);
         Bind(*action, item);
     }
-    menu_->addSeparator();
-    Bind(*menu_->addAction(QString()), pad_->mnuPopupDelete);
+    for (MenuItem* item : {&pad_->mnuSep1, &pad_->mnuPopupDelete})
+        Bind(*menu_->addAction(QString()), *item);
     menu_->addSeparator();
     Bind(*menu_->addAction(QString()), pad_->mnuEditHero);
     menu_->addSeparator();

@@ -73,7 +73,7 @@ protected:
                 pad_.lblAvg[frmBrawlpad::FirstAverage + i].Caption = c.Averages[i];
             const Odds::SideOdds side{{}, c.Losses, c.Losses, c.Losses};
             pad_.OddsFrame.Show(Odds::BattleOdds{1e-9, 1.0 - 1e-9, 0.0, side, side}, "");
-            for (const char* remark : {"", "before the latest changes"}) {
+            for (const char* remark : {"", "with a hero's editor cancelled"}) {
                 pad_.lblOutOfDate.Caption = remark;
                 LayOut();
                 for (const auto& [name, place] : Places())

@@ -197,7 +197,7 @@ TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
              &pad_.txtCombatDice, &pad_.txtNumSimulations, &pad_.cboTerrain, &pad_.cboCityLevel,
              &pad_.lblAttWinPercent, &pad_.cboArmies[Side::Attacker], &pad_.lstArmies[Side::Attacker],
              &pad_.sscDup[Side::Defender], &pad_.txtDup[Side::Defender], &pad_.sscClearList[Side::Attacker],
-             &pad_.sscListArrow[3], &statistics.msfgStackStats[0], &statistics.Panels[1].Raw[2].Figure})
+             &pad_.sscListArrow[3], &statistics.msfgStackStats[0], &statistics.Panels[1].Raw()[2].Figure})
         EXPECT_TRUE(isTold(*model)) << model->ToolTip;
 
     for (QWidget* window : std::initializer_list<QWidget*>{&main_, &heroView, &statisticsView, &resultsView})
@@ -208,6 +208,17 @@ TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
             EXPECT_TRUE(takesTab(widget) || frame == nullptr || NameOf(widget) != frame->title())
                 << "what fills a place is not its frame";
         }
+    // Inspection tools find the fields of both tables by their names.
+    for (const char* name : {"txtStrength", "updStrength", "txtAssass", "updFortification", "updTrample"})
+        EXPECT_NE(heroView.findChild<QWidget*>(name), nullptr) << name;
+    QStringList values;
+    for (const QLabel* label : statisticsView.findChildren<QLabel*>())
+        if (label->objectName().startsWith("lbl"))
+            values += label->objectName().mid(3);
+    EXPECT_EQ(
+        values.join(' ').toStdString(),
+        "AttRawLea AttRawMor AttRawFor AttRawCha AttRawFea AttRawSie AttAdjLea AttAdjMor AttAdjFor AttStackBonus "
+        "DefRawLea DefRawMor DefRawFor DefRawCha DefRawFea DefRawSie DefAdjLea DefAdjMor DefAdjFor DefStackBonus");
     // The Tab key goes from the attackers over the middle to the defenders, through each once.
     QString path;
     QWidget* next = Picker(Side::Attacker);

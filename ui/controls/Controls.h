@@ -82,6 +82,9 @@ class MenuItem : public Control {
 public:
     explicit MenuItem(std::string caption) : Caption(std::move(caption)) {}
 
+    /// The caption of a line between other items.
+    static constexpr const char* Separator = "-";
+
     const std::string Caption;
     Property<bool> Enabled{*this, true};
     Property<bool> Checked{*this, false};

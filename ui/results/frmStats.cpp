@@ -6,52 +6,79 @@
 #include "engine/MBattleCalc.h"
 #include "ui/results/Strength.h"
 
+#include <utility>
+
 namespace vorhaven {
 namespace {
 
 constexpr std::int32_t TotalStrengthColumn = 2;
 
-std::string RawTip(const std::string& power, const std::string& stack) {
-    return "The " + power + " value for the " + stack +
-           " stack, NOT including any effects from the opposing stack";
+using Group = StackValue::Group;
+
+template <auto Own>
+constexpr StackValue RawValue(const char* name, const char* power) {
+    return {Group::Raw, name, power, "",
+            [](const CStackAtt& stack, const CStackAtt& /*enemy*/) { return stack.*Own; }};
 }
 
-std::string AdjustedTip(const std::string& power, const std::string& stack, const std::string& opposing) {
-    return "The " + power + " value for the " + stack +
-           " stack, adjusted for the effects of the enemy stack's " + opposing + " bonus";
+template <auto Own, auto Enemys>
+constexpr StackValue AdjustedValue(const char* name, const char* power, const char* opposing) {
+    return {Group::Adjusted, name, power, opposing, [](const CStackAtt& stack, const CStackAtt& enemy) {
+                return MBattleCalc::PowerFilter(stack.*Own - enemy.*Enemys);
+            }};
+}
+
+constexpr std::array<StackValue, StackPanel::RawValues + StackPanel::AdjustedValues + 1> StackValues{
+    RawValue<&CStackAtt::StackLeadership>("RawLea", "Leadership"),
+    RawValue<&CStackAtt::StackMorale>("RawMor", "Morale"),
+    RawValue<&CStackAtt::StackFortify>("RawFor", "Fortification"),
+    RawValue<&CStackAtt::StackChaos>("RawCha", "Chaos"),
+    RawValue<&CStackAtt::StackFear>("RawFea", "Fear"),
+    RawValue<&CStackAtt::StackSiege>("RawSie", "Siege"),
+    AdjustedValue<&CStackAtt::StackLeadership, &CStackAtt::StackChaos>("AdjLea", "Leadership", "Chaos"),
+    AdjustedValue<&CStackAtt::StackMorale, &CStackAtt::StackFear>("AdjMor", "Morale", "Fear"),
+    AdjustedValue<&CStackAtt::StackFortify, &CStackAtt::StackSiege>("AdjFor", "Fortification", "Siege"),
+    StackValue{
+        Group::Total, "StackBonus", "Stack Bonus", "",
+        [](const CStackAtt& stack, const CStackAtt& /*enemy*/) { return Long{stack.TotalStackBonus}; }}};
+
+std::string CaptionOf(const StackValue& value) {
+    const std::string group = value.In == Group::Raw        ? "Raw "
+                              : value.In == Group::Adjusted ? "Adjusted "
+                                                            : "Total ";
+    return group + value.Power + ":";
+}
+
+std::string ToolTipOf(const StackValue& value, Side side) {
+    if (value.In == Group::Total)
+        return "The final stack bonus, ajusted into the range of -3 to +5, and applied to the stregth of each "
+               "army in the stack";
+    const std::string of = std::string("The ") + value.Power + " value for the " +
+                           (side == Side::Attacker ? "attacking" : "defending") + " stack, ";
+    return value.In == Group::Raw
+               ? of + "NOT including any effects from the opposing stack"
+               : of + "adjusted for the effects of the enemy stack's " + value.Opposing + " bonus";
+}
+
+template <std::size_t... Place>
+std::array<StackPanel::Value, sizeof...(Place)> MakeValues(Side side,
+                                                           std::index_sequence<Place...> /*places*/) {
+    return {StackPanel::Value{StackValues[Place], side}...};
 }
 
 } // namespace
 
-StackPanel::StackPanel(const std::string& stack)
-    : Raw{{{Label{"Raw Leadership:"}, Label{"", RawTip("Leadership", stack)}},
-           {Label{"Raw Morale:"}, Label{"", RawTip("Morale", stack)}},
-           {Label{"Raw Fortification:"}, Label{"", RawTip("Fortification", stack)}},
-           {Label{"Raw Chaos:"}, Label{"", RawTip("Chaos", stack)}},
-           {Label{"Raw Fear:"}, Label{"", RawTip("Fear", stack)}},
-           {Label{"Raw Siege:"}, Label{"", RawTip("Siege", stack)}}}},
-      Adjusted{{{Label{"Adjusted Leadership:"}, Label{"", AdjustedTip("Leadership", stack, "Chaos")}},
-                {Label{"Adjusted Morale:"}, Label{"", AdjustedTip("Morale", stack, "Fear")}},
-                {Label{"Adjusted Fortification:"}, Label{"", AdjustedTip("Fortification", stack, "Siege")}}}},
-      StackBonus{
-          Label{"Total Stack Bonus:"},
-          Label{"", "The final stack bonus, ajusted into the range of -3 to +5, and applied to the stregth "
-                    "of each army in the stack"}} {}
-
-void StackPanel::ShowRaw(const CStackAtt& stack) {
-    StackBonus.Figure.Caption = ToText(stack.TotalStackBonus);
-    const std::array<Long, 6> values{stack.StackLeadership, stack.StackMorale, stack.StackFortify,
-                                     stack.StackChaos,      stack.StackFear,   stack.StackSiege};
-    for (std::size_t i = 0; i < values.size(); ++i)
-        Raw[i].Figure.Caption = ToText(values[i]);
+StackPanel::Value::Value(const StackValue& value, Side side)
+    : Caption(CaptionOf(value)), Figure("", ToolTipOf(value, side)) {
+    Figure.Name = (side == Side::Attacker ? "lblAtt" : "lblDef") + std::string(value.Name);
 }
 
-void StackPanel::ShowAdjusted(const CStackAtt& stack, const CStackAtt& enemy) {
-    const std::array<Long, 3> values{stack.StackLeadership - enemy.StackChaos,
-                                     stack.StackMorale - enemy.StackFear,
-                                     stack.StackFortify - enemy.StackSiege};
-    for (std::size_t i = 0; i < values.size(); ++i)
-        Adjusted[i].Figure.Caption = ToText(MBattleCalc::PowerFilter(values[i]));
+StackPanel::StackPanel(Side side)
+    : Values(MakeValues(side, std::make_index_sequence<StackValues.size()>{})) {}
+
+void StackPanel::Show(const CStackAtt& stack, const CStackAtt& enemy) {
+    for (std::size_t i = 0; i < Values.size(); ++i)
+        Values[i].Figure.Caption = ToText(StackValues[i].Of(stack, enemy));
 }
 
 frmStats::frmStats(Desktop& desktop, const CatalogueProvider& provider, std::string terrain)
@@ -73,10 +100,8 @@ void frmStats::ShowStats(const CStackAtt& attackStack, const CStackAtt& defendSt
     const Trap trap{"MBattleCalc::ShowStats"};
     FillGrid(msfgStackStats[0], attackStack);
     FillGrid(msfgStackStats[1], defendStack);
-    Panels[0].ShowRaw(attackStack);
-    Panels[1].ShowRaw(defendStack);
-    Panels[0].ShowAdjusted(attackStack, defendStack);
-    Panels[1].ShowAdjusted(defendStack, attackStack);
+    Panels[0].Show(attackStack, defendStack);
+    Panels[1].Show(defendStack, attackStack);
     showModal();
 }
 

@@ -5,37 +5,56 @@
 #include "model/CAttackArmies.h"
 #include "model/CStackAtt.h"
 #include "model/Catalogue.h"
+#include "model/Side.h"
 #include "ui/controls/Controls.h"
 #include "ui/controls/Form.h"
 #include "ui/controls/Grid.h"
 
 #include <array>
 #include <functional>
+#include <span>
 #include <string>
 
 namespace vorhaven {
 
-/// The values of one stack: raw, adjusted for the enemy's powers, and in total.
+/// One of the values that a panel of a stack shows.
+struct StackValue {
+    enum class Group { Raw, Adjusted, Total };
+
+    Group In;
+    /// The name of its label is "lblAtt" or "lblDef" with this.
+    const char* Name;
+    /// What the players call it.
+    const char* Power;
+    /// The enemy's power that counts against it; empty where none does.
+    const char* Opposing;
+    Long (*Of)(const CStackAtt& stack, const CStackAtt& enemy);
+};
+
+/// The values of one stack: six raw, three adjusted for the enemy's powers, and the total.
 class StackPanel {
 public:
+    static constexpr std::size_t RawValues = 6;
+    static constexpr std::size_t AdjustedValues = 3;
+
     /// A value and the caption beside it.
     struct Value {
+        Value(const StackValue& value, Side side);
+
         Label Caption;
         Label Figure;
     };
 
-    /// `stack`: "attacking" or "defending", as the tooltips say it.
-    explicit StackPanel(const std::string& stack);
+    explicit StackPanel(Side side);
 
-    /// Leadership, morale, fortification, chaos, fear, siege.
-    std::array<Value, 6> Raw;
-    /// Leadership, morale, fortification.
-    std::array<Value, 3> Adjusted;
-    Value StackBonus;
+    std::array<Value, RawValues + AdjustedValues + 1> Values;
+    [[nodiscard]] std::span<Value> Raw() { return std::span(Values).first<RawValues>(); }
+    [[nodiscard]] std::span<Value> Adjusted() {
+        return std::span(Values).subspan<RawValues, AdjustedValues>();
+    }
+    [[nodiscard]] std::span<Value> Total() { return std::span(Values).last<1>(); }
 
-    /// Shows the stack's values as they stand, and adjusted for those of the enemy.
-    void ShowRaw(const CStackAtt& stack);
-    void ShowAdjusted(const CStackAtt& stack, const CStackAtt& enemy);
+    void Show(const CStackAtt& stack, const CStackAtt& enemy);
 };
 
 /// The stack statistics: what the engine has made of the two stacks before the dice roll.
@@ -68,7 +87,7 @@ public:
              "Dsiplays information about defending armies"}};
     /// Below each grid: how the strength of its current army came about.
     std::array<Label, 2> lblStrength{Label{StrengthHint}, Label{StrengthHint}};
-    std::array<StackPanel, 2> Panels{StackPanel{"attacking"}, StackPanel{"defending"}};
+    std::array<StackPanel, 2> Panels{StackPanel{Side::Attacker}, StackPanel{Side::Defender}};
 
 private:
     static constexpr const char* StrengthHint = "Select an army to see how its Tot Str came about";

@@ -43,7 +43,7 @@ void frmBrawlpad::cmdAttack_Click() {
         FillArmyCollections();
         sscAbort.Enabled = true;
         hasShownResults_ = false;
-        MBattleCalc::Add(*this, ToLong(assembled_.NumBattles), assembled_.CombatDice, sschkViewStats.Checked,
+        MBattleCalc::Add(*this, ToLong(assembled_.NumBattles), assembled_.CombatDice, ViewStats(),
                          assembled_.CityLevel);
         isAborted_ = !hasShownResults_;
         isEndToReadOut_ = true;

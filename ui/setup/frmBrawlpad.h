@@ -48,6 +48,8 @@ public:
     void SetNumBattles(const std::string& text) { numBattles_ = text; }
     /// Faces of a combat die.
     Long CombatDice;
+    /// Whether a run shows the stack statistics of its first battle.
+    [[nodiscard]] bool ViewStats() const { return sschkViewStats.Checked; }
     /// The defender's terrain.
     [[nodiscard]] const std::string& Terrain() const { return terrain_; }
     void SetTerrain(const std::string& terrain) { terrain_ = terrain; }
@@ -252,8 +254,9 @@ public:
         return sscListArrow.at(2 * static_cast<std::size_t>(side) + 1);
     }
 
-    /// The pop-up menu of the lists. Its items 1 to 7 are the columns of the conditions; 0 is not used, 4 is
-    /// the heading of the medals.
+    /// The pop-up menu of the lists; its caption is nowhere shown. Its items 1 to 7 are the columns of the
+    /// conditions; 0 is not used, 4 is the heading of the medals.
+    MenuItem mnuPopup{"Popup"};
     std::array<MenuItem, 8> mnuPopupItem{
         MenuItem{""},      MenuItem{"Blessed"},    MenuItem{"Diseased"},      MenuItem{"Poisoned"},
         MenuItem{"Medal"}, MenuItem{"Blacksmith"}, MenuItem{"Weaponsmaster"}, MenuItem{"Flying"}};
@@ -261,6 +264,7 @@ public:
     std::array<MenuItem, 5> mnuPopupItemMedals{MenuItem{"0 Medals"}, MenuItem{"1 Medal"},
                                                MenuItem{"2 Medals"}, MenuItem{"3 Medals"},
                                                MenuItem{"4 Medals"}};
+    MenuItem mnuSep1{MenuItem::Separator};
     MenuItem mnuPopupDelete{"Delete"};
     /// Edits the hero of the current line; enabled where there is one.
     MenuItem mnuEditHero{"Edit Hero..."};
