@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QMenu>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
@@ -324,6 +325,14 @@ void Bind(QAction& action, MenuItem& control) {
         if (action.isCheckable())
             action.setChecked(control.Checked);
     });
+}
+
+void AddItem(QMenu& menu, MenuItem& control, const QKeySequence& key) {
+    QAction* const action = menu.addAction(QString());
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    action->setShortcutVisibleInContextMenu(true);
+    Bind(*action, control);
 }
 
 void Bind(QTableWidget& widget, Grid& control) {

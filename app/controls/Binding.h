@@ -18,6 +18,8 @@ class QProgressBar;
 class QPushButton;
 class QObject;
 class QTableWidget;
+class QKeySequence;
+class QMenu;
 class QWidget;
 
 namespace vorhaven {
@@ -49,6 +51,10 @@ void Bind(QProgressBar& widget, ProgressBar& control);
 void Bind(QLabel& widget, StatusPanel& control);
 void Bind(QAction& action, MenuItem& control);
 void Bind(QTableWidget& widget, Grid& control);
+
+/// Adds an item to a menu, with the key that does the same where the menu is closed; who adds it sees to that
+/// key, which an open menu does not hear.
+void AddItem(QMenu& menu, MenuItem& control, const QKeySequence& key);
 
 /// Tells the window's model when the widget gets the focus.
 void BindFocus(QWidget& widget, Form& form, Control& control);

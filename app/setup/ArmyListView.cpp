@@ -207,7 +207,9 @@ void ArmyListView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() == QContextMenuEvent::Keyboard)
         RequestMenuAtCurrentLine();
-    else if (SelectCurrentLine() && MenuRequested)
+    else if (!indexAt(event->pos()).isValid())
+        BareMenuRequested(event->globalPos());
+    else if (SelectCurrentLine())
         MenuRequested(event->globalPos());
 }
 
@@ -231,8 +233,10 @@ void ArmyListView::ShowLastLine() {
 }
 
 void ArmyListView::RequestMenuAtCurrentLine() {
-    if (!SelectCurrentLine() || !MenuRequested)
+    if (!SelectCurrentLine()) {
+        BareMenuRequested(viewport()->mapToGlobal(QPoint(0, 0)));
         return;
+    }
     scrollToItem(currentItem());
     MenuRequested(viewport()->mapToGlobal(visualItemRect(currentItem()).bottomLeft()));
 }
@@ -244,9 +248,6 @@ void ArmyListView::keyPressEvent(QKeyEvent* event) {
     } else if (event->matches(QKeySequence::Copy)) {
         if (CopyPressed)
             CopyPressed();
-    } else if (event->matches(QKeySequence::Paste)) {
-        if (PastePressed)
-            PastePressed();
     } else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
         RequestMenuAtCurrentLine();
     } else {

@@ -36,15 +36,15 @@ public:
     /// From the column of figures, or a line's end, to the list's edge, in pixels.
     [[nodiscard]] int MarginOfFigures() const;
 
-    /// Called for a right click, or for the menu key or Shift+F10, with the position for a menu. As with
-    /// DeletePressed, the current line is selected by then, alone if it was not among the selected ones;
-    /// without a current line nothing is called.
+    /// Called for a right click on a line, or for the menu key or Shift+F10, with the position for a menu. As
+    /// with DeletePressed, the current line is selected by then, alone if it was not among the selected ones.
     std::function<void(const QPoint&)> MenuRequested;
+    /// The same for a right click beside the lines, and for the keys where no line is the current one.
+    std::function<void(const QPoint&)> BareMenuRequested;
     /// Called for the Delete key.
     std::function<void()> DeletePressed;
-    /// Called for the keys that copy the selected lines, and that paste.
+    /// Called for the keys that copy the selected lines.
     std::function<void()> CopyPressed;
-    std::function<void()> PastePressed;
 
     /// Shows where the list's stacks begin and end, also while it is empty.
     void ShowStacks();

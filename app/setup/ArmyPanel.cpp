@@ -99,9 +99,9 @@ QLayout* ArmyPanel::MakeList(bool compact) {
         menuPosition_ = position;
         RunOutermost([this] { pad_->lstArmies_MouseUp(side_, frmBrawlpad::MouseButton::Right); });
     };
+    list_->BareMenuRequested = [this](const QPoint& position) { BareMenuRequested(position); };
     list_->DeletePressed = [this] { RunOutermost([this] { pad_->mnuPopupDelete.Choose(); }); };
     list_->CopyPressed = [this] { RunOutermost([this] { pad_->mnuCopy.Choose(); }); };
-    list_->PastePressed = [this] { RunOutermost([this] { pad_->mnuPaste.Choose(); }); };
     tabs_ += list_;
 
     const auto makeLabel = [compact](Label& label) {

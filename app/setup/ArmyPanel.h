@@ -7,6 +7,8 @@
 #include <QGroupBox>
 #include <QPoint>
 
+#include <functional>
+
 class QLabel;
 class QMenu;
 
@@ -23,8 +25,10 @@ public:
     /// The widgets that take the focus, in the order in which the eye meets them.
     [[nodiscard]] const QList<QWidget*>& Tabs() const { return tabs_; }
     [[nodiscard]] ArmyListView* List() const { return list_; }
-    /// Where a menu that was asked for on the list belongs.
+    /// Where a menu that was asked for on a line of the list belongs.
     [[nodiscard]] QPoint MenuPosition() const { return menuPosition_; }
+    /// Called with the position for a menu that was asked for beside the lines.
+    std::function<void(const QPoint&)> BareMenuRequested;
 
 private:
     /// Shows a control that both sides have, and names it for screen readers with the side's name.

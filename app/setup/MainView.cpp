@@ -61,7 +61,7 @@ MainView::MainView(frmBrawlpad& pad)
     columns->addStretch();
     setCentralWidget(new Scroller(contents));
     MakeStatusBar();
-    MakeMenu();
+    MakeMenus();
     MakeShortcuts();
     MakeSettling();
     OrderTabs();
@@ -196,7 +196,7 @@ void MainView::MakeStatusBar() {
     statusBar()->addPermanentWidget(Make<QLabel>(pad_->sbrBrawlpad[3]));
 }
 
-void MainView::MakeMenu() {
+void MainView::MakeMenus() {
     menu_ = new QMenu(QString::fromStdString(pad_->mnuPopup.Caption), this);
     for (std::size_t index = 1; index < pad_->mnuPopupItem.size(); ++index) {
         MenuItem& item = pad_->mnuPopupItem[index];
@@ -213,27 +213,37 @@ void MainView::MakeMenu() {
         action->setCheckable(true);
         Bind(*action, item);
     }
-    for (MenuItem* item : {&pad_->mnuSep1, &pad_->mnuPopupDelete})
-        Bind(*menu_->addAction(QString()), *item);
+    Bind(*menu_->addAction(QString()), pad_->mnuSep1);
+    AddItem(*menu_, pad_->mnuPopupDelete, Qt::Key_Delete);
     menu_->addSeparator();
     Bind(*menu_->addAction(QString()), pad_->mnuEditHero);
     menu_->addSeparator();
-    for (MenuItem* item : {&pad_->mnuCopy, &pad_->mnuPaste, &pad_->mnuCopyBattle})
-        Bind(*menu_->addAction(QString()), *item);
-    menu_->addSeparator();
-    for (MenuItem* item : {&pad_->mnuUndo, &pad_->mnuRedo})
-        Bind(*menu_->addAction(QString()), *item);
+    AddItem(*menu_, pad_->mnuCopy, QKeySequence::Copy);
+    AddItem(*menu_, pad_->mnuPaste, QKeySequence::Paste);
+    AddItem(*menu_, pad_->mnuCopyBattle, CopyBattleKey);
+    auto* const bareMenu = new QMenu(this);
+    AddItem(*bareMenu, pad_->mnuPaste, QKeySequence::Paste);
+    for (QMenu* menu : {menu_, bareMenu}) {
+        menu->addSeparator();
+        AddItem(*menu, pad_->mnuUndo, QKeySequence::Undo);
+        AddItem(*menu, pad_->mnuRedo, QKeySequence::Redo);
+    }
+    for (const Side side : BothSides)
+        armies_[side]->BareMenuRequested = [bareMenu](const QPoint& position) { bareMenu->popup(position); };
     KeepWith(*this, pad_->PopupMenuRequested.Connect(
                         [this](Side side) { menu_->popup(armies_[side]->MenuPosition()); }));
 }
 
 void MainView::MakeShortcuts() {
-    const auto add = [this](QKeySequence::StandardKey key, MenuItem& item) {
+    const auto add = [this](const auto& key, MenuItem& item) {
         connect(new QShortcut(key, this), &QShortcut::activated, this,
                 [&item] { RunOutermost([&item] { item.Choose(); }); });
     };
     add(QKeySequence::Undo, pad_->mnuUndo);
     add(QKeySequence::Redo, pad_->mnuRedo);
+    // A text field that has the focus takes this key for itself.
+    add(QKeySequence::Paste, pad_->mnuPaste);
+    add(CopyBattleKey, pad_->mnuCopyBattle);
     connect(new QShortcut(Qt::CTRL | Qt::Key_R, this), &QShortcut::activated, this,
             [this] { RunOutermost([this] { pad_->ReadResultsOut(); }); });
     KeepWith(*this, pad_->ReadOut.Connect([this](const std::string& words) {

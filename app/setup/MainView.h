@@ -37,7 +37,7 @@ private:
     void MakeSettling();
     void MakeShortcuts();
     void MakeStatusBar();
-    void MakeMenu();
+    void MakeMenus();
     void OrderTabs();
 
     frmBrawlpad* pad_;
@@ -45,6 +45,7 @@ private:
     /// The screen is too narrow for the columns in their usual shape: they take more height and less width.
     bool compact_;
     PerSide<ArmyPanel*> armies_{};
+    /// Of the lists' lines.
     QMenu* menu_ = nullptr;
     QPushButton* attack_ = nullptr;
     bool isRunning_ = false;

@@ -145,7 +145,7 @@ void QuickResultsView::MakeMoreResults() {
 
 void QuickResultsView::MakeMenu() {
     auto* const menu = new QMenu(this);
-    Bind(*menu->addAction(QString()), pad_->mnuCopyBattle);
+    AddItem(*menu, pad_->mnuCopyBattle, CopyBattleKey);
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QWidget::customContextMenuRequested, menu,
             [this, menu](const QPoint& position) { menu->popup(mapToGlobal(position)); });

@@ -7,6 +7,9 @@
 
 namespace vorhaven {
 
+/// Copies the whole battle, whatever has the focus.
+inline constexpr QKeyCombination CopyBattleKey{Qt::CTRL | Qt::SHIFT, Qt::Key_C};
+
 /// From the edge of the main window, and from column to column, where the screen is small.
 inline constexpr int CompactMargin = 2;
 

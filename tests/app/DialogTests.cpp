@@ -155,6 +155,7 @@ TEST_F(Dialogs, ForeignTextsAreShownLetterByLetterAndShort) {
         };
         InModalWindows({{MainTitle, read}});
         QTest::keyClick(List(Side::Attacker), Qt::Key_V, Qt::ControlModifier);
+        Activate();
     }
     QGuiApplication::clipboard()->clear();
     QTest::keyClick(List(Side::Attacker), Qt::Key_V, Qt::ControlModifier);

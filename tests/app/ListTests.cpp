@@ -118,7 +118,9 @@ TEST_F(Lists, PickersAddOnlyWhatIsPicked) {
 TEST_F(Lists, MenuActsOnTheLinesThatAreShownSelected) {
     QListWidget* const list = List(Side::Defender);
     const auto ask = [&](QContextMenuEvent::Reason reason) {
-        const QPoint place = list->visualItemRect(list->currentItem()).center();
+        const QPoint place = list->currentItem() != nullptr
+                                 ? list->visualItemRect(list->currentItem()).center()
+                                 : list->viewport()->rect().center();
         QContextMenuEvent event(reason, place, list->viewport()->mapToGlobal(place));
         QApplication::sendEvent(list->viewport(), &event);
     };
@@ -126,16 +128,26 @@ TEST_F(Lists, MenuActsOnTheLinesThatAreShownSelected) {
         {"right click", [&] { ask(QContextMenuEvent::Mouse); }},
         {"menu key", [&] { ask(QContextMenuEvent::Keyboard); }},
         {"Shift+F10", [&] { QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier); }}};
-    // Without a line nothing opens, also when the focus comes by the Tab key.
-    LineUp({}, {"Oath Guard", "Snow Bear"});
-    list->setCurrentRow(-1);
+    const QString redoKey = QKeySequence(QKeySequence::Redo).toString(); // each desktop's own
+    const auto itemsAndKeys = [] {
+        QStringList texts;
+        for (const QAction* item : OpenMenu()->actions())
+            if (!item->isSeparator())
+                texts += item->text() + ' ' + item->shortcut().toString();
+        return texts.join(", ");
+    };
+    // Without a line there is no line's menu, also when the focus comes by the Tab key.
     list->setFocus(Qt::TabFocusReason);
+    QGuiApplication::clipboard()->setText("Oath Guard");
     for (const auto& [name, open] : ways) {
         open();
-        EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << name;
+        EXPECT_EQ(itemsAndKeys(), "Paste Ctrl+V, Undo Ctrl+Z, Redo " + redoKey) << name;
+        Choose("Paste");
     }
     QTest::keyClick(list, Qt::Key_Delete);
-    EXPECT_EQ(list->count(), 2);
+    EXPECT_EQ(Lines(Side::Defender), QStringList(3, "Oath Guard"));
+    Click(ButtonCalled("Clear List, Defending Armies"));
+    LineUp({}, {"Oath Guard", "Snow Bear"});
 
     for (const auto& [name, open] : ways) {
         SCOPED_TRACE(name);
@@ -158,6 +170,11 @@ TEST_F(Lists, MenuActsOnTheLinesThatAreShownSelected) {
         EXPECT_EQ(Lines(Side::Defender).back(), "Snow Bear");
     }
     ways[1].second();
+    EXPECT_TRUE(itemsAndKeys().endsWith(
+        "Delete Del, Edit Hero... , Copy Ctrl+C, Paste Ctrl+V, Copy Battle Ctrl+Shift+C, "
+        "Undo Ctrl+Z, Redo " +
+        redoKey))
+        << itemsAndKeys().toStdString();
     Item(Item(OpenMenu(), "Medal")->menu(), "2 Medals")->trigger();
     OpenMenu()->close();
     ways[1].second();
@@ -210,6 +227,35 @@ TEST_F(Lists, TellHowOftenEachLineSurvives) {
     list->setFixedWidth(16 * em);
     QTest::qWait(1);
     EXPECT_EQ(inkAtTheEnd(caption), 0);
+}
+
+TEST_F(Lists, TakeWhatIsPastedOnTheSideUsedLastWhereverTheFocusIs) {
+    LineUp({"Oath Guard"}, {"Oath Guard"});
+    Attack("10");
+    PerSide<QStringList> lines{{"Oath Guard"}, {"Oath Guard"}};
+    Side side = Side::Defender;
+    int fields = 0;
+    for (QWidget* widget : main_.findChildren<QWidget*>()) {
+        if ((widget->focusPolicy() & Qt::ClickFocus) == 0 || !widget->isVisible() || !widget->isEnabled())
+            continue;
+        widget->setFocus();
+        for (const Side each : BothSides)
+            if (NameOf(widget).endsWith(SideName(each)))
+                side = each;
+        QGuiApplication::clipboard()->setText("Snow Bear");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
+        if (EditOf(widget) == nullptr)
+            lines[side] += "Snow Bear";
+        else
+            ++fields;
+        for (const Side each : BothSides)
+            ASSERT_EQ(Lines(each), lines[each]) << NameOf(widget).toStdString();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), pad_.BattleAsText());
+    }
+    EXPECT_GE(fields, 4);
+    EXPECT_EQ(lines.Defender.size(), 7) << "by six controls";
+    EXPECT_GT(lines.Attacker.size(), 9) << "by those of the middle too, which come next";
 }
 
 TEST_F(Lists, ButtonsKeysAndMouseMoveCopyAndRemoveLines) {

@@ -49,8 +49,9 @@ public:
     /// defending.
     int Index = -1;
 
-    /// Raised when the focus leaves the control for another one of its window.
+    /// Raised when the focus leaves the control for another one of its window, and when it comes.
     std::function<void()> LostFocus;
+    std::function<void()> GotFocus;
 
     /// Raised whenever something has changed that a view shows.
     Signal<> Changed;

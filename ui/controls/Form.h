@@ -35,11 +35,15 @@ public:
 
     /// The control that has the focus; null when none has.
     [[nodiscard]] const Control* ActiveControl() const { return activeControl_; }
-    /// The focus moves to a control: the one that had it before raises LostFocus.
+    /// The focus moves to a control, which raises GotFocus after the one that had it before LostFocus.
     void MoveFocus(const Control* control) {
         const Control* left = std::exchange(activeControl_, control);
-        if (left != nullptr && left != control && left->LostFocus)
+        if (left == control)
+            return;
+        if (left != nullptr && left->LostFocus)
             left->LostFocus();
+        if (control != nullptr && control->GotFocus)
+            control->GotFocus();
     }
 
     /// Puts the window into the middle of the screen.

@@ -20,6 +20,10 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
             control->Index = static_cast<int>(side);
         if (const std::string origin = provider.Origin(); !origin.empty())
             cboArmies[side].Note = "Units from " + Visible(origin);
+        for (Control* control :
+             std::initializer_list<Control*>{&cboArmies[side], &lstArmies[side], &sscClearList[side],
+                                             &sscDup[side], &txtDup[side], &ArmyUp(side), &ArmyDown(side)})
+            control->GotFocus = [this, side] { sideUsedLast_ = side; };
         cboArmies[side].Click = [this, side] { cboArmies_Click(side); };
         lstArmies[side].DblClick = [this, side] { lstArmies_DblClick(side); };
         sscClearList[side].Click = [this, side] { sscClearList_Click(side); };
@@ -53,7 +57,7 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
     mnuRedo.Click = [this] { Redo(); };
     mnuCopy.Click = [this] { Copy(FocusedSide()); };
     mnuCopyBattle.Click = [this] { toolkit_->SetClipboardText(BattleAsText()); };
-    mnuPaste.Click = [this] { Paste(FocusedSide(), toolkit_->ClipboardText()); };
+    mnuPaste.Click = [this] { Paste(sideUsedLast_, toolkit_->ClipboardText()); };
     for (Control* control :
          std::initializer_list<Control*>{&lstArmies.Attacker, &lstArmies.Defender, &cboTerrain, &cboCityLevel,
                                          &txtCombatDice, &txtNumSimulations})

@@ -383,6 +383,8 @@ private:
     std::string terrain_;
     HealthArray AttHealthArray;
     HealthArray DefHealthArray;
+    /// The side that had the focus last, in whichever of its controls.
+    Side sideUsedLast_ = Side::Attacker;
     AssemblyHost assemblyHost_;
     std::optional<CAttackArmies> gobjCAttArmies;
     std::optional<CAttackArmies> gobjCDefArmies;
