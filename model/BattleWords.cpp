@@ -28,7 +28,7 @@ bool IsHeadingOrSetting(std::string_view line) {
     };
     const auto colon = line.find(':');
     const std::string key = ToLower(Trimmed(line.substr(0, colon), Blanks));
-    return isAmong({SideHeadings.Attacker, SideHeadings.Defender, ResultsHeading},
+    return isAmong({SideHeadings.Attacker, SideHeadings.Defender, OddsHeading, ResultsHeading},
                    [line](std::string_view heading) { return IsHeading(line, heading); }) ||
            (colon != std::string_view::npos &&
             isAmong({TerrainKey, CityLevelKey, DiceKey, BattlesKey},

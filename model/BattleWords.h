@@ -11,6 +11,8 @@ namespace vorhaven {
 
 /// Above the lines of a side.
 inline constexpr PerSide<std::string_view> SideHeadings{"Attacking Armies", "Defending Armies"};
+/// Above figures, which are for people alone.
+inline constexpr std::string_view OddsHeading = "Exact Odds";
 inline constexpr std::string_view ResultsHeading = "Quick Results";
 
 // Before a colon and the setting's value.

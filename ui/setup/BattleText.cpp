@@ -80,7 +80,7 @@ public:
         while (!text.empty()) {
             ++number_;
             const std::string_view line = Trimmed(Take(text, '\n'), Blanks);
-            if (IsHeading(line, ResultsHeading))
+            if (IsHeading(line, OddsHeading) || IsHeading(line, ResultsHeading))
                 break;
             if (!line.empty())
                 ReadLine(line);

@@ -40,7 +40,7 @@ public:
 ///     Combat Dice: 20
 ///     Number of Battles: 1000
 ///
-/// What follows the heading "Quick Results" is for people alone.
+/// What follows the headings "Exact Odds" and "Quick Results" is for people alone.
 class BattleText {
 public:
     /// `units` must outlive the text.

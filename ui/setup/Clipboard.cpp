@@ -20,7 +20,9 @@ void frmBrawlpad::Copy(Side side) {
 }
 
 std::string frmBrawlpad::BattleAsText() const {
-    return BattleText{*units_}.Write(CurrentSetup()) + ResultsAsText();
+    const std::string odds = OddsFrame.AsText();
+    return BattleText{*units_}.Write(CurrentSetup()) +
+           (odds.empty() ? "" : "\n" + OddsFrame.fraOdds.Caption.Get() + "\n" + odds) + ResultsAsText();
 }
 
 std::string frmBrawlpad::ResultsAsText() const {
@@ -32,7 +34,9 @@ std::string frmBrawlpad::ResultsAsText() const {
     };
     if (const std::string& remark = lblOutOfDate.Caption; !remark.empty())
         text += "(" + remark + ")\n";
-    add(lblAttWinPercentCaption, lblAttWinPercent.Caption.Get() + " (" + lblWinMargin.Caption.Get() + ")");
+    // The field may hold another number by now.
+    add(lblAttWinPercentCaption, lblAttWinPercent.Caption.Get() + " (" + lblWinMargin.Caption.Get() +
+                                     ") of " + fought_->NumBattles + " battles");
     for (std::size_t column = FirstAverage; column <= LastAverage; ++column)
         add(lblAvgCaption[column], lblAvg[column].Caption);
     return text;

@@ -32,6 +32,25 @@ void OddsPanel::Show(const std::optional<Odds::BattleOdds>& odds, const std::str
     fraOdds.Changed.Raise();
 }
 
+std::string OddsPanel::AsText() const {
+    if (lblSentence.Caption.Get().empty())
+        return {};
+    std::string text = lblSentence.Caption.Get() + '\n';
+    for (const Row& row : Rows) {
+        std::string losses;
+        for (std::size_t column = 0; column < row.Losses.size(); ++column)
+            losses += (column == 2  ? "; "
+                       : column > 0 ? ", "
+                                    : "") +
+                      (column % 2 == 0 ? ToLower(lblSide[column / 2].Caption.Get()) + ' ' : "") +
+                      row.Losses[column].Caption.Get() + ' ' + lblColumn[column].Caption.Get();
+        text += lblLosses.Caption.Get() + ", " + ToLower(row.Caption.Caption.Get()) + ": " + losses + '\n';
+    }
+    if (const std::string& state = lblState.Caption; !state.empty())
+        text += '(' + state + ")\n";
+    return text;
+}
+
 void OddsPanel::ShowChange(const std::optional<Chance>& before, const std::optional<Chance>& now) {
     if (!before || !now) {
         ChangeInWords = "";

@@ -48,6 +48,9 @@ public:
     /// The attacker's part of the bar, 0 to 1; nothing without odds.
     [[nodiscard]] std::optional<double> AttackerShare() const { return attackerShare_; }
 
+    /// All that is shown, as lines of text; empty without odds.
+    [[nodiscard]] std::string AsText() const;
+
     /// Shows odds, or that there are none, and a sentence on them.
     void Show(const std::optional<Odds::BattleOdds>& odds, const std::string& state);
     /// Compares the attacker's chance of winning with the one before.

@@ -131,7 +131,7 @@ public:
     [[nodiscard]] std::string SelectedLinesAsText(Side side) const;
     /// Copies the selected lines of a side; without any, what was copied before stays.
     void Copy(Side side);
-    /// The whole set-up as text, with the quick results below it.
+    /// The whole set-up as text, with its exact odds and the quick results below it.
     [[nodiscard]] std::string BattleAsText() const;
     /// Takes a text as SelectedLinesAsText and BattleAsText write them: lines alone are added to a side, a
     /// battle takes the set-up's place. A text that cannot be read changes nothing and is answered with one
