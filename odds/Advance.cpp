@@ -58,6 +58,20 @@ Fronts Advance::AtFirst(const Entrant& attacker) const {
     return fronts;
 }
 
+Advance::Meeting Advance::Meet(const Entrant& attacker, std::size_t defender, const StateTable& attackers,
+                               const StateTable& front) {
+    survivors_.Attacker.Clear();
+    survivors_.Defender.Clear();
+    const Entrant& fresh = (*defenders_)[defender];
+    DuelOdds duel{attacker.Army, fresh.Army, dice_, *flyers_, survivors_, *budget_};
+    for (const State& survivor : attackers)
+        ForEachFresh(fresh, attacker.StackBehind, [&](const State& state) { duel.Fight({survivor, state}); });
+    for (const State& survivor : front)
+        for (const State& state : attacker.States)
+            duel.Fight({state, survivor});
+    return {survivors_, duel.Endless()};
+}
+
 Advance::Outcome Advance::Send(const Entrant& attacker, Fronts& fronts) {
     Outcome outcome;
     outcome.Slayings.resize(defenders_->size());
@@ -69,17 +83,8 @@ Advance::Outcome Advance::Send(const Entrant& attacker, Fronts& fronts) {
         if (attackers_.Size() == 0 && fronts[j].Size() == 0)
             continue;
         waiting -= fronts[j].Size();
-        survivors_.Attacker.Clear();
-        survivors_.Defender.Clear();
-        DuelOdds duel{attacker.Army, (*defenders_)[j].Army, dice_, *flyers_, survivors_, *budget_};
-        for (const State& survivor : attackers_)
-            ForEachFresh((*defenders_)[j], attacker.StackBehind,
-                         [&](const State& fresh) { duel.Fight({survivor, fresh}); });
-        for (const State& survivor : fronts[j])
-            for (const State& fresh : attacker.States)
-                duel.Fight({fresh, survivor});
+        outcome.Endless += Meet(attacker, j, attackers_, fronts[j]).Endless;
         outcome.Slayings[j] = {TotalOf(survivors_.Attacker), TotalOf(survivors_.Defender)};
-        outcome.Endless += duel.Endless();
         std::swap(attackers_, survivors_.Attacker);
         std::swap(fronts[j], survivors_.Defender);
         waiting += fronts[j].Size();

@@ -42,12 +42,21 @@ public:
     /// TooManyOutcomes when the budget does not cover it; raises what the engine may raise in a duel.
     Outcome Send(const Entrant& attacker, Fronts& fronts);
 
+    /// What the duels of an attacker with one defender, of whom one is fresh, leave of both.
+    struct Meeting {
+        const PerSide<StateTable>& Survivors;
+        double Endless;
+    };
+    /// The states of the attacker, and of the defender, as survivors of their last duels.
+    Meeting Meet(const Entrant& attacker, std::size_t defender, const StateTable& attackers,
+                 const StateTable& front);
+
 private:
     const std::vector<Entrant>* defenders_;
     const MBattleCalc::Flyers* flyers_;
     DiceOdds dice_;
     Budget* budget_;
-    /// The attacker as survivor of its last duel, and the two of the present one.
+    /// The attacker as survivor of its last duel, and both as survivors of the present one.
     StateTable attackers_;
     PerSide<StateTable> survivors_;
 };

@@ -5,6 +5,7 @@
 #include "engine/Procedures.h"
 #include "engine/State.h"
 #include "odds/BattleOdds.h"
+#include "odds/OrderSearch.h"
 #include "tests/support/Errors.h"
 #include "tests/support/StackEffectSolver.h"
 
@@ -338,6 +339,26 @@ TEST(BattleOddsTest, TellWhoSlaysWhomAsOftenAsTheEngineLetsItHappen) {
                             z * std::sqrt(battles * p * (1.0 - p)) + z * z / 3.0)
                     << victim << ' ' << i << ' ' << j;
             }
+}
+
+TEST(OrderSearchTest, LeavesWhatTheOrderChangesInAnArmyToOthers) {
+    const auto isImpossible = [](const std::string& attackers, std::size_t stack) {
+        TestHost host;
+        host.Bring(attackers, "Hits 2");
+        MBattleCalc::BattleStacks stacks;
+        stacks.Build(host.AttackArmies(), host.DefendArmies());
+        const MBattleCalc::Flyers flyers{host.Armies(), host.Heroes()};
+        Odds::OrderSearch search{stacks, stack, {0, 1}, flyers, 20, 0};
+        Odds::Budget budget{1'000'000};
+        while (!search.IsDone() && !search.IsImpossible())
+            search.GoOn(budget);
+        return search.IsImpossible();
+    };
+    const std::string bands = "Name a Banding 1 Size 1;Name a Banding 1 Size 3";
+    EXPECT_TRUE(isImpossible(bands, 0));
+    EXPECT_FALSE(isImpossible("Strength 3/" + bands, 1)) << "later stacks do not band together";
+    EXPECT_TRUE(isImpossible("Poison 2000000000;Poison -1900000000", 0))
+        << "no sum may be too large on its way";
 }
 
 /// Draws that must not be made.

@@ -45,7 +45,7 @@ public:
                        : Prospect{{0.0, 1.0}, 0.0};
         Odds::Budget budget{10'000'000};
         const auto odds = OddsOf(setup, units_, budget).value();
-        return {{odds.Won, odds.Lost}, odds.Attackers.Overall.value().Turns};
+        return {odds.AttackerWins(), odds.Attackers.Overall.value_or(Odds::Losses{}).Turns};
     }
 
     std::size_t UpTo(std::size_t most) { return random_() % (most + 1); }

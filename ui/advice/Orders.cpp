@@ -12,6 +12,9 @@ namespace {
 /// Odds that differ by less are the same but for rounding.
 constexpr double SameOdds = 1e-11;
 
+/// What a difference from 1 must be at least to have eight digits that are right.
+constexpr double SmallestDifference = 1e-7;
+
 /// Whether one is as good as the other, both in wins and in turns lost.
 bool IsAsGood(const Prospect& one, const Prospect& other) {
     return one.Wins() > other.Wins() - SameOdds && one.OwnTurnsLost < other.OwnTurnsLost + SameOdds;
@@ -19,6 +22,12 @@ bool IsAsGood(const Prospect& one, const Prospect& other) {
 
 std::size_t FirstLineOf(std::size_t stack) {
     return stack * LinesPerStack;
+}
+
+/// From the top, or back.
+std::vector<std::size_t> InOrderOfFighting(std::vector<std::size_t> kinds) {
+    std::ranges::reverse(kinds);
+    return kinds;
 }
 
 } // namespace
@@ -50,41 +59,76 @@ OrdersStudy::OrdersStudy(const Setup& setup, const Units& units, std::size_t sta
 }
 
 bool OrdersStudy::DoNext() {
-    const auto note = [this](Order order) {
-        const auto isBeaten = [&](const Order& other) { return IsAsGood(other.Outcome, order.Outcome); };
-        if (std::ranges::any_of(best_, isBeaten))
-            return;
-        std::erase_if(best_, [&](const Order& other) { return IsAsGood(order.Outcome, other.Outcome); });
-        best_.push_back(std::move(order));
-    };
-    if (best_.empty())
+    if (best_.empty()) {
         best_.push_back({lines_, ProspectOf(*AsItIs())});
-    if (next_ != kinds_) {
-        Order order = OrderOf(next_);
-        if (const std::optional<Prospect> outcome = Try(WithOrder(Studied(), stack_, order))) {
-            order.Outcome = *outcome;
-            note(std::move(order));
-        }
+        if (orders_ > 1)
+            search_.emplace(StacksOf(Studied(), GetUnits()), stack_, InOrderOfFighting(kinds_), GetFlyers(),
+                            Studied().CombatDice, Studied().CityLevel);
     }
-    ++done_;
-    if (std::ranges::next_permutation(next_).found)
+    if (search_ ? SearchOn() : TryNextOrder())
         return true;
     std::ranges::sort(best_, std::greater{}, [](const Order& order) { return order.Outcome.Wins(); });
     return false;
 }
 
-/// The order in which the stack's armies are of these kinds; equal armies keep theirs.
-Order OrdersStudy::OrderOf(const std::vector<std::size_t>& kinds) const {
+bool OrdersStudy::SearchOn() {
+    if (search_->IsImpossible()) {
+        search_.reset();
+        done_ = 0;
+        return true;
+    }
+    if (search_->IsDone()) {
+        for (const Odds::FoundOrder& found : search_->Best()) {
+            const double lost = 1.0 - found.Won;
+            const std::vector<std::size_t> kinds = InOrderOfFighting(found.Kinds);
+            // Where hardly any battle is lost, a difference tells too little of how many are.
+            if (lost < SmallestDifference)
+                Try(kinds);
+            else if (kinds != kinds_)
+                Note(kinds, {{found.Won, lost}, found.OwnTurnsLost});
+        }
+        return false;
+    }
+    Odds::Budget budget{StepsOfABattle};
+    search_->GoOn(budget);
+    Take(budget.Taken());
+    done_ = search_->Compared();
+    return true;
+}
+
+bool OrdersStudy::TryNextOrder() {
+    Try(next_);
+    ++done_;
+    return std::ranges::next_permutation(next_).found;
+}
+
+void OrdersStudy::Try(const std::vector<std::size_t>& kinds) {
+    if (kinds == kinds_)
+        return;
+    if (const auto outcome = Study::Try(WithOrder(Studied(), stack_, {LinesOf(kinds), {}})))
+        Note(kinds, *outcome);
+}
+
+/// Keeps an order if no other is as good, instead of those that are not.
+void OrdersStudy::Note(const std::vector<std::size_t>& kinds, const Prospect& outcome) {
+    if (std::ranges::any_of(best_, [&](const Order& other) { return IsAsGood(other.Outcome, outcome); }))
+        return;
+    std::erase_if(best_, [&](const Order& other) { return IsAsGood(outcome, other.Outcome); });
+    best_.push_back({LinesOf(kinds), outcome});
+}
+
+/// The stack's lines when its armies are of these kinds from the top; equal armies keep their order.
+std::vector<std::size_t> OrdersStudy::LinesOf(const std::vector<std::size_t>& kinds) const {
     std::vector<bool> stands(armies_.size());
-    Order order{lines_, {}};
+    std::vector<std::size_t> lines = lines_;
     for (std::size_t place = 0; place < kinds.size(); ++place) {
         std::size_t army = kinds[place];
         while (stands[army] || kinds_[army] != kinds[place])
             ++army;
         stands[army] = true;
-        order.Lines[armies_[place] - lines_.front()] = armies_[army];
+        lines[armies_[place] - lines_.front()] = armies_[army];
     }
-    return order;
+    return lines;
 }
 
 BestOrdersStudy::BestOrdersStudy(const Setup& setup, const Units& units) : Study(setup, units), best_(setup) {

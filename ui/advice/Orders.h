@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "odds/OrderSearch.h"
 #include "ui/advice/Study.h"
 
 #include <memory>
@@ -37,7 +38,11 @@ public:
 
 private:
     bool DoNext() override;
-    [[nodiscard]] Order OrderOf(const std::vector<std::size_t>& kinds) const;
+    bool SearchOn();
+    bool TryNextOrder();
+    void Try(const std::vector<std::size_t>& kinds);
+    void Note(const std::vector<std::size_t>& kinds, const Prospect& outcome);
+    [[nodiscard]] std::vector<std::size_t> LinesOf(const std::vector<std::size_t>& kinds) const;
 
     std::size_t stack_;
     /// The stack's lines, from the top, and those of them that hold armies.
@@ -46,6 +51,8 @@ private:
     /// For each of armies_ the place of the first one that is the same army; the order that is tried next.
     std::vector<std::size_t> kinds_;
     std::vector<std::size_t> next_;
+    /// Compares the orders without trying each; nothing where that is impossible.
+    std::optional<Odds::OrderSearch> search_;
     std::int64_t orders_ = 1;
     std::int64_t done_ = 0;
     std::vector<Order> best_;
