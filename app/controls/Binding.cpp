@@ -2,6 +2,9 @@
 
 #include "app/controls/Binding.h"
 
+#include "app/controls/ChartView.h"
+#include "app/controls/GridView.h"
+#include "app/controls/NumberBox.h"
 #include "app/controls/Picker.h"
 #include "app/program/ErrorReport.h"
 #include "app/setup/ArmyListView.h"
@@ -11,7 +14,6 @@
 #include <QDateTime>
 #include <QEvent>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -19,7 +21,6 @@
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTableWidget>
 #include <QTimer>
 #include <QToolTip>
 #include <QValidator>
@@ -335,33 +336,18 @@ void AddItem(QMenu& menu, MenuItem& control, const QKeySequence& key) {
     Bind(*action, control);
 }
 
-void Bind(QTableWidget& widget, Grid& control) {
-    const int columns = static_cast<int>(control.Columns().size());
-    widget.setColumnCount(columns);
-    widget.setEditTriggers(QAbstractItemView::NoEditTriggers);
-    widget.setTabKeyNavigation(false);
-    widget.horizontalHeader()->setHighlightSections(false);
-    widget.verticalHeader()->hide();
+void Bind(GridView& widget, Grid& control) {
     Identify(widget, control);
-    ShowWith(widget, control, [columns](QTableWidget& table, const Grid& model) {
-        const int characterWidth = table.fontMetrics().averageCharWidth();
-        table.setRowCount(ToQt(model.LastFilledRow()));
-        for (int column = 0; column < columns; ++column) {
-            const Grid::Column& format = model.Columns()[static_cast<std::size_t>(column)];
-            auto* const header = new QTableWidgetItem(ToQt(format.Header));
-            header->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-            table.setHorizontalHeaderItem(column, header);
-            for (int row = 0; row < table.rowCount(); ++row) {
-                auto* const cell = new QTableWidgetItem(ToQt(model.Text(row + 1, column)));
-                QFont font = table.font();
-                font.setBold(model.IsEmphasised(row + 1, column));
-                cell->setFont(font);
-                table.setItem(row, column, cell);
-            }
-            table.resizeColumnToContents(column);
-            table.setColumnWidth(column, std::max(table.columnWidth(column), format.Width * characterWidth));
-        }
-    });
+    widget.Show(control);
+}
+
+void Bind(ChartView& widget, Chart& control) {
+    widget.Show(control);
+}
+
+void Bind(NumberBox& widget, UpDown& control) {
+    Identify(widget, control);
+    widget.Show(control);
 }
 
 void BindFocus(QWidget& widget, Form& form, Control& control) {

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "ui/controls/Chart.h"
 #include "ui/controls/Controls.h"
 #include "ui/controls/Form.h"
 #include "ui/controls/Grid.h"
@@ -17,7 +18,6 @@ class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QObject;
-class QTableWidget;
 class QKeySequence;
 class QMenu;
 class QWidget;
@@ -25,7 +25,10 @@ class QWidget;
 namespace vorhaven {
 
 class ArmyListView;
+class ChartView;
 class DropDown;
+class GridView;
+class NumberBox;
 class Picker;
 
 /// Keeps a connection for as long as its owner lives.
@@ -50,7 +53,9 @@ void Bind(ArmyListView& widget, ListBox& control);
 void Bind(QProgressBar& widget, ProgressBar& control);
 void Bind(QLabel& widget, StatusPanel& control);
 void Bind(QAction& action, MenuItem& control);
-void Bind(QTableWidget& widget, Grid& control);
+void Bind(GridView& widget, Grid& control);
+void Bind(ChartView& widget, Chart& control);
+void Bind(NumberBox& widget, UpDown& control);
 
 /// Adds an item to a menu, with the key that does the same where the menu is closed; who adds it sees to that
 /// key, which an open menu does not hear.

@@ -29,7 +29,7 @@ Widget* MakeFocusable(Form& form, ControlType& control) {
 }
 
 inline NumberBox* MakeNumberBox(Form& form, UpDown& upDown) {
-    auto* const widget = new NumberBox(upDown);
+    auto* const widget = Make<NumberBox>(upDown);
     BindFocus(*widget, form, upDown.Buddy());
     return widget;
 }

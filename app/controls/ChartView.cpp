@@ -24,12 +24,15 @@ QString ToQt(const std::string& text) {
 
 } // namespace
 
-ChartView::ChartView(Chart& chart, QWidget* parent)
-    : QCustomPlot(parent), chart_(&chart), title_(new QCPTextElement(this)),
-      sentence_(new QCPTextElement(this)) {
+ChartView::ChartView(QWidget* parent)
+    : QCustomPlot(parent), title_(new QCPTextElement(this)), sentence_(new QCPTextElement(this)) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     InstallAccessibleChart();
+}
+
+void ChartView::Show(Chart& chart) {
+    chart_ = &chart;
     setAccessibleName(ToQt(chart.Title));
     MakeHeading();
     MakeAxes();

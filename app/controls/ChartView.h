@@ -14,8 +14,10 @@ namespace vorhaven {
 /// diamonds.
 class ChartView final : public QCustomPlot {
 public:
-    /// `chart` must outlive the view.
-    explicit ChartView(Chart& chart, QWidget* parent = nullptr);
+    explicit ChartView(QWidget* parent = nullptr);
+
+    /// Shows a chart, which must outlive the view, as it is now and becomes. Bind calls it.
+    void Show(Chart& chart);
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -82,7 +84,7 @@ private:
     [[nodiscard]] QColor ColourOfSide() const;
     [[nodiscard]] QFont FigureFont() const;
 
-    Chart* chart_;
+    Chart* chart_ = nullptr;
     QCPLayoutGrid* heading_ = nullptr;
     QCPTextElement* title_;
     QCPTextElement* sentence_;

@@ -27,15 +27,33 @@ constexpr int LeastHeight = 150;
 /// What a window puts at the sides of a grid, in pixels, more or less.
 constexpr int AroundGrid = 60;
 
+QString ToQt(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
 } // namespace
 
-GridView::GridView(Grid& grid, QWidget* parent) : QTableWidget(parent), grid_(&grid) {
+GridView::GridView(QWidget* parent) : QTableWidget(parent) {
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setHorizontalScrollMode(ScrollPerPixel);
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    Bind(*this, grid);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setStretchLastSection(true);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+}
+
+void GridView::Show(Grid& grid) {
+    grid_ = &grid;
+    setColumnCount(static_cast<int>(grid.Columns().size()));
+    for (int column = 0; column < columnCount(); ++column) {
+        auto* const header =
+            new QTableWidgetItem(ToQt(grid.Columns()[static_cast<std::size_t>(column)].Header));
+        header->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        setHorizontalHeaderItem(column, header);
+    }
     ShowRows();
     KeepWith(*this, grid.Changed.Connect([this] { ShowRows(); }));
     connect(this, &QTableWidget::currentCellChanged, this, [this](int row, int /*column*/, int previousRow) {
@@ -48,20 +66,31 @@ GridView::GridView(Grid& grid, QWidget* parent) : QTableWidget(parent), grid_(&g
 
 void GridView::ShowRows() {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 3);
+    setRowCount(grid_->LastFilledRow().Value());
     for (int row = 0; row < rowCount(); ++row)
         ShowRow(row);
+    for (int column = 0; column < columnCount(); ++column) {
+        const int characters = grid_->Columns()[static_cast<std::size_t>(column)].Width;
+        resizeColumnToContents(column);
+        setColumnWidth(column, std::max(columnWidth(column), characters * fontMetrics().averageCharWidth()));
+    }
     updateGeometry();
 }
 
 void GridView::ShowRow(int row) {
     const QColor quiet =
         Shaded(palette().color(QPalette::Text), palette().color(QPalette::Base), Shade::Quiet);
-    const QString details = QString::fromStdString(grid_->Details(row + 1));
+    const QString details = ToQt(grid_->Details(row + 1));
     for (int column = 0; column < columnCount(); ++column) {
-        QTableWidgetItem& cell = *item(row, column);
-        cell.setForeground(grid_->IsQuiet(row + 1, column) ? QBrush(quiet) : QBrush());
-        cell.setToolTip(details.isEmpty() ? QString() : toolTip() + "\n" + details);
-        cell.setData(Qt::AccessibleDescriptionRole, details);
+        auto* const cell = new QTableWidgetItem(ToQt(grid_->Text(row + 1, column)));
+        QFont cellFont = font();
+        cellFont.setBold(grid_->IsEmphasised(row + 1, column));
+        cell->setFont(cellFont);
+        if (grid_->IsQuiet(row + 1, column))
+            cell->setForeground(quiet);
+        cell->setToolTip(details.isEmpty() ? QString() : toolTip() + "\n" + details);
+        cell->setData(Qt::AccessibleDescriptionRole, details);
+        setItem(row, column, cell);
     }
 }
 
@@ -98,7 +127,8 @@ void GridView::resizeEvent(QResizeEvent* event) {
 
 void GridView::changeEvent(QEvent* event) {
     QTableWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+    const bool isLook = event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
+    if (isLook && grid_ != nullptr)
         ShowRows();
 }
 

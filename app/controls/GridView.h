@@ -13,8 +13,10 @@ namespace vorhaven {
 /// less is scrolled to. Its last column takes what the others leave of the width.
 class GridView final : public QTableWidget {
 public:
-    /// `grid` must outlive the view.
-    explicit GridView(Grid& grid, QWidget* parent = nullptr);
+    explicit GridView(QWidget* parent = nullptr);
+
+    /// Shows a grid, which must outlive the view, as it is now and becomes. Bind calls it.
+    void Show(Grid& grid);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -26,7 +28,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// Shows what is not a text: what steps back, what there is to tell.
     void ShowRows();
     void ShowRow(int row);
     [[nodiscard]] int WidthOfColumns() const;
@@ -34,7 +35,7 @@ private:
     void OpenMenu(const QPoint& position, MenuAsked asked);
     void CopyNumbers() const;
 
-    Grid* grid_;
+    Grid* grid_ = nullptr;
     /// There is less room than the columns take.
     bool hasSideways_ = false;
 };

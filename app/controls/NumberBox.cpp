@@ -25,13 +25,15 @@ constexpr const char* MaximumProperty = "maximum";
 
 } // namespace
 
-NumberBox::NumberBox(UpDown& upDown, QWidget* parent) : QAbstractSpinBox(parent), upDown_(&upDown) {
+NumberBox::NumberBox(QWidget* parent) : QAbstractSpinBox(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+}
+
+void NumberBox::Show(UpDown& upDown) {
+    upDown_ = &upDown;
     lineEdit()->setMaxLength(upDown.Buddy().MaxLength);
     Identify(*lineEdit(), upDown.Buddy());
-    Identify(*this, upDown.Buddy());
-    setObjectName(QString::fromStdString(upDown.Name));
     setProperty(MinimumProperty, upDown.Min.Value());
     setProperty(MaximumProperty, upDown.Max.Value());
     KeepWith(*this, upDown.Buddy().Changed.Connect([this] { ShowNumber(); }));

@@ -13,8 +13,10 @@ namespace vorhaven {
 /// given that number and the arrows' limits.
 class NumberBox final : public QAbstractSpinBox {
 public:
-    /// `upDown` and its text box must outlive the widget's user input.
-    explicit NumberBox(UpDown& upDown, QWidget* parent = nullptr);
+    explicit NumberBox(QWidget* parent = nullptr);
+
+    /// Shows an up-down, which with its text box must outlive the widget's user input. Bind calls it.
+    void Show(UpDown& upDown);
 
     void stepBy(int steps) override;
     [[nodiscard]] QSize sizeHint() const override { return SizeFor(upDown_->Buddy().MaxLength); }
@@ -35,7 +37,7 @@ private:
     /// Gives the number to screen readers.
     void AnnounceNumber();
 
-    UpDown* upDown_;
+    UpDown* upDown_ = nullptr;
 };
 
 } // namespace vorhaven

@@ -20,7 +20,7 @@ MoreResultsView::MoreResultsView(frmMoreResults& results, QWidget* parent)
     auto* const chartLayout = new QVBoxLayout(charts);
     chartLayout->setContentsMargins(0, 0, 0, 0);
     for (Chart* chart : {&results.mscAttMore, &results.mscDefMore})
-        chartLayout->addWidget(new ChartView(*chart), 1);
+        chartLayout->addWidget(Make<ChartView>(*chart), 1);
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(new Scroller(charts), 1);
     auto* const bottom = new QHBoxLayout;

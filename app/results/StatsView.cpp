@@ -56,7 +56,7 @@ StatsView::StatsView(frmStats& stats, QWidget* parent) : SecondaryWindow(stats, 
     for (std::size_t side = 0; side < frames.size(); ++side) {
         auto* const frame = Make<QGroupBox>(*frames[side]);
         auto* const frameLayout = new QVBoxLayout(frame);
-        auto* const grid = new GridView(stats.msfgStackStats[side]);
+        auto* const grid = Make<GridView>(stats.msfgStackStats[side]);
         grid->setAccessibleName(frame->title());
         frameLayout->addWidget(grid, 1);
         auto* const strength = Make<QLabel>(stats.lblStrength[side]);
