@@ -137,6 +137,55 @@ TEST(Advice, TellsWhatEachLineIsWorth) {
     EXPECT_EQ(page.lblSentence.Caption.Get(), "");
 }
 
+TEST(Advice, MapsWhoSlaysWhom) {
+    Advised player;
+    player.Do([&] { player.Add(Attacker, {Nobody, Nobody, Nobody, Nobody, Giants, Midges}); });
+    SlayingPage& page = player.Advice.Slaying;
+    player.See(page);
+    const auto& attackers = page.Armies(Attacker);
+    ASSERT_EQ(attackers.size(), 6U);
+    EXPECT_EQ(attackers[4].Line, 9U);
+    EXPECT_TRUE(attackers[4].BeginsStack && !attackers[5].BeginsStack);
+    // Rows and columns are in the order of the lists: the last of a stack meets the last defender first.
+    double met = 0.0;
+    for (std::size_t defender = 0; defender < 3; ++defender)
+        met += page.At(0, defender).ByAttacker + page.At(0, defender).ByDefender;
+    EXPECT_LT(met, page.At(3, 2).ByAttacker + page.At(3, 2).ByDefender);
+    // Each is slain as often as it does not survive; all together are the losses of the exact odds.
+    for (const Side side : BothSides)
+        for (const SlayingPage::Army& army : page.Armies(side)) {
+            const std::string survives =
+                player.Pad.lstArmies[side].FigureOf(static_cast<std::int32_t>(army.Line) - 1).Sentence;
+            EXPECT_EQ(survives,
+                      "Survives " + PercentText({1.0 - army.IsSlain, army.IsSlain}) + " of battles");
+        }
+    const auto& losses = player.Pad.OddsFrame.Rows[0].Losses;
+    EXPECT_EQ(SlayingPage::TotalText(page.TotalSlain(Attacker)) + " " +
+                  SlayingPage::TotalText(page.TotalSlain(Defender)),
+              losses[0].Caption.Get() + " " + losses[2].Caption.Get());
+    page.Pick({1, 2});
+    EXPECT_EQ(page.lblSentence.Caption.Get(), "Line 2, Midges (blessed), slays line 3, Stalkers, in " +
+                                                  ToFixedText(100.0 * page.At(1, 2).ByAttacker, 1) +
+                                                  "% of battles, and is slain by it in " +
+                                                  ToFixedText(100.0 * page.At(1, 2).ByDefender, 1) + "%");
+    EXPECT_FALSE(page.IsSmall());
+    EXPECT_EQ(page.SumText(0.456, Defender), "0.46");
+    player.Pad.lstArmies[Defender].Select({2, {2}});
+    player.Do([&] { player.Pad.ArmyUp(Defender).Press(); });
+    EXPECT_EQ(page.Current().Defender, 1U) << "the cell stays with its armies";
+    player.Do([&] { player.Add(Defender, std::vector<Long>(10, Midges)); });
+    EXPECT_TRUE(page.IsSmall());
+    EXPECT_EQ(page.SumText(0.456, Defender) + " " + page.SumText(1.7, Defender) + " " +
+                  page.SumText(0.01, Defender) + " " + page.SumText(1.74, Attacker),
+              ".5 2  1.7");
+    EXPECT_EQ(SlayingPage::Figure(0.0) + "|" + SlayingPage::Figure(0.001) + "|" + SlayingPage::Figure(0.246),
+              "|<1|25");
+    const std::string said = player.Pad.OddsFrame.Announcement();
+    EXPECT_TRUE(said.starts_with("Attacker " + player.Wins() + ", ") &&
+                said.find(" points ") + 12 == said.size())
+        << said;
+}
+
 TEST(Advice, TriesChangesAndAppliesOne) {
     Advised player;
     ChangesPage& page = player.Advice.Changes;

@@ -214,11 +214,15 @@ void AdviceTableView::MakeColumns() {
     header.setHighlightSections(false);
     header.setSectionsClickable(!table_->IsToRead);
     const auto& columns = table_->Columns();
-    // The last column of words takes the spare width; where all are figures, they share it.
-    const auto words =
-        std::ranges::find(columns.rbegin(), columns.rend(), false, &AdviceTable::Column::IsFigure);
+    // Conditions take the spare width, or else what the rows are of; where all are figures, they share it.
+    const auto isWords = [](const AdviceTable::Column& column) { return !column.IsFigure; };
+    auto wide = std::ranges::find_if(columns, [&](const AdviceTable::Column& column) {
+        return isWords(column) && column.Look == AdviceTable::Weight::Quiet;
+    });
+    if (wide == columns.end())
+        wide = std::ranges::find_if(columns, isWords);
     for (int column = 0; column < static_cast<int>(columns.size()); ++column) {
-        const bool isWide = words == columns.rend() || column == columns.rend() - words - 1;
+        const bool isWide = wide == columns.end() || column == wide - columns.begin();
         header.setSectionResizeMode(column, isWide ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
     }
     if (table_->IsToRead)

@@ -4,6 +4,8 @@
 
 #include "app/advice/AdviceTableView.h"
 #include "app/advice/OrdersPlot.h"
+#include "app/advice/SlayingMap.h"
+#include "app/controls/Announcer.h"
 #include "app/controls/BoundWidgets.h"
 #include "app/controls/DropDown.h"
 #include "app/program/ErrorReport.h"
@@ -19,6 +21,7 @@
 #include <QStackedLayout>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace vorhaven {
@@ -58,6 +61,7 @@ AdviceView::AdviceView(frmAdvice& advice)
     layout->addWidget(pages_, 1);
     layout->addLayout(MakeFoot());
     MakeShortcuts();
+    MakeAnnouncements();
     // The tabs come last, whose keys are seldom needed.
     setTabOrder(done_, pages_->tabBar());
 }
@@ -85,6 +89,7 @@ QLayout* AdviceView::MakeHead() {
 
 void AdviceView::MakePages() {
     AddPage(advice_->Armies, MakeArmies());
+    AddPage(advice_->Slaying, MakeSlaying());
     AddPage(advice_->Changes, MakeChanges());
     AddPage(advice_->Orders, MakeOrders());
     AddPage(advice_->FewestArmies, MakeFewestArmies());
@@ -117,6 +122,23 @@ QLayout* AdviceView::MakeArmies() {
     ArmiesPage& page = advice_->Armies;
     auto* const layout = new QVBoxLayout;
     layout->addWidget(new AdviceTableView(page.tblArmies), 1);
+    layout->addWidget(MakeSentence(page.lblSentence));
+    return layout;
+}
+
+QLayout* AdviceView::MakeSlaying() {
+    SlayingPage& page = advice_->Slaying;
+    auto* const legend = new QHBoxLayout;
+    legend->addWidget(Make<QLabel>(page.lblLegend));
+    for (int side = 0; side < 2; ++side) {
+        legend->addSpacing(fontMetrics().averageCharWidth());
+        legend->addWidget(new ColourKey(side));
+        legend->addWidget(Make<QLabel>(page.lblHalf[static_cast<std::size_t>(side)]));
+    }
+    legend->addStretch();
+    auto* const layout = new QVBoxLayout;
+    layout->addLayout(legend);
+    layout->addWidget(new SlayingMap(page), 1);
     layout->addWidget(MakeSentence(page.lblSentence));
     return layout;
 }
@@ -232,6 +254,19 @@ void AdviceView::MakeShortcuts() {
     add(Qt::Key_F6, &AdviceHost::GoToMain);
     for (QLineEdit* edit : findChildren<QLineEdit*>())
         edit->installEventFilter(this);
+}
+
+void AdviceView::MakeAnnouncements() {
+    auto* const announcer = new Announcer(*this);
+    auto* const settled = new QTimer(this);
+    settled->setSingleShot(true);
+    settled->setInterval(500);
+    connect(settled, &QTimer::timeout, this, [this, announcer] {
+        const std::string words = advice_->OddsFrame().Announcement();
+        if (isActiveWindow() && !words.empty())
+            announcer->Say(QString::fromStdString(words));
+    });
+    KeepWith(*settled, advice_->OddsFrame().fraOdds.Changed.Connect([settled] { settled->start(); }));
 }
 
 bool AdviceView::eventFilter(QObject* watched, QEvent* event) {

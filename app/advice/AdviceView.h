@@ -30,12 +30,15 @@ private:
     /// Adds a page with its contents, in whose place a sentence stands where there is nothing to see.
     void AddPage(AdvicePage& page, QLayout* contents);
     [[nodiscard]] QLayout* MakeArmies();
+    [[nodiscard]] QLayout* MakeSlaying();
     [[nodiscard]] QLayout* MakeChanges();
     [[nodiscard]] QLayout* MakeOrders();
     [[nodiscard]] QLayout* MakeFewestArmies();
     /// How far the work is, and the button that closes the window.
     [[nodiscard]] QLayout* MakeFoot();
     void MakeShortcuts();
+    /// Says new odds once they have settled.
+    void MakeAnnouncements();
 
     frmAdvice* advice_;
     QTabWidget* pages_;

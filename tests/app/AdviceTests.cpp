@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "app/program/Contrast.h"
+#include "app/program/SideColours.h"
 #include "tests/app/WindowFixture.h"
 
 #include <QHeaderView>
 #include <QTabBar>
 #include <QTableView>
+
+#include <cmath>
 
 namespace vorhaven::test {
 namespace {
@@ -95,6 +99,42 @@ TEST_F(AdviceWindow, ShowsWhatItsPagesHaveAndActsOnTheMainWindow) {
     EXPECT_EQ(copied[0],
               "Army\tConditions\tSurvives\tSlays armies\tSlays turns\tWithout it the attacker wins\tchange");
     EXPECT_EQ(copied.mid(1).replaceInStrings("\t", "|"), sorted);
+
+    TurnTo(advice, Qt::Key_W, model.Slaying);
+    auto* const map = Find<QTableView>(advice, SlayingPage::Title);
+    EXPECT_TRUE(map->isVisible());
+    const auto say = [&](int row, int column) {
+        return map->model()->index(row, column).data(Qt::AccessibleTextRole).toString();
+    };
+    map->setFocus();
+    for (const auto key : {Qt::Key_Up, Qt::Key_Left})
+        QTest::keyClick(map, key);
+    EXPECT_EQ(model.Slaying.lblSentence.Caption.Get(), say(1, 0).toStdString());
+    EXPECT_TRUE(say(1, 0).startsWith("Line 2, Ram Crew, slays line 1, Gate Wardens, in "));
+    // Each half is filled in its side's colour, the more the likelier, and its figure can be read.
+    const QImage picture = map->viewport()->grab().toImage();
+    const QColor base = map->palette().color(QPalette::Base);
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 2; ++column) {
+            const QRect cell = map->visualRect(map->model()->index(row, column));
+            const Odds::Slaying& pair =
+                model.Slaying.At(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
+            for (int half = 0; half < 2; ++half) {
+                const double chance = half == 0 ? pair.ByAttacker : pair.ByDefender;
+                const QColor fill =
+                    picture.pixelColor(cell.left() + 5 + half * cell.width() / 2, cell.top() + 5);
+                EXPECT_LT(Contrast(fill, Mixed(SideColour(half, map->palette()), base,
+                                               0.92 * std::pow(chance, 0.75))),
+                          1.02);
+            }
+        }
+    EXPECT_EQ(map->model()->index(3, 2).data().toString(),
+              QString::fromStdString(pad_.OddsFrame.Rows[0].Losses[2].Caption));
+    EXPECT_EQ(map->model()->index(3, 3).data().toString(),
+              QString::fromStdString(pad_.OddsFrame.Rows[0].Losses[0].Caption));
+    QTest::keyClick(map, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(
+        "\tGate Wardens\tHill Hammers\tslays\tis slain\nOath Guard\t"));
 
     TurnTo(advice, Qt::Key_C, model.Changes);
     auto* const changes = Find<QTableView>(advice, "Single changes");

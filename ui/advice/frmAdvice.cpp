@@ -14,8 +14,8 @@ bool IsSameAdvice(Setup a, const Setup& b) {
 } // namespace
 
 frmAdvice::frmAdvice(Desktop& desktop, AdviceHost& host, OddsPanel& odds)
-    : Form("Advice"), Armies(host), Changes(host), Orders(host), FewestArmies(host), desktop_(&desktop),
-      host_(&host), odds_(&odds) {
+    : Form("Advice"), Armies(host), Slaying(host), Changes(host), Orders(host), FewestArmies(host),
+      desktop_(&desktop), host_(&host), odds_(&odds) {
     pbProgress.Visible = false;
     sscDone.Click = [this] { sscDone_Click(); };
     for (std::size_t page = 0; page < Pages.size(); ++page)

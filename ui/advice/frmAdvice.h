@@ -6,6 +6,7 @@
 #include "ui/advice/ChangesPage.h"
 #include "ui/advice/FewestArmiesPage.h"
 #include "ui/advice/OrdersPage.h"
+#include "ui/advice/SlayingPage.h"
 #include "ui/controls/Form.h"
 #include "ui/setup/OddsPanel.h"
 
@@ -44,10 +45,11 @@ public:
 
     // The pages, from the left.
     ArmiesPage Armies;
+    SlayingPage Slaying;
     ChangesPage Changes;
     OrdersPage Orders;
     FewestArmiesPage FewestArmies;
-    const std::array<AdvicePage*, 4> Pages{&Armies, &Changes, &Orders, &FewestArmies};
+    const std::array<AdvicePage*, 5> Pages{&Armies, &Slaying, &Changes, &Orders, &FewestArmies};
     [[nodiscard]] std::size_t CurrentPage() const { return current_; }
     /// The user turns to a page.
     void ChoosePage(std::size_t page);
@@ -74,7 +76,7 @@ private:
     std::string whyNone_;
     /// How many changes there were, and the one that each page has begun with.
     std::int64_t change_ = 0;
-    std::array<std::int64_t, 4> begunWith_{-1, -1, -1, -1};
+    std::array<std::int64_t, 5> begunWith_{-1, -1, -1, -1, -1};
     std::chrono::steady_clock::time_point begun_;
 };
 

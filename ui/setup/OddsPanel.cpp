@@ -62,6 +62,14 @@ void OddsPanel::ShowChange(const std::optional<Chance>& before, const std::optio
     lblChange.Caption = ToSignedText(points, 1);
 }
 
+std::string OddsPanel::Announcement() const {
+    if (!attackerShare_)
+        return {};
+    const std::string& change = ChangeInWords;
+    return lblSide[0].Caption.Get() + " " + lblChance[0].Caption.Get() +
+           (change.empty() ? "" : ", " + change.substr(0, change.find(" than ")));
+}
+
 void OddsPanel::ShowLosses(Label& armies, Label& turns, const std::optional<Odds::Losses>& losses) {
     armies.Caption = losses ? ToFixedText(losses->Armies, 1) : Unknown;
     turns.Caption = losses ? ToFixedText(losses->Turns, 1) : Unknown;

@@ -51,6 +51,9 @@ public:
     /// All that is shown, as lines of text; empty without odds.
     [[nodiscard]] std::string AsText() const;
 
+    /// The attacker's chance and how it has changed, "Attacker 83.1%, 3.5 points more"; empty without odds.
+    [[nodiscard]] std::string Announcement() const;
+
     /// Shows odds, or that there are none, and a sentence on them.
     void Show(const std::optional<Odds::BattleOdds>& odds, const std::string& state);
     /// Compares the attacker's chance of winning with the one before.

@@ -1,0 +1,435 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/advice/SlayingMap.h"
+
+#include "app/controls/Binding.h"
+#include "app/program/ErrorReport.h"
+#include "app/program/Shade.h"
+#include "app/program/SideColours.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vorhaven {
+namespace {
+
+// Sizes in em: of a cell, and of a column of sums; the same where cells are small.
+constexpr QSizeF CellSize{80.0 / 12.0, 32.0 / 12.0};
+constexpr double SumWidth = 42.0 / 12.0;
+constexpr QSizeF SmallCellSize{2.0, 13.0 / 12.0};
+constexpr double SmallSumWidth = 24.0 / 12.0;
+
+// The share of a side's colour in a half of a cell, by its chance.
+constexpr double MostColour = 0.92;
+constexpr double ColourPower = 0.75;
+
+QString ToQt(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QFont Scaled(QFont font, double factor) {
+    font.setPointSizeF(font.pointSizeF() * factor);
+    return font;
+}
+
+std::size_t Index(int place) {
+    return static_cast<std::size_t>(place);
+}
+
+} // namespace
+
+/// The pairs as a table, with two columns of sums behind the defenders and a row of sums below the attackers.
+class SlayingMap::Pairs final : public QAbstractTableModel {
+public:
+    Pairs(const SlayingPage& page, QObject* parent) : QAbstractTableModel(parent), page_(&page) {}
+
+    [[nodiscard]] int Attackers() const { return static_cast<int>(page_->Armies(Side::Attacker).size()); }
+    [[nodiscard]] int Defenders() const { return static_cast<int>(page_->Armies(Side::Defender).size()); }
+    [[nodiscard]] bool IsPair(const QModelIndex& index) const {
+        return index.isValid() && index.row() < Attackers() && index.column() < Defenders();
+    }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : Attackers() + 1;
+    }
+    [[nodiscard]] int columnCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : Defenders() + 2;
+    }
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override {
+        return IsPair(index) ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+    }
+    /// The texts of a cell: of both halves where it has halves, otherwise of one.
+    [[nodiscard]] QStringList Texts(const QModelIndex& index) const {
+        const bool isSumOfRow = index.column() >= Defenders();
+        const bool isLast = index.column() > Defenders();
+        if (IsPair(index)) {
+            const Odds::Slaying& pair = page_->At(Index(index.row()), Index(index.column()));
+            return {ToQt(SlayingPage::Figure(pair.ByAttacker)), ToQt(SlayingPage::Figure(pair.ByDefender))};
+        }
+        if (index.row() == Attackers() && isSumOfRow)
+            return {
+                ToQt(SlayingPage::TotalText(page_->TotalSlain(isLast ? Side::Attacker : Side::Defender)))};
+        if (isSumOfRow) {
+            const SlayingPage::Army& army = page_->Armies(Side::Attacker)[Index(index.row())];
+            return {ToQt(page_->SumText(isLast ? army.IsSlain : army.Slays, Side::Attacker))};
+        }
+        const SlayingPage::Army& army = page_->Armies(Side::Defender)[Index(index.column())];
+        return {ToQt(page_->SumText(army.IsSlain, Side::Defender)),
+                ToQt(page_->SumText(army.Slays, Side::Defender))};
+    }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        if (role == Qt::DisplayRole)
+            return Texts(index).join('/');
+        if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) {
+            if (IsPair(index))
+                return ToQt(page_->Sentence(Index(index.row()), Index(index.column())));
+            return role == Qt::AccessibleTextRole ? data(index, Qt::DisplayRole) : QVariant{};
+        }
+        return {};
+    }
+    [[nodiscard]] const SlayingPage::Army* ArmyOf(int section, Qt::Orientation orientation) const {
+        const auto& armies = page_->Armies(orientation == Qt::Vertical ? Side::Attacker : Side::Defender);
+        return Index(section) < armies.size() ? &armies[Index(section)] : nullptr;
+    }
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::AccessibleTextRole)
+            return {};
+        if (const SlayingPage::Army* const army = ArmyOf(section, orientation))
+            return ToQt(army->NameWithConditions());
+        if (role == Qt::ToolTipRole)
+            return {};
+        if (orientation == Qt::Vertical)
+            return SlayingPage::BelowHeading;
+        return section == Defenders() ? SlayingPage::SlaysHeading : SlayingPage::IsSlainHeading;
+    }
+
+    void Reset() {
+        beginResetModel();
+        endResetModel();
+    }
+    [[nodiscard]] const SlayingPage& Page() const { return *page_; }
+
+private:
+    const SlayingPage* page_;
+};
+
+/// The names of one side, with what they suffer or have below; of many armies, the defenders' names stand
+/// upright and each has its line number.
+class SlayingMap::Names final : public QHeaderView {
+public:
+    Names(Qt::Orientation orientation, SlayingMap& map)
+        : QHeaderView(orientation, &map), map_(&map), pairs_(map.pairs_) {
+        setSectionsClickable(false);
+        setHighlightSections(false);
+        setMinimumSectionSize(4);
+        setSectionResizeMode(Fixed);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        const int gap = fontMetrics().averageCharWidth();
+        const QFontMetrics names(map_->NameFont());
+        const QFontMetrics notes(Small(map_->NameFont()));
+        int longest = orientation() == Qt::Vertical ? notes.horizontalAdvance(SlayingPage::BelowHeading) : 0;
+        for (int section = 0; const auto* const army = pairs_->ArmyOf(section, orientation()); ++section)
+            longest = std::max({longest, names.horizontalAdvance(ToQt(army->Name)) + NumberWidth(),
+                                IsSmall() || orientation() == Qt::Horizontal
+                                    ? 0
+                                    : std::min(notes.horizontalAdvance(ToQt(army->Conditions)),
+                                               notes.averageCharWidth() * 16)});
+        if (orientation() == Qt::Vertical)
+            return {longest + 2 * gap, 0};
+        return {0, IsSmall() ? longest + gap : 2 * names.height() + notes.height() + gap / 2};
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QHeaderView::paintEvent(event);
+        // Beyond the sections, too, the names stand on Base.
+        QRect rest = viewport()->rect();
+        if (orientation() == Qt::Horizontal)
+            rest.setLeft(length() - offset());
+        else
+            rest.setTop(length() - offset());
+        QPainter(viewport()).fillRect(rest, palette().color(QPalette::Base));
+    }
+    void paintSection(QPainter* painter, const QRect& rect, int section) const override {
+        painter->save();
+        painter->fillRect(rect, palette().color(QPalette::Base));
+        const QColor text = palette().color(QPalette::Text);
+        const QColor quiet = Shaded(text, palette().color(QPalette::Base), Shade::Quiet);
+        const SlayingPage::Army* const army = pairs_->ArmyOf(section, orientation());
+        if (army == nullptr)
+            PaintHeading(*painter, rect, section, quiet);
+        else if (!IsSmall())
+            PaintName(*painter, rect, *army, text, quiet);
+        else
+            PaintNumbered(*painter, rect, *army, text, quiet);
+        if (army != nullptr && army->BeginsStack) {
+            painter->setPen(quiet);
+            painter->drawLine(rect.topLeft(), rect.topRight());
+        }
+        painter->restore();
+    }
+
+private:
+    [[nodiscard]] bool IsSmall() const { return pairs_->Page().IsSmall(); }
+    [[nodiscard]] int NumberWidth() const {
+        return IsSmall() ? QFontMetrics(map_->NameFont()).horizontalAdvance(QStringLiteral("  00")) : 0;
+    }
+
+    void PaintHeading(QPainter& painter, const QRect& rect, int section, const QColor& quiet) const {
+        painter.setFont(Small(map_->NameFont()));
+        painter.setPen(quiet);
+        const QString heading = pairs_->headerData(section, orientation(), Qt::DisplayRole).toString();
+        const int gap = fontMetrics().averageCharWidth() / 2;
+        painter.drawText(rect.adjusted(gap, 0, 0, -gap / 2),
+                         orientation() == Qt::Vertical ? Qt::AlignLeft | Qt::AlignVCenter
+                                                       : Qt::AlignHCenter | Qt::AlignBottom,
+                         heading);
+    }
+
+    /// The name in up to two lines above the columns, or in one beside the rows; its conditions below.
+    void PaintName(QPainter& painter, const QRect& rect, const SlayingPage::Army& army, const QColor& text,
+                   const QColor& quiet) const {
+        const bool isBeside = orientation() == Qt::Vertical;
+        const int gap = fontMetrics().averageCharWidth() / 2;
+        const QFontMetrics names(map_->NameFont());
+        const QFontMetrics notes(Small(map_->NameFont()));
+        const QString note = notes.elidedText(ToQt(army.Conditions), Qt::ElideRight, rect.width() - 2 * gap);
+        const int noteHeight = note.isEmpty() ? 0 : isBeside ? notes.height() - 3 : notes.height();
+        QRect place = rect.adjusted(gap, 0, -gap, -gap / 2);
+        QRect below = place;
+        if (isBeside) {
+            const int top = place.center().y() - (names.height() + noteHeight) / 2 + 1;
+            place = QRect(place.left(), top, place.width(), names.height());
+            below = QRect(place.left(), place.bottom() - 1, place.width(), notes.height());
+        } else {
+            below.setTop(place.bottom() - notes.height());
+            place.setBottom(place.bottom() - noteHeight);
+        }
+        painter.setFont(map_->NameFont());
+        painter.setPen(text);
+        painter.drawText(place,
+                         isBeside ? static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter)
+                                  : Qt::AlignHCenter | Qt::AlignBottom | Qt::TextWordWrap,
+                         ToQt(army.Name));
+        painter.setFont(Small(map_->NameFont()));
+        painter.setPen(quiet);
+        painter.drawText(below, isBeside ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignHCenter | Qt::AlignBottom,
+                         note);
+    }
+
+    void PaintNumbered(QPainter& painter, const QRect& rect, const SlayingPage::Army& army,
+                       const QColor& text, const QColor& quiet) const {
+        const int gap = fontMetrics().averageCharWidth() / 2;
+        QRect place = rect;
+        Qt::Alignment numberSide = Qt::AlignRight;
+        if (orientation() == Qt::Horizontal) {
+            painter.translate(rect.left(), rect.bottom() + 1);
+            painter.rotate(-90);
+            place = QRect(0, 0, rect.height(), rect.width());
+            numberSide = Qt::AlignLeft;
+        }
+        place.adjust(gap, 0, -gap, 0);
+        painter.setFont(map_->NameFont());
+        painter.setPen(quiet);
+        painter.drawText(place, numberSide | Qt::AlignVCenter, QString::number(army.Line));
+        painter.setPen(text);
+        if (numberSide == Qt::AlignLeft)
+            place.setLeft(place.left() + NumberWidth());
+        painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, ToQt(army.Name));
+    }
+
+    SlayingMap* map_;
+    Pairs* pairs_;
+};
+
+namespace {
+
+/// Paints the halves of a cell, each in the colour of its chance.
+class PairDelegate final : public QStyledItemDelegate {
+public:
+    PairDelegate(const SlayingPage& page, const SlayingMap& map, QObject* parent)
+        : QStyledItemDelegate(parent), page_(&page), map_(&map) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        // Sums are no cells to go to, but are shown like them.
+        const QPalette& colours = map_->palette();
+        const QColor base = colours.color(QPalette::Base);
+        const QColor text = colours.color(QPalette::Text);
+        const auto& attackers = page_->Armies(Side::Attacker);
+        const auto row = Index(index.row());
+        const bool isPair =
+            row < attackers.size() && Index(index.column()) < page_->Armies(Side::Defender).size();
+        const QStringList figures = index.data().toString().split('/');
+        painter->save();
+        painter->setFont(map_->FigureFont());
+        if (isPair) {
+            const Odds::Slaying& pair = page_->At(row, Index(index.column()));
+            const std::array chances{pair.ByAttacker, pair.ByDefender};
+            for (int half = 0; half < 2; ++half)
+                PaintHalf(*painter, HalfOf(option.rect, half), half, chances.at(Index(half)), figures[half],
+                          colours);
+            PaintLines(*painter, option.rect, index, Shaded(text, base, Shade::TableLine));
+            if (index == map_->currentIndex()) {
+                painter->setPen(QPen(text, page_->IsSmall() ? 1 : 2));
+                painter->drawRect(page_->IsSmall() ? option.rect.adjusted(0, 0, -1, -1)
+                                                   : option.rect.adjusted(1, 1, -1, -1));
+            }
+        } else {
+            painter->setPen(text);
+            for (int part = 0; part < figures.size(); ++part)
+                painter->drawText(figures.size() == 1 ? option.rect : HalfOf(option.rect, part),
+                                  Qt::AlignCenter, figures[part]);
+        }
+        if (row < attackers.size() && attackers[row].BeginsStack) {
+            painter->setPen(Shaded(text, base, Shade::Quiet));
+            painter->drawLine(option.rect.topLeft(), option.rect.topRight());
+        }
+        painter->restore();
+    }
+
+private:
+    static QRect HalfOf(const QRect& cell, int half) {
+        const int width = cell.width() / 2;
+        return half == 0 ? QRect(cell.left(), cell.top(), width, cell.height())
+                         : QRect(cell.left() + width, cell.top(), cell.width() - width, cell.height());
+    }
+
+    void PaintHalf(QPainter& painter, const QRect& place, int side, double chance, const QString& figure,
+                   const QPalette& colours) const {
+        const QColor base = colours.color(QPalette::Base);
+        const double share = MostColour * std::pow(std::clamp(chance, 0.0, 1.0), ColourPower);
+        const QColor fill = Mixed(SideColour(side, colours), base, share);
+        painter.fillRect(place, fill);
+        const bool isTiny = figure.startsWith('<');
+        if (isTiny && page_->IsSmall())
+            return;
+        painter.setPen(isTiny ? Shaded(colours.color(QPalette::Text), fill, Shade::Dimmed)
+                              : FarthestFrom(fill));
+        painter.drawText(place, Qt::AlignCenter, figure);
+    }
+
+    /// The lines around a cell, which it shares with its neighbours.
+    static void PaintLines(QPainter& painter, const QRect& cell, const QModelIndex& index,
+                           const QColor& colour) {
+        painter.setPen(colour);
+        painter.drawLine(cell.topRight(), cell.bottomRight());
+        painter.drawLine(cell.bottomLeft(), cell.bottomRight());
+        if (index.row() == 0)
+            painter.drawLine(cell.topLeft(), cell.topRight());
+        if (index.column() == 0)
+            painter.drawLine(cell.topLeft(), cell.bottomLeft());
+    }
+
+    const SlayingPage* page_;
+    const SlayingMap* map_;
+};
+
+} // namespace
+
+SlayingMap::SlayingMap(SlayingPage& page, QWidget* parent)
+    : QTableView(parent), page_(&page), pairs_(new Pairs(page, this)) {
+    setModel(pairs_);
+    setHorizontalHeader(new Names(Qt::Horizontal, *this));
+    setVerticalHeader(new Names(Qt::Vertical, *this));
+    setItemDelegate(new PairDelegate(page, *this, this));
+    setAccessibleName(QString::fromUtf8(SlayingPage::Title));
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setShowGrid(false);
+    setCornerButtonEnabled(false);
+    setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+    // The place between the names is no button, and stands on Base like the rest.
+    for (QWidget* corner : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        if (corner->inherits("QTableCornerButton"))
+            corner->setMaximumSize(0, 0);
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
+    auto* const copy = new QAction(QStringLiteral("Copy Table"), this);
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetShortcut);
+    connect(copy, &QAction::triggered, this, [this] { QGuiApplication::clipboard()->setText(AsText()); });
+    addAction(copy);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    Follow();
+    KeepWith(*this, page.Changed.Connect([this] { Follow(); }));
+}
+
+SlayingMap::~SlayingMap() = default;
+
+QFont SlayingMap::NameFont() const {
+    return page_->IsSmall() ? Scaled(font(), 0.84) : font();
+}
+
+QFont SlayingMap::FigureFont() const {
+    return page_->IsSmall() ? Scaled(font(), 0.7) : font();
+}
+
+void SlayingMap::Follow() {
+    const std::array scrolled{horizontalScrollBar()->value(), verticalScrollBar()->value()};
+    pairs_->Reset();
+    FitCells();
+    if (pairs_->Attackers() == 0)
+        return;
+    const SlayingPage::Cell current = page_->Current();
+    setCurrentIndex(pairs_->index(static_cast<int>(current.Attacker), static_cast<int>(current.Defender)));
+    horizontalScrollBar()->setValue(scrolled[0]);
+    verticalScrollBar()->setValue(scrolled[1]);
+}
+
+void SlayingMap::FitCells() {
+    const int em = QFontInfo(font()).pixelSize();
+    const QSizeF cell = (page_->IsSmall() ? SmallCellSize : CellSize) * em;
+    const double sumWidth = (page_->IsSmall() ? SmallSumWidth : SumWidth) * em;
+    for (int column = 0; column < pairs_->columnCount({}); ++column)
+        setColumnWidth(column, qRound(column < pairs_->Defenders() ? cell.width() : sumWidth));
+    for (int row = 0; row < pairs_->rowCount({}); ++row)
+        setRowHeight(row, qRound(cell.height()));
+    if (!page_->IsSmall())
+        return;
+    // The row of sums stands a little apart.
+    setRowHeight(pairs_->Attackers(), qRound(1.5 * cell.height()));
+}
+
+void SlayingMap::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    viewport()->update();
+    if (pairs_->IsPair(current))
+        RunOutermost([&] { page_->Pick({Index(current.row()), Index(current.column())}); });
+}
+
+void SlayingMap::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        FitCells();
+}
+
+QString SlayingMap::AsText() const {
+    QStringList lines;
+    for (int row = -1; row < pairs_->rowCount({}); ++row) {
+        QStringList cells{row < 0 ? QString()
+                                  : pairs_->headerData(row, Qt::Vertical, Qt::DisplayRole).toString()};
+        for (int column = 0; column < pairs_->columnCount({}); ++column)
+            cells += (row < 0 ? pairs_->headerData(column, Qt::Horizontal, Qt::DisplayRole)
+                              : pairs_->index(row, column).data())
+                         .toString()
+                         .replace('\n', ' ');
+        lines += cells.join('\t');
+    }
+    return lines.join('\n') + '\n';
+}
+
+} // namespace vorhaven
