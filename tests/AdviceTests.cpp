@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <map>
 #include <ranges>
+#include <set>
 
 namespace vorhaven::test {
 namespace {
@@ -52,6 +53,84 @@ TEST(Worth, IsTheBattleWithoutTheLine) {
     }
 }
 
+TEST(Changes, AreThoseThatTheWindowAllowsAndChangeTheBattle) {
+    RandomSetups setups{5};
+    const Units& units = setups.GetUnits();
+    auto setup = setups.Next({1}, 1);
+    const auto line = [&](const std::string& name, const HealthRow& health) {
+        Long unit = 0;
+        while (units.Name(unit) != name)
+            ++unit;
+        return SetupLine{unit, name, health};
+    };
+    setup.Sides.Attacker = {line("Storm Heron", {.Diseased = true, .Medals = 4}), line(NoArmy, {}),
+                            line("Vale Levy", {.Blacksmith = true, .Weaponsmaster = true})};
+    setup.ChooseTerrain(Terrains::City);
+    std::string texts;
+    std::vector<SingleChange> armies;
+    for (const SingleChange& change : PossibleChanges(setup, units))
+        if (change.Kind == ChangeKind::OneMoreArmy)
+            armies.push_back(change);
+        else
+            texts += change.Text + (change.Kind == ChangeKind::Place ? "!\n" : "\n");
+    EXPECT_EQ(texts, "Blacksmith: Storm Heron (line 1)\n"
+                     "Weaponsmaster: Storm Heron (line 1)\n"
+                     "Bless: Vale Levy (line 3)\n"
+                     "One medal more: Vale Levy (line 3)\n"
+                     "Flying: Vale Levy (line 3)\n"
+                     "Terrain: ice!\nTerrain: hills!\nTerrain: marsh!\nTerrain: field!\nTerrain: woods!\n"
+                     "City level: Castle!\n");
+    ASSERT_EQ(armies.size(), units.NumArmies().Index());
+    EXPECT_EQ(armies[0].Text + ", " + armies[0].Tooltip,
+              "One more army: Vale Levy, 1 turn, Line 4 of stack 1");
+    EXPECT_EQ(armies[0].After.Sides.Attacker.back(), line("Vale Levy", {}));
+
+    // The defenders stand in a city because they are many; the next line would open a stack that is hidden.
+    setup.Sides.Attacker.resize(16, line(NoArmy, {}));
+    setup.Sides.Attacker[0].Health = setup.Sides.Attacker[2].Health = {.Poisoned = true, .Flying = true};
+    setup.Sides.Defender.resize(9, setup.Sides.Defender[0]);
+    setup.CityLevel = 3;
+    setup.AdjustTerrain();
+    for (const SingleChange& change : PossibleChanges(setup, units))
+        EXPECT_TRUE(change.Text.ends_with("(line 1)") || change.Text.ends_with("(line 3)")) << change.Text;
+    setup.Sides.Attacker[0].Health = setup.Sides.Attacker[2].Health = {};
+    const SingleChange first = PossibleChanges(setup, units).front();
+    EXPECT_EQ(first.Text, "Bless all attackers");
+    EXPECT_EQ(first.After.Sides.Attacker[0].Text + first.After.Sides.Attacker[2].Text,
+              "Storm Heron *Vale Levy *");
+}
+
+TEST(Changes, GainWhatTheirBattlesDo) {
+    RandomSetups setups{6};
+    for (std::size_t repeat = 0; repeat < 8; ++repeat) {
+        const auto setup = setups.Next(Stacks(setups, 4, 1 + repeat % 2), 2);
+        ChangesStudy study{setup, setups.GetUnits()};
+        Finish(study);
+        std::set<std::string> told;
+        double before = 1.0;
+        for (const TriedChange& change : study.Changes()) {
+            ExpectProspect(change.Outcome, setups.Plain(change.Change.After));
+            EXPECT_NEAR(change.Gain, change.Outcome.Wins() - setups.Plain(setup).Wins(), 1e-12);
+            EXPECT_LE(change.Gain, before + 1e-11);
+            before = change.Gain;
+            told.insert(change.Change.Text);
+        }
+        for (const SingleChange& change : PossibleChanges(setup, setups.GetUnits()))
+            EXPECT_TRUE(told.contains(change.Text) || change.Text.ends_with(')')) << change.Text;
+    }
+    // Of what brings the same to equal lines the first one is told: neither is ever struck by trample.
+    auto setup = setups.Next({1}, 1);
+    setup.Sides.Attacker[0] = {0, "Vale Levy"};
+    setup.Sides.Attacker.push_back(setup.Sides.Attacker[0]);
+    setup.Sides.Defender[0] = {0, "Vale Levy"};
+    ChangesStudy study{setup, setups.GetUnits()};
+    Finish(study);
+    EXPECT_EQ(
+        std::ranges::count_if(study.Changes(),
+                              [](const auto& change) { return change.Change.Text.starts_with("Flying"); }),
+        1);
+}
+
 TEST(FewestArmies, AreTheCheapestPartsThatWinSoOften) {
     RandomSetups setups{2};
     const Units& units = setups.GetUnits();
@@ -91,6 +170,27 @@ TEST(FewestArmies, AreTheCheapestPartsThatWinSoOften) {
             ++told;
         }
         EXPECT_LE(study.Parts().rend() - told, 1) << "all of them, which win no more";
+    }
+}
+
+TEST(FewestArmies, AreSearchedForWhereTheyAreMany) {
+    RandomSetups setups{7};
+    const auto setup = setups.Next({13}, 6);
+    FewestArmiesStudy study{setup, setups.GetUnits()};
+    Finish(study);
+    ASSERT_FALSE(study.ComparesAll());
+    ASSERT_GT(study.Parts().size(), 5U);
+    for (const Part& part : study.Parts()) {
+        auto sent = setup;
+        for (std::size_t line = setup.Sides.Attacker.size(); line-- > 0;)
+            if (!setups.GetUnits().IsNone(setup.Sides.Attacker[line].Unit) &&
+                std::ranges::count(part.Sent, line) == 0)
+                Erase(sent.Sides.Attacker, line);
+        ExpectProspect(part.Outcome, setups.Plain(sent));
+    }
+    for (std::size_t i = 2; i < study.Parts().size(); ++i) {
+        EXPECT_GT(study.Parts()[i - 1].Turns, study.Parts()[i].Turns);
+        EXPECT_GT(study.Parts()[i - 1].Outcome.Wins(), study.Parts()[i].Outcome.Wins());
     }
 }
 
