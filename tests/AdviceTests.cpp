@@ -98,6 +98,9 @@ TEST(Changes, AreThoseThatTheWindowAllowsAndChangeTheBattle) {
     EXPECT_EQ(first.Text, "Bless all attackers");
     EXPECT_EQ(first.After.Sides.Attacker[0].Text + first.After.Sides.Attacker[2].Text,
               "Storm Heron *Vale Levy *");
+    setup.Sides.Attacker[0].Health.Blessed = true;
+    EXPECT_EQ(PossibleChanges(setup, units).front().Text, "One medal more: Storm Heron (line 1)")
+        << "all that are left are one";
 }
 
 TEST(Changes, GainWhatTheirBattlesDo) {
