@@ -129,12 +129,16 @@ TEST(Run, IsLimitedToTheBattlesWhoseLossesCanBeAddedUp) {
     using Lines = std::vector<Long>;
     Lines heroAndNobody(31, Nobody);
     heroAndNobody.push_back(Captain);
+    Lines behindNobody(16, Nobody);
+    behindNobody[0] = Midges;
+    behindNobody.resize(32, Colossi);
     // clang-format off
     const struct { Lines Attackers, Defenders; const char *Typed, *Becomes; } cases[]{
         {Lines(32, Captain), {Midges}, "99999999", "67108860"},       // 2^31 / 32, of armies: a hero costs no turns
         {{Midges}, Lines(32, Colossi), "99999990", "7456540"},        // 2^31 / (32 * 9)
         {Lines(32, Colossi), Lines(32, Midges), "7456540", "7456540"},
         {heroAndNobody, {Colossi, Colossi}, "99999990", "99999990"},
+        {behindNobody, {Midges}, "99999990", "99999990"},             // stacks behind an empty one do not fight
         {Lines(32, Colossi), {}, "99999990", "99999990"},             // which Attack refuses
         {Lines(32, Colossi), {Midges}, "", ""},
     };

@@ -52,13 +52,13 @@ bool IsSameBattle(const Setup& a, const Setup& b, const Units& units) {
 Long MostBattles(const Setup& setup, const Units& units) {
     std::int64_t largest = 1;
     for (const Side side : BothSides) {
-        std::int64_t armies = 0;
+        const std::vector<std::size_t> fighting = LinesInOrderOfFighting(setup, side, units);
         std::int64_t turns = 0;
-        for (const SetupLine& line : setup.Sides[side]) {
-            armies += units.IsNone(line.Unit) ? 0 : 1;
+        for (const std::size_t number : fighting) {
+            const SetupLine& line = setup.Sides[side][number];
             turns += units.EntryOf(line.Unit, line.Health).Turns.Value();
         }
-        largest = std::max({largest, armies, turns});
+        largest = std::max({largest, static_cast<std::int64_t>(fighting.size()), turns});
     }
     return static_cast<std::int32_t>(std::numeric_limits<std::int32_t>::max() / largest);
 }

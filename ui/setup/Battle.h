@@ -37,7 +37,7 @@ namespace vorhaven {
 [[nodiscard]] bool IsSameBattle(const Setup& a, const Setup& b, const Units& units);
 
 /// The most battles whose losses add up to a count whatever they are: no side loses more than all its armies
-/// and all their production turns in each.
+/// that fight, and all their production turns, in each.
 [[nodiscard]] Long MostBattles(const Setup& setup, const Units& units);
 
 /// Answers what an army list asks while it is filled from a set-up.
