@@ -20,6 +20,7 @@ public:
     [[nodiscard]] Size ScreenSize() const override { return {}; }
     void ShowBusy(bool /*busy*/) override {}
     void ProcessEvents() override {}
+    void ProcessOverdueEvents() override {}
     void ShowMessage(const std::string& /*prompt*/) override {}
     [[nodiscard]] std::string ClipboardText() const override { return {}; }
     void SetClipboardText(const std::string& /*text*/) override {}

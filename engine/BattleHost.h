@@ -34,6 +34,9 @@ public:
     virtual void ShowProgressText(const std::string& text) = 0;
     /// Lets the user interface process what is pending; a request to abort arrives here.
     virtual void ProcessEvents() = 0;
+    /// Called between two battles, every few dozen of them, so that a long run stays responsive between two
+    /// steps of its progress. A request to abort may arrive here as well; nothing is done by default.
+    virtual void BetweenBattles() {}
 
     /// The attacker's win percentage, and the average of a results column (2 to 5).
     virtual void ShowWinPercent(const std::string& text) = 0;

@@ -4,6 +4,12 @@
 #include "engine/State.h"
 
 namespace vorhaven::MBattleCalc {
+namespace {
+
+/// So many battles take the engine a few milliseconds at most, and asking the host costs nothing beside them.
+constexpr std::int32_t BattlesBetween = 64;
+
+} // namespace
 
 void Add(BattleHost& host, Long numBattles, Long dice, bool viewStats, Long cityLevel) {
     const Trap trap{"MBattleCalc::Add"};
@@ -16,6 +22,8 @@ void Add(BattleHost& host, Long numBattles, Long dice, bool viewStats, Long city
     NextAttackStack = 0;
     Host->ShowProgressBar();
     for (Long battle = 1; battle <= numBattles; ++battle) {
+        if (battle.Value() % BattlesBetween == 0)
+            Host->BetweenBattles();
         if (AbortRequested) {
             AbortRequested = false;
             Host->ShowBusy(false);

@@ -24,6 +24,7 @@ namespace vorhaven {
 namespace {
 
 constexpr qint64 EventInterval = 16; // ms
+constexpr qint64 LongestWait = 100;  // ms
 
 /// How long two letters that look up an entry of a list can be apart.
 constexpr int LetterInterval = 1000; // ms
@@ -151,6 +152,13 @@ void QtToolkit::ProcessEvents() {
     if (!isSecondStep_ && !sinceEvents_.hasExpired(EventInterval))
         return;
     isSecondStep_ = !isSecondStep_;
+    QCoreApplication::processEvents();
+    sinceEvents_.restart();
+}
+
+void QtToolkit::ProcessOverdueEvents() {
+    if (!sinceEvents_.hasExpired(LongestWait))
+        return;
     QCoreApplication::processEvents();
     sinceEvents_.restart();
 }

@@ -39,6 +39,7 @@ public:
     /// which stay together on the screen. What a run shows last stands there as soon as it returns to the
     /// event loop.
     void ProcessEvents() override;
+    void ProcessOverdueEvents() override;
     void ShowMessage(const std::string& prompt) override;
     [[nodiscard]] std::string ClipboardText() const override;
     void SetClipboardText(const std::string& text) override;

@@ -25,6 +25,7 @@ struct FakeToolkit final : Toolkit {
     Size ScreenSize() const override { return {1000, 800}; }
     void ShowBusy(bool busy) override { Busy = busy; }
     void ProcessEvents() override { OnEvents(); }
+    void ProcessOverdueEvents() override {}
     void ShowMessage(const std::string& prompt) override { Message = prompt; }
     std::string ClipboardText() const override { return Clipboard; }
     void SetClipboardText(const std::string& text) override { Clipboard = text; }

@@ -17,6 +17,9 @@ class frmStats;
 /// What the main window asks of the toolkit beside the desktop: the other windows.
 class Toolkit : public Desktop {
 public:
+    /// Lets pending events run if they have waited for about a tenth of a second. Between two parts of a long
+    /// computation, which may call it as often as it likes.
+    virtual void ProcessOverdueEvents() = 0;
     /// Loads a window and shows it modally; returns when it is closed.
     virtual void ShowModal(frmHero& window) = 0;
     virtual void ShowModal(frmStats& window) = 0;

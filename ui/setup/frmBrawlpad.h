@@ -371,6 +371,7 @@ private:
     void ShowProgress(Long percent) override { pbBattleProgress.Value = percent; }
     void ShowProgressText(const std::string& text) override { sbrBrawlpad[1].Text = text; }
     void ProcessEvents() override { toolkit_->ProcessEvents(); }
+    void BetweenBattles() override { toolkit_->ProcessOverdueEvents(); }
     void ShowWinPercent(const std::string& text) override;
     void ShowAverage(Long column, const std::string& text) override;
     void ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) override;
