@@ -177,7 +177,7 @@ TEST(Heroes, AreEditedWithoutARunOnTheValuesOfTheOdds) {
     };
     const std::string asTheyBegin = player.Chances();
     EXPECT_TRUE(edit(Defender, 1, ""));
-    EXPECT_EQ(player.Chances() + player.OddsState(), asTheyBegin + "Heroes with their editors' first values");
+    EXPECT_EQ(player.Chances() + player.OddsState(), asTheyBegin + "Heroes at their starting values");
     EXPECT_TRUE(edit(Attacker, 0, "4"));
     EXPECT_NE(player.Chances(), asTheyBegin);
     EXPECT_FALSE(edit(Attacker, 1, "4") || edit(Defender, 0, "4")) << "no heroes";
@@ -222,7 +222,7 @@ TEST(Lists, TellWhatALineReallyHasAndHowFullTheyAre) {
     player.Do([&] { pad.sscClearList[Defender].Press(); });
     EXPECT_EQ(list.Entry(0).Text + list.Note(0), "Midges *");
     EXPECT_EQ(std::exchange(player.Notice, ""),
-              "Clear List has taken the conditions of the attacking armies too");
+              "Clear List has also removed the conditions of the attacking armies");
     player.Do([&] { pad.sscClearList[Attacker].Press(); });
     EXPECT_EQ(player.Notice, "");
 }
@@ -398,7 +398,9 @@ TEST(BattleText, IsPlainAndTakesWhatAPersonTypes) {
                              "Terrain: city\nCity Level: Castle (+2)\nCombat Dice: 25\n"
                              "Number of Battles: 1230\n";
     EXPECT_TRUE(pad.BattleAsText().starts_with(text)) << pad.BattleAsText();
-    player.Paste(Attacker, "Attacking Armies\nNumber of Battles: 7");
+    player.Paste(Attacker, "\xEF\xBB\xBF"
+                           "Attacking Armies\nNumber of\xC2\xA0"
+                           "Battles: 7"); // from a mail
     EXPECT_EQ(pad.lstArmies[Attacker].ListCount(), 0) << "a heading without lines empties its list";
     EXPECT_EQ(pad.NumBattles(), 10);
     player.Paste(Attacker, text + "\nexact odds\nMidge");
@@ -460,7 +462,7 @@ TEST(BattleText, OfABattleTakesThePlaceOfAllThatWasSetUp) {
     player.Paste(Attacker, "Defending Armies\n" + MidgesAsText(9));
     EXPECT_EQ(pad.Terrain(), "city");
     EXPECT_FALSE(pad.cboTerrain.Enabled);
-    EXPECT_EQ(Player::Text(pad.lblTerrainLocked), "More than 8 defenders stand in a city");
+    EXPECT_EQ(Player::Text(pad.lblTerrainLocked), "More than 8 defenders are always in a city");
     player.Do([&] { pad.sscClearList[Defender].Press(); });
     EXPECT_FALSE(pad.cboTerrain.Enabled);
     EXPECT_EQ(Player::Text(pad.lblTerrainLocked), "Pick a defender to free the terrain");
@@ -471,7 +473,7 @@ TEST(BattleText, OfABattleTakesThePlaceOfAllThatWasSetUp) {
     player.Mark(Defender, 8, 1);
     player.Paste(Attacker, "Terrain: hills\nDefending Armies\n" + MidgesAsText(9));
     EXPECT_EQ(pad.Terrain() + ": " + player.Notice,
-              "city: More than 8 defenders stand in a city, so the terrain \"hills\" was not taken");
+              "city: More than 8 defenders are always in a city, so the terrain \"hills\" was not taken");
     player.Paste(Attacker, "Defending Armies\nGhouls\nTerrain: ice");
     EXPECT_EQ(pad.Terrain() + Player::Text(pad.lblTerrainLocked), "ice");
     player.Pick(Defender, std::vector<Long>(8, Midges));
@@ -501,8 +503,8 @@ TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
         {"Captain, hits 2, hits 2", "Line 1: \"hits 2\": a line gives each value at most once"},
         {"0 Midges", "Line 1: \"0\" is not a number from 1 to 32"},
         {"Midges\n32 Midges", "Line 2: a list holds 32 armies at most"},
-        {"Captain, acid 10, assassination 2147483647", "Line 1: \"assassination 2147483647\" is more or less than a hero's editor holds"},
-        {"Captain, strength 300", "Line 1: \"strength 300\" is more or less than a hero's editor holds"},
+        {"Captain, acid 10, assassination 2147483647", "Line 1: \"assassination 2147483647\" is outside what a hero's editor can hold"},
+        {"Captain, strength 300", "Line 1: \"strength 300\" is outside what a hero's editor can hold"},
         {std::string("Midges\0", 7), "Line 1: \"Midges\uFFFD\" is not a unit of the catalogue"},
         {MidgesAsText(20'000), "The text is too long to be a battle"},
         {"Attacking Armies\n" + MidgesAsText(33), "Line 34: a list holds 32 armies at most"},
@@ -523,7 +525,7 @@ TEST(BattleText, ThatCannotBeReadChangesNothingAndSaysWhereItFails) {
         EXPECT_EQ(player.Pad.CurrentSetup(), before);
     }
     player.Pad.Paste(Attacker, "\r\n ");
-    EXPECT_EQ(player.Notice, "There is no text to paste on the clipboard");
+    EXPECT_EQ(player.Notice, "The clipboard holds no text to paste");
 }
 
 /// The attacker's chance in percent where one army with one hit meets one like it: who alone misses loses.
@@ -630,7 +632,7 @@ TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
     player.Pick(Attacker, {Midges, Captain});
     player.Pick(Defender, {Midges});
     const std::string asTheyBegin = player.Chances();
-    EXPECT_EQ(player.OddsState(), "Heroes with their editors' first values");
+    EXPECT_EQ(player.OddsState(), "Heroes at their starting values");
     std::string during;
     player.Toolkit.OnHero = [](frmHero& editor) {
         for (HeroField* field : {&editor.Field(&HeroValues::Strength), &editor.Field(&HeroValues::Hits)})
@@ -646,7 +648,7 @@ TEST(LiveOdds, CountHeroesAsTheirEditorsBeginUntilTheyHaveBeenEntered) {
     EXPECT_EQ(player.Chances(), during) << "the odds of the lists that fight, already while they do";
     EXPECT_EQ(player.OddsState(), "Heroes as last entered");
     player.Pick(Attacker, {Captain});
-    EXPECT_EQ(player.OddsState(), "Heroes as last entered, the others with their editors' first values");
+    EXPECT_EQ(player.OddsState(), "Heroes as last entered, others at their starting values");
     // Both heroes go, and with them what was entered; a new one begins anew.
     for (const Long line : {2, 1})
         player.Do([&] { pad.DeleteArmyFromList(Attacker, line); });

@@ -153,7 +153,7 @@ TEST(Run, IsLimitedToTheBattlesWhoseLossesCanBeAddedUp) {
         game.Pad.LimitNumBattles();
         EXPECT_EQ(game.Pad.txtNumSimulations.Text(), c.Becomes);
         const std::string lowered =
-            std::string("Lowered to ") + c.Becomes + " battles: the losses of more could not be added up";
+            std::string("Lowered to ") + c.Becomes + " battles, the most whose losses can be added up";
         EXPECT_EQ(notice, c.Typed == std::string(c.Becomes) ? "" : lowered);
     }
 }

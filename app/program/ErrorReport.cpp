@@ -82,7 +82,7 @@ void NameCatalogueInReports(const std::string& origin) {
 
 void ReportStartUpFailure(const std::string& message) {
     Show({message, {}},
-         "The program cannot start. Correct this, or take the catalogue's folder away, and start it "
+         "The program cannot start. Correct this, or remove the catalogue's folder, and start it "
          "again.");
 }
 

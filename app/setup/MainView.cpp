@@ -192,6 +192,13 @@ void MainView::MakeStatusBar() {
     picProgBar->setMinimumHeight(fontMetrics().height());
     statusBar()->addWidget(picProgBar, 2);
     statusBar()->addWidget(Make<QLabel>(pad_->sbrBrawlpad[1]), 1);
+    // A place of its own for notices, since the bar's own messages would cover the progress. It asks for no
+    // room that is not there.
+    notice_ = new QLabel;
+    notice_->setObjectName("notice");
+    notice_->setMinimumWidth(1);
+    notice_->hide();
+    statusBar()->addPermanentWidget(notice_);
     statusBar()->addPermanentWidget(Make<QLabel>(pad_->sbrBrawlpad[2]));
     statusBar()->addPermanentWidget(Make<QLabel>(pad_->sbrBrawlpad[3]));
 }
@@ -244,8 +251,7 @@ void MainView::MakeShortcuts() {
     // A text field that has the focus takes this key for itself.
     add(QKeySequence::Paste, pad_->mnuPaste);
     add(CopyBattleKey, pad_->mnuCopyBattle);
-    connect(new QShortcut(Qt::CTRL | Qt::Key_R, this), &QShortcut::activated, this,
-            [this] { RunOutermost([this] { pad_->ReadResultsOut(); }); });
+    add(ReadOutKey, pad_->mnuReadOut);
     KeepWith(*this, pad_->ReadOut.Connect([this](const std::string& words) {
         announcer_->Say(QString::fromStdString(words));
     }));
@@ -285,9 +291,15 @@ void MainView::MakeSettling() {
     settling->setInterval(0);
     connect(settling, &QTimer::timeout, this, [this] { RunOutermost([this] { pad_->Settle(); }); });
     KeepWith(*this, pad_->SetupTouched.Connect([settling] { settling->start(); }));
-    KeepWith(*this, pad_->Noticed.Connect([this](const std::string& notice) {
-        constexpr int shownFor = 6000; // ms
-        statusBar()->showMessage(QString::fromStdString(notice), shownFor);
+    constexpr int shownFor = 6000; // ms
+    auto* const fading = new QTimer(this);
+    fading->setSingleShot(true);
+    fading->setInterval(shownFor);
+    connect(fading, &QTimer::timeout, notice_, &QWidget::hide);
+    KeepWith(*this, pad_->Noticed.Connect([this, fading](const std::string& notice) {
+        notice_->setText(QString::fromStdString(notice));
+        notice_->show();
+        fading->start();
     }));
 }
 

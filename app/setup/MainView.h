@@ -6,6 +6,7 @@
 
 #include <QMainWindow>
 
+class QLabel;
 class QLayout;
 class QMenu;
 class QPushButton;
@@ -42,6 +43,8 @@ private:
 
     frmBrawlpad* pad_;
     Announcer* announcer_;
+    /// A sentence on what was just done, for some seconds.
+    QLabel* notice_;
     /// The screen is too narrow for the columns in their usual shape: they take more height and less width.
     bool compact_;
     PerSide<ArmyPanel*> armies_{};

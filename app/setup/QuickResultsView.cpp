@@ -146,6 +146,7 @@ void QuickResultsView::MakeMoreResults() {
 void QuickResultsView::MakeMenu() {
     auto* const menu = new QMenu(this);
     AddItem(*menu, pad_->mnuCopyBattle, CopyBattleKey);
+    AddItem(*menu, pad_->mnuReadOut, ReadOutKey);
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QWidget::customContextMenuRequested, menu,
             [this, menu](const QPoint& position) { menu->popup(mapToGlobal(position)); });

@@ -9,6 +9,8 @@ namespace vorhaven {
 
 /// Copies the whole battle, whatever has the focus.
 inline constexpr QKeyCombination CopyBattleKey{Qt::CTRL | Qt::SHIFT, Qt::Key_C};
+/// Gives the results and the odds to a screen reader.
+inline constexpr QKeyCombination ReadOutKey{Qt::CTRL, Qt::Key_R};
 
 /// From the edge of the main window, and from column to column, where the screen is small.
 inline constexpr int CompactMargin = 2;

@@ -159,7 +159,7 @@ TEST_F(Dialogs, ForeignTextsAreShownLetterByLetterAndShort) {
     }
     QGuiApplication::clipboard()->clear();
     QTest::keyClick(List(Side::Attacker), Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(main_.statusBar()->currentMessage(), "There is no text to paste on the clipboard");
+    EXPECT_EQ(Notice(), "The clipboard holds no text to paste");
 
     QToolTip::showText(main_.mapToGlobal(QPoint(9, 9)), page, &main_);
     const auto tips = QApplication::topLevelWidgets();

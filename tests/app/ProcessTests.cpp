@@ -61,7 +61,7 @@ protected:
 
 TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
     const char* const advice =
-        "The program cannot start. Correct this, or take the catalogue's folder away, and start it again.";
+        "The program cannot start. Correct this, or remove the catalogue's folder, and start it again.";
     const struct {
         const char* Reason;
         std::function<void()> Prepare;

@@ -149,6 +149,11 @@ protected:
     QComboBox* Picker(Side side) { return Find<QComboBox>(&main_, "Select " + SideName(side)); }
     QListWidget* List(Side side) { return Find<QListWidget>(&main_, SideName(side)); }
     QLineEdit* Battles() { return Find<QLineEdit>(&main_, "Number of Battles"); }
+    /// The sentence that the status bar shows for a while.
+    QString Notice() {
+        const auto* const notice = main_.findChild<QLabel*>("notice");
+        return notice->isVisible() ? notice->text() : QString();
+    }
     static QString SideName(Side side) {
         return side == Side::Attacker ? "Attacking Armies" : "Defending Armies";
     }

@@ -71,12 +71,30 @@ std::string BattleText::Write(const Setup& setup) const {
     return text;
 }
 
+/// A text without what mails and web pages put into it and nobody sees: blanks that do not break become plain
+/// ones, and a byte order mark goes.
+std::string WithPlainBlanks(std::string_view text) {
+    constexpr std::string_view unbreakable = "\xC2\xA0";
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(byteOrderMark))
+        text.remove_prefix(byteOrderMark.size());
+    std::string plain{text};
+    for (std::size_t at = 0; (at = plain.find(unbreakable, at)) != std::string::npos; ++at)
+        plain.replace(at, unbreakable.size(), " ");
+    return plain;
+}
+
 /// Reads one text, line by line.
 class BattleText::Reader {
 public:
-    explicit Reader(const Units& units) : units_(&units), entries_(units.Entries()) {}
+    explicit Reader(const Units& units) : units_(&units), entries_(units.Entries()) {
+        for (ListEntry& entry : entries_)
+            entry.Text = WithPlainBlanks(entry.Text);
+    }
 
-    void Read(std::string_view text) {
+    void Read(std::string_view pasted) {
+        const std::string plain = WithPlainBlanks(pasted);
+        std::string_view text = plain;
         while (!text.empty()) {
             ++number_;
             const std::string_view line = Trimmed(Take(text, '\n'), Blanks);
@@ -99,8 +117,8 @@ public:
         setup.AdjustTerrain();
         std::string remark;
         if (terrain_ && setup.IsTerrainLocked && *terrain_ != setup.Terrain)
-            remark = "More than " + ToText(LinesPerStack) + " defenders stand in a city, so the terrain \"" +
-                     *terrain_ + "\" was not taken";
+            remark = "More than " + ToText(LinesPerStack) +
+                     " defenders are always in a city, so the terrain \"" + *terrain_ + "\" was not taken";
         else if (terrain_)
             setup.ChooseTerrain(*terrain_);
         if (cityLevel_ && setup.Terrain != Terrains::City)
@@ -176,7 +194,7 @@ private:
 
     void ReadArmy(std::string_view line) {
         const Troop troop = TroopOf(line);
-        SetupLine army{troop.Unit->Datum, troop.Unit->Text};
+        SetupLine army{troop.Unit->Datum, units_->Name(troop.Unit->Datum)};
         GivenValues given;
         std::string_view traits = troop.Traits;
         Take(traits, ',');
@@ -266,7 +284,7 @@ private:
             Refuse(Quoted(trait) +
                    (defaults ? " is neither a condition nor a hero's value" : " is not a condition"));
         if (!meant->Holds(*number))
-            Refuse(Quoted(trait) + " is more or less than a hero's editor holds");
+            Refuse(Quoted(trait) + " is outside what a hero's editor can hold");
         const auto place = static_cast<std::size_t>(meant - HeroNumbers.begin());
         if (given[place])
             Refuse(Quoted(trait) + ": a line gives each value at most once");

@@ -45,7 +45,7 @@ std::string frmBrawlpad::ResultsAsText() const {
 void frmBrawlpad::Paste(Side side, const std::string& text) {
     const Trap trap{"frmBrawlpad::Paste"};
     if (Trimmed(text, " \t\r\n").empty()) {
-        Noticed.Raise("There is no text to paste on the clipboard");
+        Noticed.Raise("The clipboard holds no text to paste");
         return;
     }
     try {

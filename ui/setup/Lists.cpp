@@ -42,14 +42,14 @@ void frmBrawlpad::ShuffleArray(HealthArray& health, Long line, Long shift) {
 
 void frmBrawlpad::sscClearList_Click(Side side) {
     const Trap trap{"frmBrawlpad::sscClearList_Click"};
-    const Side other = side == Side::Attacker ? Side::Defender : Side::Attacker;
+    const Side other = Opponent(side);
     const bool isOtherMarked = Health(other) != HealthArray{};
     lstArmies[side].Clear();
     // Both sides lose their conditions; the marks of the other list stay as they are.
     RefreshHealthArray();
     if (isOtherMarked)
-        Noticed.Raise("Clear List has taken the conditions of the " + ToLower(FrameOf(other).Caption.Get()) +
-                      " too");
+        Noticed.Raise("Clear List has also removed the conditions of the " +
+                      ToLower(FrameOf(other).Caption.Get()));
 }
 
 void frmBrawlpad::sscDup_Click(Side side) {

@@ -20,9 +20,9 @@ std::string HeroesInWords(const Setup& setup, const Units& units) {
             isAnyEntered = isAnyEntered || line.Hero;
         }
     if (isAnyEntered)
-        return isAnyUntouched ? "Heroes as last entered, the others with their editors' first values"
+        return isAnyUntouched ? "Heroes as last entered, others at their starting values"
                               : "Heroes as last entered";
-    return isAnyUntouched ? "Heroes with their editors' first values" : "";
+    return isAnyUntouched ? "Heroes at their starting values" : "";
 }
 
 ListBox::Figure SurvivalFigure(const Chance& chance) {

@@ -68,7 +68,7 @@ void frmBrawlpad::LimitNumBattles() {
     // As if the field were left: its numbers are multiples of ten.
     txtNumSimulations_LostFocus();
     Noticed.Raise("Lowered to " + txtNumSimulations.Text() +
-                  " battles: the losses of more could not be added up");
+                  " battles, the most whose losses can be added up");
 }
 
 bool frmBrawlpad::VerifyForm() {

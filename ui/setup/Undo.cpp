@@ -116,7 +116,7 @@ std::string frmBrawlpad::RemarkOnTerrain() const {
     if (cboTerrain.Enabled)
         return "";
     if (IsCityForced(lstArmies.Defender.ListCount()))
-        return "More than " + ToText(LinesPerStack) + " defenders stand in a city";
+        return "More than " + ToText(LinesPerStack) + " defenders are always in a city";
     // Clear List leaves the terrain as it is.
     return "Pick a defender to free the terrain";
 }

@@ -56,6 +56,7 @@ frmBrawlpad::frmBrawlpad(const CatalogueProvider& provider, Toolkit& toolkit)
     mnuUndo.Click = [this] { Undo(); };
     mnuRedo.Click = [this] { Redo(); };
     mnuCopy.Click = [this] { Copy(FocusedSide()); };
+    mnuReadOut.Click = [this] { ReadOut.Raise(ResultsInWords()); };
     mnuCopyBattle.Click = [this] { toolkit_->SetClipboardText(BattleAsText()); };
     mnuPaste.Click = [this] { Paste(sideUsedLast_, toolkit_->ClipboardText()); };
     for (Control* control :

@@ -120,8 +120,6 @@ public:
 
     /// The quick results and the exact odds in sentences.
     [[nodiscard]] std::string ResultsInWords() const;
-    /// Reads them out.
-    void ReadResultsOut() { ReadOut.Raise(ResultsInWords()); }
     /// Raised with what a screen reader is to say: the results as a run ends, or on demand.
     Signal<std::string> ReadOut;
 
@@ -166,6 +164,8 @@ public:
     MenuItem mnuRedo{"Redo"};
     MenuItem mnuCopy{"Copy"};
     MenuItem mnuCopyBattle{"Copy Battle"};
+    /// Gives the results and the odds to a screen reader.
+    MenuItem mnuReadOut{"Read Out"};
     MenuItem mnuPaste{"Paste"};
     /// Raised with one sentence on an action that did nothing, or something more or else than was asked for.
     Signal<std::string> Noticed;
