@@ -96,7 +96,7 @@ TEST(Advice, PutsTheArmiesIntoTheirBestOrder) {
     player.Pad.txtNumSimulations.SetText("10");
     player.Do([&] { player.Pad.cmdAttack.Press(); });
     EXPECT_NE(odds.lblBestOrder.Caption.Get(), several);
-    EXPECT_EQ(player.Advice.lblProgress.Caption.Get(), "");
+    EXPECT_EQ(player.Advice.lblProgress.Caption.Get(), frmAdvice::HoldsForAll);
     player.Do([&] { player.Pad.sscClearList[Attacker].Press(); });
     player.Do([&] { player.Add(Attacker, {Midges}); });
     EXPECT_EQ(odds.lblBestOrder.Caption.Get(), "");

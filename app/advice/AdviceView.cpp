@@ -49,6 +49,29 @@ QLayout* MakeLastRow(QLabel* label, QPushButton* button) {
     return row;
 }
 
+/// Gives a button that was disabled with the focus on it, while figures were out of date, the focus back once
+/// it is enabled again, unless the user has moved on.
+class FocusKeeper final : public QObject {
+public:
+    explicit FocusKeeper(QWidget& button) : QObject(&button), button_(&button) {
+        button.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::FocusOut)
+            hadFocus_ = static_cast<QFocusEvent*>(event)->reason() == Qt::OtherFocusReason;
+        const QWidget* const window = button_->window();
+        if (event->type() == QEvent::EnabledChange && button_->isEnabled() && hadFocus_ &&
+            window->focusWidget() == window)
+            button_->setFocus(Qt::OtherFocusReason);
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget* button_;
+    bool hadFocus_ = false;
+};
+
 } // namespace
 
 AdviceView::AdviceView(frmAdvice& advice)
@@ -118,6 +141,12 @@ void AdviceView::AddPage(AdvicePage& page, QLayout* contents) {
     pages_->addTab(tab, QString::fromStdString(page.Caption));
 }
 
+QPushButton* AdviceView::MakeActing(Button& control) {
+    auto* const button = MakeFocusable<QPushButton>(*advice_, control);
+    new FocusKeeper(*button);
+    return button;
+}
+
 QLayout* AdviceView::MakeArmies() {
     ArmiesPage& page = advice_->Armies;
     auto* const layout = new QVBoxLayout;
@@ -155,8 +184,7 @@ QLayout* AdviceView::MakeChanges() {
     auto* const layout = new QVBoxLayout;
     layout->addLayout(top);
     layout->addWidget(new AdviceTableView(page.tblChanges), 1);
-    layout->addLayout(
-        MakeLastRow(MakeSentence(page.lblSentence), MakeFocusable<QPushButton>(*advice_, page.cmdApply)));
+    layout->addLayout(MakeLastRow(MakeSentence(page.lblSentence), MakeActing(page.cmdApply)));
     return layout;
 }
 
@@ -184,8 +212,7 @@ QLayout* AdviceView::MakeOrders() {
     left->addWidget(plot, 5);
     auto* const right = new QVBoxLayout;
     right->addWidget(new AdviceTableView(page.tblLines), 1);
-    right->addLayout(
-        MakeLastRow(MakeQuiet(page.lblBelow), MakeFocusable<QPushButton>(*advice_, page.cmdUse)));
+    right->addLayout(MakeLastRow(MakeQuiet(page.lblBelow), MakeActing(page.cmdUse)));
     auto* const halves = new QHBoxLayout;
     halves->addLayout(left, 1);
     halves->addLayout(right, 1);
@@ -209,12 +236,11 @@ QLayout* AdviceView::MakeFewestArmies() {
     top->addWidget(toWinLabel);
     top->addWidget(toWin);
     top->addWidget(MakeSentence(page.lblSentence), 1);
-    auto* const right = new QVBoxLayout;
-    right->addWidget(new AdviceTableView(page.tblLines), 1);
-    right->addLayout(
-        MakeLastRow(MakeQuiet(page.lblBelow), MakeFocusable<QPushButton>(*advice_, page.cmdSelect)));
     auto* const halves = new QHBoxLayout;
     halves->addWidget(new AdviceTableView(page.tblParts), 1);
+    auto* const right = new QVBoxLayout;
+    right->addWidget(new AdviceTableView(page.tblLines), 1);
+    right->addLayout(MakeLastRow(MakeQuiet(page.lblBelow), MakeActing(page.cmdSelect)));
     halves->addLayout(right, 1);
     auto* const layout = new QVBoxLayout;
     layout->addLayout(top);
@@ -252,6 +278,15 @@ void AdviceView::MakeShortcuts() {
     for (const QKeySequence& key : QKeySequence::keyBindings(QKeySequence::Redo))
         add(key, &AdviceHost::Redo);
     add(Qt::Key_F6, &AdviceHost::GoToMain);
+    const auto turn = [this](const QKeySequence& key, int by) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, [this, by] {
+            pages_->setCurrentIndex((pages_->currentIndex() + by + pages_->count()) % pages_->count());
+        });
+    };
+    for (const QKeyCombination key : {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown})
+        turn(QKeySequence(key), 1);
+    for (const QKeyCombination key : {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::Key_PageUp})
+        turn(QKeySequence(key), -1);
     for (QLineEdit* edit : findChildren<QLineEdit*>())
         edit->installEventFilter(this);
 }

@@ -29,6 +29,8 @@ private:
     void MakePages();
     /// Adds a page with its contents, in whose place a sentence stands where there is nothing to see.
     void AddPage(AdvicePage& page, QLayout* contents);
+    /// A button that acts on figures.
+    [[nodiscard]] QPushButton* MakeActing(Button& control);
     [[nodiscard]] QLayout* MakeArmies();
     [[nodiscard]] QLayout* MakeSlaying();
     [[nodiscard]] QLayout* MakeChanges();

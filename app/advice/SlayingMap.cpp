@@ -28,6 +28,9 @@ constexpr double SumWidth = 42.0 / 12.0;
 constexpr QSizeF SmallCellSize{2.0, 13.0 / 12.0};
 constexpr double SmallSumWidth = 24.0 / 12.0;
 
+/// How much smaller texts are where columns are closer than usual.
+constexpr double CloseFont = 0.78;
+
 // The share of a side's colour in a half of a cell, by its chance.
 constexpr double MostColour = 0.92;
 constexpr double ColourPower = 0.75;
@@ -163,6 +166,7 @@ protected:
     }
     void paintSection(QPainter* painter, const QRect& rect, int section) const override {
         painter->save();
+        painter->setClipRect(rect);
         painter->fillRect(rect, palette().color(QPalette::Base));
         const QColor text = palette().color(QPalette::Text);
         const QColor quiet = Shaded(text, palette().color(QPalette::Base), Shade::Quiet);
@@ -202,8 +206,9 @@ private:
                    const QColor& quiet) const {
         const bool isBeside = orientation() == Qt::Vertical;
         const int gap = fontMetrics().averageCharWidth() / 2;
-        const QFontMetrics names(map_->NameFont());
-        const QFontMetrics notes(Small(map_->NameFont()));
+        const QFont nameFont = isBeside ? map_->NameFont() : map_->ColumnFont();
+        const QFontMetrics names(nameFont);
+        const QFontMetrics notes(Small(nameFont));
         const QString note = notes.elidedText(ToQt(army.Conditions), Qt::ElideRight, rect.width() - 2 * gap);
         const int noteHeight = note.isEmpty() ? 0 : isBeside ? notes.height() - 3 : notes.height();
         QRect place = rect.adjusted(gap, 0, -gap, -gap / 2);
@@ -216,13 +221,13 @@ private:
             below.setTop(place.bottom() - notes.height());
             place.setBottom(place.bottom() - noteHeight);
         }
-        painter.setFont(map_->NameFont());
+        painter.setFont(nameFont);
         painter.setPen(text);
         painter.drawText(place,
                          isBeside ? static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter)
                                   : Qt::AlignHCenter | Qt::AlignBottom | Qt::TextWordWrap,
                          ToQt(army.Name));
-        painter.setFont(Small(map_->NameFont()));
+        painter.setFont(Small(nameFont));
         painter.setPen(quiet);
         painter.drawText(below, isBeside ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignHCenter | Qt::AlignBottom,
                          note);
@@ -288,6 +293,8 @@ public:
             }
         } else {
             painter->setPen(text);
+            if (figures.size() > 1 && !page_->IsSmall())
+                painter->setFont(map_->ColumnFont());
             for (int part = 0; part < figures.size(); ++part)
                 painter->drawText(figures.size() == 1 ? option.rect : HalfOf(option.rect, part),
                                   Qt::AlignCenter, figures[part]);
@@ -378,6 +385,10 @@ QFont SlayingMap::FigureFont() const {
     return page_->IsSmall() ? Scaled(font(), 0.7) : font();
 }
 
+QFont SlayingMap::ColumnFont() const {
+    return isClose_ ? Scaled(font(), CloseFont) : NameFont();
+}
+
 void SlayingMap::Follow() {
     const std::array scrolled{horizontalScrollBar()->value(), verticalScrollBar()->value()};
     pairs_->Reset();
@@ -392,16 +403,35 @@ void SlayingMap::Follow() {
 
 void SlayingMap::FitCells() {
     const int em = QFontInfo(font()).pixelSize();
-    const QSizeF cell = (page_->IsSmall() ? SmallCellSize : CellSize) * em;
-    const double sumWidth = (page_->IsSmall() ? SmallSumWidth : SumWidth) * em;
+    const bool isSmall = page_->IsSmall();
+    const QSizeF cell = (isSmall ? SmallCellSize : CellSize) * em;
+    const int sumWidth = qRound((isSmall ? SmallSumWidth : SumWidth) * em);
+    int width = qRound(cell.width());
+    int height = qRound(cell.height());
+    if (!isSmall && pairs_->Attackers() > 0) {
+        // Rather closer cells than a part of them out of sight, as far as they can be read.
+        const QSize room = maximumViewportSize() - QSize(verticalHeader()->sizeHint().width(),
+                                                         horizontalHeader()->sizeHint().height());
+        // Two sums side by side, in the smaller font.
+        const int least = qRound(CloseFont * 2 * fontMetrics().horizontalAdvance(QStringLiteral("0.000")));
+        width =
+            std::clamp((room.width() - 2 * sumWidth) / pairs_->Defenders(), std::min(least, width), width);
+        height = std::clamp(room.height() / (pairs_->Attackers() + 1),
+                            std::min(fontMetrics().height() * 7 / 4, height), height);
+    }
+    isClose_ = width < qRound(cell.width());
     for (int column = 0; column < pairs_->columnCount({}); ++column)
-        setColumnWidth(column, qRound(column < pairs_->Defenders() ? cell.width() : sumWidth));
+        setColumnWidth(column, column < pairs_->Defenders() ? width : sumWidth);
     for (int row = 0; row < pairs_->rowCount({}); ++row)
-        setRowHeight(row, qRound(cell.height()));
-    if (!page_->IsSmall())
-        return;
-    // The row of sums stands a little apart.
-    setRowHeight(pairs_->Attackers(), qRound(1.5 * cell.height()));
+        setRowHeight(row, height);
+    // The row of sums is a little apart from small cells.
+    if (isSmall)
+        setRowHeight(pairs_->Attackers(), height * 3 / 2);
+}
+
+void SlayingMap::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    FitCells();
 }
 
 void SlayingMap::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

@@ -23,10 +23,13 @@ public:
     /// The font of the names, and that of the figures.
     [[nodiscard]] QFont NameFont() const;
     [[nodiscard]] QFont FigureFont() const;
+    /// The font of the names above the columns and of the sums below them, which closer columns make smaller.
+    [[nodiscard]] QFont ColumnFont() const;
 
 protected:
     void changeEvent(QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     class Pairs;
@@ -37,6 +40,8 @@ private:
 
     SlayingPage* page_;
     Pairs* pairs_;
+    /// The columns are closer than usual, for want of room.
+    bool isClose_ = false;
 };
 
 } // namespace vorhaven

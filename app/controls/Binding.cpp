@@ -359,7 +359,7 @@ void LabelField(QWidget& field, QLabel& label) {
     // To a screen reader a label's name is its text.
     if (qobject_cast<QLabel*>(&field) != nullptr)
         return;
-    QString name = label.text();
+    QString name = label.text().remove('&');
     if (name.endsWith(':'))
         name.chop(1);
     field.setAccessibleName(name);

@@ -168,6 +168,22 @@ TEST_F(AdviceWindow, ShowsWhatItsPagesHaveAndActsOnTheMainWindow) {
                 List(Side::Attacker)->window()->focusWidget() == List(Side::Attacker));
     EXPECT_GT(List(Side::Attacker)->selectedItems().size(), 0);
 
+    auto* const tabs = advice->findChild<QTabBar*>();
+    for (const auto& [key, page] : {std::pair{Qt::Key_PageDown, 0}, {Qt::Key_PageUp, 4}}) {
+        QTest::keyClick(advice, key, Qt::ControlModifier);
+        EXPECT_EQ(tabs->currentIndex(), page) << "round and round";
+    }
+    // From field to table to button to Done, and to the tabs last.
+    QStringList path;
+    for (QWidget* next = FieldOf(advice, "To win at &least"); path.size() < 6;
+         next = next->nextInFocusChain())
+        if ((next->focusPolicy() & Qt::TabFocus) != 0 && next->isVisible() && !NameOf(next).isEmpty() &&
+            qobject_cast<QAbstractSpinBox*>(next->parentWidget()) == nullptr)
+            path += NameOf(next);
+    EXPECT_EQ(
+        path.join('|'),
+        "To win at least|Parts of the attackers|Who is sent and who may stay|Select What May Stay|Done|Fewest Armies");
+
     // The page stays; F6 goes between the windows, Esc closes.
     main_.activateWindow();
     QTest::keyClick(&main_, Qt::Key_F6);

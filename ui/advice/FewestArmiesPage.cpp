@@ -23,6 +23,7 @@ FewestArmiesPage::FewestArmiesPage(AdviceHost& host) : AdvicePage("&Fewest Armie
 std::unique_ptr<Study> FewestArmiesPage::MakeStudy() {
     auto study = std::make_unique<FewestArmiesStudy>(Present(), GetUnits());
     comparesAll_ = study->ComparesAll();
+    lblBelow.Caption = comparesAll_ ? InOrder : std::string(InOrder) + ", by search";
     return study;
 }
 

@@ -29,12 +29,15 @@ public:
                           {"turns", true, AdviceTable::Weight::Quiet},
                           {"", false, AdviceTable::Weight::Strong}},
                          AdviceTable::Purpose::ToRead};
-    Label lblBelow{"In the order in which they stand now"};
+    /// Says also where not all parts were compared.
+    Label lblBelow{InOrder};
     Button cmdSelect{"&Select What May Stay", "Select these lines in the list of the main window"};
 
     [[nodiscard]] std::vector<AdviceTable*> Tables() override { return {&tblParts, &tblLines}; }
 
 private:
+    static constexpr const char* InOrder = "In the order in which they stand now";
+
     [[nodiscard]] std::unique_ptr<Study> MakeStudy() override;
     [[nodiscard]] std::string Counted() const override;
     void ShowResults() override;

@@ -87,7 +87,10 @@ void frmAdvice::ShowProgress() {
         page.ShowStale(true);
     pbProgress.Value = page.ProgressPercent();
     pbProgress.Visible = isShown && !waits;
-    lblProgress.Caption = !isShown ? "" : waits ? "Waiting for the run" : page.ProgressText();
+    lblProgress.Caption = waits && isShown ? "Waiting for the run"
+                          : isShown        ? page.ProgressText()
+                          : battleOdds_    ? HoldsForAll
+                                           : "";
 }
 
 void frmAdvice::sscDone_Click() {

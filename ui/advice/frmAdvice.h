@@ -54,8 +54,11 @@ public:
     /// The user turns to a page.
     void ChoosePage(std::size_t page);
 
+    /// How far the work is; while there is none, what holds for all figures.
     ProgressBar pbProgress;
     Label lblProgress;
+    static constexpr const char* HoldsForAll =
+        "All figures are exact, each change alone, heroes as the odds have them";
     Button sscDone{"&Done"};
 
 private:
