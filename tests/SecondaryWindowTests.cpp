@@ -138,13 +138,13 @@ TEST(Stats, LimitADifferenceOnceAndTakeTheLongestStacks) {
     while (defend.Count() < MaxLines)
         defend.Add(CArmy{}, "");
     window.ShowStats(attack, defend, [] {});
-    EXPECT_EQ(window.Panels[0].Adjusted()[0].Figure.Caption.Get(), "5")
+    EXPECT_EQ(window.Panels.Attacker.Adjusted()[0].Figure.Caption.Get(), "5")
         << "the engine limits 9 before it takes 3 off, the window only afterwards";
-    EXPECT_EQ(window.msfgStackStats[1].LastFilledRow(), MaxLines);
+    EXPECT_EQ(window.msfgStackStats.Defender.LastFilledRow(), MaxLines);
     while (attack.Count() <= LinesPerStack)
         attack.Add(CArmy{}, "");
     EXPECT_THAT([&] { window.ShowStats(attack, defend, [] {}); }, Raises(9, {"MBattleCalc::ShowStats"}));
-    EXPECT_EQ(window.Panels[0].Total()[0].Figure.ToolTip,
+    EXPECT_EQ(window.Panels.Attacker.Total()[0].Figure.ToolTip,
               "The final stack bonus, ajusted into the range of -3 to +5, and applied to the stregth of each "
               "army in the stack")
         << "it is spelled so";
@@ -265,13 +265,13 @@ TEST(MoreResults, TellWhatAnAbortedRunHasNotFought) {
 
 TEST(MoreResults, TellWhatIsKnownBesideTheRun) {
     Results results{10, {{10, {1, 1, 2, 1, 2}}}};
-    frmMoreResults::Background known{{3, 1}, std::array<LossOdds, 2>{}};
-    LossOdds& odds = (*known.ExactLosses)[0];
+    frmMoreResults::Background known{{3, 1}, PerSide<LossOdds>{}};
+    LossOdds& odds = known.ExactLosses->Attacker;
     odds[0] = 0.0004;
     odds[1] = 0.9;
     odds[2] = 0.0006;
     odds[3] = 0.099;
-    (*known.ExactLosses)[1][1] = 1.0;
+    known.ExactLosses->Defender[1] = 1.0;
     results.Window.RunBackground = known;
     results.Window.Form_Load();
     EXPECT_FALSE(results.Attack(0).HasExactMark());

@@ -64,10 +64,11 @@ TEST(Run, HandsLinesConditionsAndGroundToTheEngineAndHeroesToTheirEditor) {
         EXPECT_FALSE(game.Pad.cmdAttack.Enabled || game.Pad.sscExit.Enabled);
     };
     game.Toolkit.OnStats = [&](frmStats& window) {
-        for (const auto& [grid, row] : {std::pair{0U, 1}, {0U, 3}, {0U, 7}, {0U, 8}, {1U, 1}, {1U, 2}})
-            for (Long column = 0; column < 12; ++column)
-                shown += window.msfgStackStats[grid].Text(row, column) + (column == 11 ? "\n" : ",");
-        shown += window.Panels[1].Raw()[2].Figure.Caption.Get();
+        for (const Side side : BothSides)
+            for (const Long row : side == Attacker ? std::vector<Long>{1, 3, 7, 8} : std::vector<Long>{1, 2})
+                for (Long column = 0; column < 12; ++column)
+                    shown += window.msfgStackStats[side].Text(row, column) + (column == 11 ? "\n" : ",");
+        shown += window.Panels.Defender.Raw()[2].Figure.Caption.Get();
     };
     game.Pad.cmdAttack.Press();
     EXPECT_EQ(edited, "Attacking Armies, line 2: Captain 0 1 1\n"
@@ -105,9 +106,9 @@ TEST(Run, IsOfTheSetUpAtThePressOfAttackWhateverChangesInAHeroEditor) {
     };
     std::string shown;
     game.Toolkit.OnStats = [&](frmStats& window) {
-        for (const auto& [grid, row] : {std::pair{0U, 1}, {0U, 2}, {1U, 1}})
+        for (const auto& [side, row] : {std::pair{Attacker, 1}, {Attacker, 2}, {Defender, 1}})
             shown +=
-                window.msfgStackStats[grid].Text(row, 0) + window.msfgStackStats[grid].Text(row, 2) + " ";
+                window.msfgStackStats[side].Text(row, 0) + window.msfgStackStats[side].Text(row, 2) + " ";
     };
     pad.cmdAttack.Press();
     EXPECT_EQ(shown, "Captain8 Witch5 Ghouls9 ") << "of the field, with one leader, and without a city";

@@ -52,9 +52,8 @@ StatsView::StatsView(frmStats& stats, QWidget* parent) : SecondaryWindow(stats, 
     auto* const stacks = new QWidget;
     auto* const stackLayout = new QVBoxLayout(stacks);
     stackLayout->setContentsMargins(0, 0, 0, 0);
-    const std::array<Frame*, 2> frames{&stats.fraAttStack, &stats.fraDefStack};
-    for (std::size_t side = 0; side < frames.size(); ++side) {
-        auto* const frame = Make<QGroupBox>(*frames[side]);
+    for (const Side side : BothSides) {
+        auto* const frame = Make<QGroupBox>(side == Side::Attacker ? stats.fraAttStack : stats.fraDefStack);
         auto* const frameLayout = new QVBoxLayout(frame);
         auto* const grid = Make<GridView>(stats.msfgStackStats[side]);
         grid->setAccessibleName(frame->title());

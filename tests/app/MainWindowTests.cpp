@@ -197,7 +197,8 @@ TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
              &pad_.txtCombatDice, &pad_.txtNumSimulations, &pad_.cboTerrain, &pad_.cboCityLevel,
              &pad_.lblAttWinPercent, &pad_.cboArmies[Side::Attacker], &pad_.lstArmies[Side::Attacker],
              &pad_.sscDup[Side::Defender], &pad_.txtDup[Side::Defender], &pad_.sscClearList[Side::Attacker],
-             &pad_.sscListArrow[3], &statistics.msfgStackStats[0], &statistics.Panels[1].Raw()[2].Figure})
+             &pad_.sscListArrow[3], &statistics.msfgStackStats.Attacker,
+             &statistics.Panels.Defender.Raw()[2].Figure})
         EXPECT_TRUE(isTold(*model)) << model->ToolTip;
 
     for (QWidget* window : std::initializer_list<QWidget*>{&main_, &heroView, &statisticsView, &resultsView})

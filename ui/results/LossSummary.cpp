@@ -37,7 +37,8 @@ std::optional<double> LossSummary::Mean() const {
     return static_cast<double>(lost) / Fought.Value();
 }
 
-std::string LossSummary::Sentence(const std::string& side) const {
+std::string LossSummary::Sentence(Side of) const {
+    const std::string side = of == Side::Attacker ? "attacker" : "defender";
     std::string sentence;
     if (Fought < Battles)
         sentence = ToText(Fought) + " of " + ToText(Battles) + " battles were fought. ";

@@ -4,6 +4,7 @@
 
 #include "base/Long.h"
 #include "model/CAttackArmies.h"
+#include "model/Side.h"
 
 #include <array>
 #include <cstdint>
@@ -36,9 +37,8 @@ struct LossSummary {
     /// The average number of armies lost in a battle fought; nothing without one.
     [[nodiscard]] std::optional<double> Mean() const;
 
-    /// The side's losses when it wins, in words, and how far an aborted run came. `side`: "attacker" or
-    /// "defender".
-    [[nodiscard]] std::string Sentence(const std::string& side) const;
+    /// The side's losses when it wins, in words, and how far an aborted run came. `of`: the side.
+    [[nodiscard]] std::string Sentence(Side of) const;
 
     /// What there is to tell about a number of losses: how often exactly, at most and at least so many armies
     /// were lost, in percent of the battles fought, and how many were not fought. `turns`: the production

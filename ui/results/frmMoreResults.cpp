@@ -55,8 +55,8 @@ void Count(LossSummary& summary, Long slain, Long turns, bool hasWon) {
 frmMoreResults::frmMoreResults(Desktop& desktop, std::function<Long()> numBattles)
     : Form("Detailed Combat Results"), desktop_(&desktop), numBattles_(std::move(numBattles)) {
     sscDone.Click = [this] { sscDone_Click(); };
-    mscAttMore.Index = 0;
-    mscDefMore.Index = 1;
+    for (const Side side : BothSides)
+        ChartOf(side).Index = static_cast<int>(side);
 }
 
 // Several of the location texts below carry another window's name. They stay so: they are what reports show.
@@ -78,8 +78,7 @@ void frmMoreResults::RunFinished() {
 
 void frmMoreResults::InitializeResultArrays() {
     const Trap trap{"frmHero::InitializeResultArrays"};
-    attackLosses_ = {};
-    defendLosses_ = {};
+    losses_ = {};
 }
 
 void frmMoreResults::ConvertResults() {
@@ -93,9 +92,9 @@ void frmMoreResults::ConvertResults() {
     };
     const Long numBattles = numBattles_();
     for (Long battle = 1; battle <= numBattles; ++battle) {
-        count(attackLosses_, BattleResults(battle, ResultColumn::AttackersSlain),
+        count(losses_.Attacker, BattleResults(battle, ResultColumn::AttackersSlain),
               BattleResults(battle, ResultColumn::AttackTurnsLost));
-        count(defendLosses_, BattleResults(battle, ResultColumn::DefendersSlain),
+        count(losses_.Defender, BattleResults(battle, ResultColumn::DefendersSlain),
               BattleResults(battle, ResultColumn::DefendTurnsLost));
     }
 }
@@ -105,15 +104,15 @@ void frmMoreResults::CalculateResultPercent() {
     const Long numBattles = numBattles_();
     if (numBattles == 0)
         throw RunTimeError{ErrorNumber::DivisionByZero};
-    for (LossTable* losses : {&attackLosses_, &defendLosses_})
-        for (LossRow& row : *losses)
+    for (const Side side : BothSides)
+        for (LossRow& row : losses_[side])
             row.Percent = RoundToLong(static_cast<double>(row.Battles.Value()) / numBattles.Value() * 100.0);
 }
 
 void frmMoreResults::FillChart() {
     const Trap trap{"frmHero::FillChart"};
-    FillChart(mscAttMore, attackLosses_);
-    FillChart(mscDefMore, defendLosses_);
+    for (const Side side : BothSides)
+        FillChart(ChartOf(side), losses_[side]);
 }
 
 void frmMoreResults::FillChart(Chart& chart, const LossTable& losses) {
@@ -125,19 +124,19 @@ void frmMoreResults::FillChart(Chart& chart, const LossTable& losses) {
     }
 }
 
-std::array<LossSummary, 2> frmMoreResults::Summaries() const {
-    std::array<LossSummary, 2> sides;
+PerSide<LossSummary> frmMoreResults::Summaries() const {
+    PerSide<LossSummary> sides;
     const Long numBattles = numBattles_();
     const Long numFought = CountFought(numBattles);
-    for (LossSummary& side : sides) {
-        side.Battles = numBattles;
-        side.Fought = numFought;
+    for (const Side side : BothSides) {
+        sides[side].Battles = numBattles;
+        sides[side].Fought = numFought;
     }
     for (Long battle = 1; battle <= numFought; ++battle) {
         const bool attackerWon = BattleResults(battle, ResultColumn::Winner) == 1;
-        Count(sides[0], BattleResults(battle, ResultColumn::AttackersSlain),
+        Count(sides.Attacker, BattleResults(battle, ResultColumn::AttackersSlain),
               BattleResults(battle, ResultColumn::AttackTurnsLost), attackerWon);
-        Count(sides[1], BattleResults(battle, ResultColumn::DefendersSlain),
+        Count(sides.Defender, BattleResults(battle, ResultColumn::DefendersSlain),
               BattleResults(battle, ResultColumn::DefendTurnsLost), !attackerWon);
     }
     return sides;
@@ -145,10 +144,10 @@ std::array<LossSummary, 2> frmMoreResults::Summaries() const {
 
 void frmMoreResults::Annotate() {
     const Trap trap{"frmMoreResults::Annotate"};
-    // By side, then by series.
-    std::array<std::array<double, 2>, 2> highest{};
-    for (std::size_t side = 0; side < highest.size(); ++side) {
-        for (const LossRow& row : side == 0 ? attackLosses_ : defendLosses_) {
+    // Of each series.
+    PerSide<std::array<double, 2>> highest{};
+    for (const Side side : BothSides) {
+        for (const LossRow& row : losses_[side]) {
             highest[side][0] = std::max(highest[side][0], static_cast<double>(row.Percent.Value()));
             highest[side][1] = std::max(highest[side][1], static_cast<double>(row.Turns.Value()));
         }
@@ -156,16 +155,15 @@ void frmMoreResults::Annotate() {
             highest[side][0] = std::max(
                 highest[side][0], *std::ranges::max_element((*RunBackground->ExactLosses)[side]) * 100.0);
     }
-    for (std::size_t series = 0; series < highest[0].size(); ++series)
-        ShareScale(highest[0][series], highest[1][series]);
-    const std::array<LossSummary, 2> summaries = Summaries();
-    Annotate(mscAttMore, attackLosses_, summaries[0], highest[0]);
-    Annotate(mscDefMore, defendLosses_, summaries[1], highest[1]);
+    for (std::size_t series = 0; series < highest.Attacker.size(); ++series)
+        ShareScale(highest.Attacker[series], highest.Defender[series]);
+    const PerSide<LossSummary> summaries = Summaries();
+    for (const Side side : BothSides)
+        Annotate(side, summaries[side], highest[side]);
 }
 
-void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossSummary& summary,
-                              std::array<double, 2> highest) const {
-    const auto side = static_cast<std::size_t>(chart.Index);
+void frmMoreResults::Annotate(Side side, const LossSummary& summary, std::array<double, 2> highest) {
+    Chart& chart = ChartOf(side);
     const std::optional<LossOdds> exact = RunBackground && RunBackground->ExactLosses
                                               ? std::optional((*RunBackground->ExactLosses)[side])
                                               : std::nullopt;
@@ -181,7 +179,7 @@ void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossS
     remarks.Mean = summary.Mean();
     if (remarks.Mean)
         remarks.MeanText = "mean " + AverageText(*remarks.Mean);
-    remarks.Sentence = summary.Sentence(side == 0 ? "attacker" : "defender");
+    remarks.Sentence = summary.Sentence(side);
     if (RunBackground && !exact)
         remarks.Sentence += ". There are no exact odds: " + RunBackground->WhyNotExact;
     remarks.Highest = highest;
@@ -193,7 +191,7 @@ void frmMoreResults::Annotate(Chart& chart, const LossTable& losses, const LossS
                                     ToSignificantText(*remarks.Mean, CopiedMeanDigits));
 
     for (std::int32_t armies = 0; armies < LossCounts; ++armies) {
-        const LossRow& row = losses[static_cast<std::size_t>(armies)];
+        const LossRow& row = losses_[side][static_cast<std::size_t>(armies)];
         const bool hasOccurred = row.Battles != 0;
         const Chance chance{static_cast<double>(row.Battles.Value()),
                             static_cast<double>((summary.Battles - row.Battles).Value())};

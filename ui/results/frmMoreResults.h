@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "model/Side.h"
 #include "ui/controls/Chart.h"
 #include "ui/controls/Form.h"
 #include "ui/results/LossSummary.h"
@@ -20,12 +21,12 @@ public:
     /// `desktop` must outlive the window. `numBattles`: the main window's number of battles.
     frmMoreResults(Desktop& desktop, std::function<Long()> numBattles);
 
-    /// The battle of the last run, beside its results: attackers first.
+    /// The battle of the last run, beside its results.
     struct Background {
         /// Armies in the lists.
-        std::array<Long, 2> ArmyCounts;
+        PerSide<Long> ArmyCounts;
         /// The exact odds of each number of losses, where they could be computed; why they could not.
-        std::optional<std::array<LossOdds, 2>> ExactLosses{};
+        std::optional<PerSide<LossOdds>> ExactLosses{};
         std::string WhyNotExact{};
     };
     /// Set before the window is loaded. Without it the charts show the results alone.
@@ -65,15 +66,15 @@ private:
     static void FillChart(Chart& chart, const LossTable& losses);
     /// Adds to the charts what they tell beside the columns.
     void Annotate();
-    [[nodiscard]] std::array<LossSummary, 2> Summaries() const;
-    void Annotate(Chart& chart, const LossTable& losses, const LossSummary& summary,
-                  std::array<double, 2> highest) const;
+    [[nodiscard]] PerSide<LossSummary> Summaries() const;
+    /// `highest`: of each series, the highest value that its axis has room for.
+    void Annotate(Side side, const LossSummary& summary, std::array<double, 2> highest);
+    [[nodiscard]] Chart& ChartOf(Side side) { return side == Side::Attacker ? mscAttMore : mscDefMore; }
     void sscDone_Click();
 
     Desktop* desktop_;
     std::function<Long()> numBattles_;
-    LossTable attackLosses_;
-    LossTable defendLosses_;
+    PerSide<LossTable> losses_;
 };
 
 } // namespace vorhaven

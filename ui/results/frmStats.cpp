@@ -84,7 +84,7 @@ void StackPanel::Show(const CStackAtt& stack, const CStackAtt& enemy) {
 frmStats::frmStats(Desktop& desktop, const CatalogueProvider& provider, std::string terrain)
     : Form("Stack Statistics"), desktop_(&desktop), provider_(&provider), terrain_(std::move(terrain)) {
     sscDone.Click = [this] { sscDone_Click(); };
-    for (std::size_t side = 0; side < msfgStackStats.size(); ++side)
+    for (const Side side : BothSides)
         msfgStackStats[side].RowPicked = [this, side](Long row) {
             lblStrength[side].Caption = msfgStackStats[side].Details(row);
         };
@@ -98,10 +98,10 @@ void frmStats::Form_Load() {
 void frmStats::ShowStats(const CStackAtt& attackStack, const CStackAtt& defendStack,
                          const std::function<void()>& showModal) {
     const Trap trap{"MBattleCalc::ShowStats"};
-    FillGrid(msfgStackStats[0], attackStack);
-    FillGrid(msfgStackStats[1], defendStack);
-    Panels[0].Show(attackStack, defendStack);
-    Panels[1].Show(defendStack, attackStack);
+    FillGrid(msfgStackStats.Attacker, attackStack);
+    FillGrid(msfgStackStats.Defender, defendStack);
+    Panels.Attacker.Show(attackStack, defendStack);
+    Panels.Defender.Show(defendStack, attackStack);
     showModal();
 }
 

@@ -74,8 +74,7 @@ public:
     Frame fraAttStack{"Attacking Stack"};
     Frame fraDefStack{"Defending Stack"};
 
-    // Paired: 0 attack, 1 defence.
-    std::array<Grid, 2> msfgStackStats{
+    PerSide<Grid> msfgStackStats{
         Grid{LinesPerStack + 1,
              "<Name                         |<Init Str  |<Tot Str  |<Hits     |<CB Name |<CB Val  |<Power "
              "Name |"
@@ -86,8 +85,8 @@ public:
              "<Power Val |<Blessed |<Poisoned |<Diseased | Medals  ",
              "Dsiplays information about defending armies"}};
     /// Below each grid: how the strength of its current army came about.
-    std::array<Label, 2> lblStrength{Label{StrengthHint}, Label{StrengthHint}};
-    std::array<StackPanel, 2> Panels{StackPanel{Side::Attacker}, StackPanel{Side::Defender}};
+    PerSide<Label> lblStrength{Label{StrengthHint}, Label{StrengthHint}};
+    PerSide<StackPanel> Panels{StackPanel{Side::Attacker}, StackPanel{Side::Defender}};
 
 private:
     static constexpr const char* StrengthHint = "Select an army to see how its Tot Str came about";
