@@ -57,7 +57,7 @@ QuickResultsView::QuickResultsView(frmBrawlpad& pad, bool compact) : pad_(&pad) 
     layout->addLayout(head);
     auto* const details = new QBoxLayout(compact ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     details->addLayout(MakeAverages(), 1);
-    MakeMoreResults();
+    moreResults_ = MakeFocusable<QPushButton>(pad, pad.sscMoreResults);
     details->addWidget(moreResults_, 0, Qt::AlignRight | Qt::AlignBottom);
     layout->addLayout(details);
     MakeMenu();
@@ -137,10 +137,6 @@ QLayout* QuickResultsView::MakeAverages() {
         KeepWith(*figure, control.Changed.Connect([this, room] { AlignPoints(averages_, font(), room); }));
     }
     return layout;
-}
-
-void QuickResultsView::MakeMoreResults() {
-    moreResults_ = MakeFocusable<QPushButton>(*pad_, pad_->sscMoreResults);
 }
 
 void QuickResultsView::MakeMenu() {

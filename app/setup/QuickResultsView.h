@@ -28,7 +28,6 @@ private:
     /// The row of the percentage, with its margin behind it.
     [[nodiscard]] QLayout* MakeWinPercent(bool compact);
     [[nodiscard]] QLayout* MakeAverages();
-    void MakeMoreResults();
     void MakeMenu();
 
     frmBrawlpad* pad_;
