@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "odds/Budget.h"
 #include "tests/support/FakeToolkit.h"
 #include "ui/setup/BattleText.h"
 #include "ui/setup/WinMargin.h"
@@ -315,6 +316,43 @@ TEST(QuickResults, AreOfOtherHeroesWhenAHeroOfOtherValuesTakesALine) {
     EXPECT_EQ(player.OutOfDate(), "");
     player.Paste(Attacker, "Attacking Armies\nCaptain\nCaptain\nDefending Armies\nMidges");
     EXPECT_EQ(player.OutOfDate(), "before the latest changes");
+}
+
+TEST(LastRun, KnowsWhatItsResultsAndTheirOddsAreOfAndSaysOnceHowItEnded) {
+    const SmallCatalogue catalogue;
+    const Units units{catalogue};
+    vorhaven::Setup now;
+    now.Sides = {{{Captain, "Captain"}}, {{Midges, "Midges"}}};
+    now.CombatDice = 20;
+    HeroValues strongest = HeroOf(now.Sides.Attacker[0], units).value();
+    strongest.Strength = 14;
+    LastRun run;
+    std::string told = run.TakeAnnouncement();
+    const auto fight = [&](bool isEntered, bool isAborted) {
+        run.Begin(now);
+        run.TakeHero(Attacker, 0, strongest, isEntered);
+        if (!isAborted)
+            run.ShowResults();
+        run.End();
+        told += run.TakeAnnouncement() + run.TakeAnnouncement() + " " + run.RemarkOnResults(now, units);
+        now.Sides.Attacker[0].Hero = strongest;
+        told += "/" + run.RemarkOnResults(now, units) + "\n";
+        now.Sides.Attacker[0].Hero.reset();
+    };
+    fight(true, true);
+    EXPECT_EQ(run.Shown(), nullptr);
+    fight(false, false);
+    const frmMoreResults::Background background = run.Background({1, 1}, units);
+    fight(true, false);
+    fight(false, true);
+    EXPECT_EQ(told, "The run was aborted. aborted/aborted\n"
+                    "The run has ended. with a hero's editor cancelled/\n"
+                    "The run has ended. before the latest changes/\n"
+                    "The run was aborted. before the abort and changes/before the aborted run\n");
+    now.Sides.Attacker[0].Hero = strongest;
+    Odds::Budget budget{LiveOdds::StepsWhileTyping};
+    EXPECT_EQ(background.ExactLosses.value().Defender[1], OddsOf(now, units, budget).value().Won)
+        << "as the hero fought, entered or not";
 }
 
 TEST(WinMargin, IsHalfTheScoreIntervalAndNeverNothing) {

@@ -26,7 +26,8 @@ std::string frmBrawlpad::BattleAsText() const {
 }
 
 std::string frmBrawlpad::ResultsAsText() const {
-    if (!fought_)
+    const Setup* const fought = lastRun_.Shown();
+    if (fought == nullptr)
         return {};
     std::string text = "\n" + fraQuickResults.Caption.Get() + "\n";
     const auto add = [&text](const Label& caption, const std::string& figure) {
@@ -36,7 +37,7 @@ std::string frmBrawlpad::ResultsAsText() const {
         text += "(" + remark + ")\n";
     // The field may hold another number by now.
     add(lblAttWinPercentCaption, lblAttWinPercent.Caption.Get() + " (" + lblWinMargin.Caption.Get() +
-                                     ") of " + fought_->NumBattles + " battles");
+                                     ") of " + fought->NumBattles + " battles");
     for (std::size_t column = FirstAverage; column <= LastAverage; ++column)
         add(lblAvgCaption[column], lblAvg[column].Caption);
     return text;

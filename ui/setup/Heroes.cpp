@@ -11,7 +11,7 @@ std::string frmBrawlpad::WhereaboutsOf(Side side, Long position) const {
 }
 
 void frmBrawlpad::EditHero(CArmy& hero, Side side, Long position) {
-    SetupLine& line = assembled_.Sides[side][position.Index()];
+    const SetupLine& line = lastRun_.AsFought().Sides[side][position.Index()];
     // The list behind the editor shows whose turn it is.
     ListBox& list = lstArmies[side];
     const ListBox::Selection selection = list.CurrentSelection();
@@ -21,18 +21,17 @@ void frmBrawlpad::EditHero(CArmy& hero, Side side, Long position) {
     editor.Whereabouts = WhereaboutsOf(side, position);
     editor.LastValues = line.Hero;
     toolkit_->ShowModal(editor);
-    line.Hero = HeroValues::From(hero);
-    if (editor.IsConfirmed()) {
-        heroValues_[line.Id] = *line.Hero;
-        entered_.Sides[side][position.Index()].Hero = line.Hero;
-    }
+    const HeroValues values = HeroValues::From(hero);
+    if (editor.IsConfirmed())
+        heroValues_[line.Id] = values;
+    lastRun_.TakeHero(side, position, values, editor.IsConfirmed());
     list.Select(selection);
 }
 
 bool frmBrawlpad::CanEditHero(Side side) const {
     const ListBox& list = lstArmies[side];
     // A run under way waits for whatever window is opened.
-    return cmdAttack.Enabled && list.ListIndex() >= 0 && units_->IsHero(list.Entry(list.ListIndex()).Datum);
+    return !IsRunUnderWay() && list.ListIndex() >= 0 && units_->IsHero(list.Entry(list.ListIndex()).Datum);
 }
 
 void frmBrawlpad::mnuEditHero_Click() {

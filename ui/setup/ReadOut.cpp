@@ -9,7 +9,7 @@ std::string frmBrawlpad::ResultsInWords() const {
     if (const std::string& remark = lblOutOfDate.Caption; !remark.empty())
         words += ", " + remark;
     words += ": ";
-    if (fought_) {
+    if (lastRun_.Shown() != nullptr) {
         words += lblAttWinPercentCaption.Caption.Get() + " " + lblAttWinPercent.Caption.Get() + ", " +
                  lblWinMargin.Caption.Get();
         for (std::size_t column = FirstAverage; column <= LastAverage; ++column)

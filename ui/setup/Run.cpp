@@ -2,28 +2,11 @@
 
 #include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
-#include "odds/Budget.h"
 #include "ui/results/frmStats.h"
 #include "ui/setup/WinMargin.h"
 #include "ui/setup/frmBrawlpad.h"
 
-#include <algorithm>
-#include <new>
-
 namespace vorhaven {
-namespace {
-
-/// The detailed results open at the press of a button, which may take longer than a key.
-constexpr std::int64_t StepsForResults = 10 * LiveOdds::StepsWhileTyping;
-
-/// The odds of each number of losses, of all numbers that there can be.
-LossOdds LossOddsOf(const Odds::SideOdds& side) {
-    LossOdds odds{};
-    std::ranges::copy(side.ChanceOfLosing, odds.begin());
-    return odds;
-}
-
-} // namespace
 
 void frmBrawlpad::cmdAttack_Click() {
     const Trap trap{"frmBrawlpad::cmdAttack_Click"};
@@ -38,15 +21,12 @@ void frmBrawlpad::cmdAttack_Click() {
         sscSwapSides.Enabled = false;
         // Whatever the player changes from here on, while a hero's editor is open or between two of them,
         // belongs to the next battle.
-        assembled_ = CurrentSetup();
-        entered_ = assembled_;
+        lastRun_.Begin(CurrentSetup());
         FillArmyCollections();
         sscAbort.Enabled = true;
-        hasShownResults_ = false;
-        MBattleCalc::Add(*this, ToLong(assembled_.NumBattles), assembled_.CombatDice, ViewStats(),
-                         assembled_.CityLevel);
-        isAborted_ = !hasShownResults_;
-        isEndToReadOut_ = true;
+        const Setup& setup = lastRun_.AsFought();
+        MBattleCalc::Add(*this, ToLong(setup.NumBattles), setup.CombatDice, ViewStats(), setup.CityLevel);
+        lastRun_.End();
         SetupTouched.Raise();
         moreResults_.RunFinished();
         sscAbort.Enabled = false;
@@ -94,8 +74,9 @@ void frmBrawlpad::WarnOfMissingArmies() {
 void frmBrawlpad::FillArmyCollections() {
     const Trap trap{"frmBrawlpad::FillArmyCollections"};
     assemblyHost_.NumArmyTypes = NumArmies();
-    assemblyHost_.DefenderTerrain = assembled_.Terrain;
-    const auto& [attackers, defenders] = assembled_.Sides;
+    const Setup& setup = lastRun_.AsFought();
+    assemblyHost_.DefenderTerrain = setup.Terrain;
+    const auto& [attackers, defenders] = setup.Sides;
     for (Long position = 0; position < SizeOf(attackers); ++position)
         AddAttacker(attackers[position.Index()].Unit, position);
     for (Long position = 0; position < SizeOf(defenders); ++position)
@@ -114,11 +95,12 @@ void frmBrawlpad::AddDefender(Long row, Long position) {
 
 void frmBrawlpad::AddEntry(CAttackArmies& armies, Side side, Long row, Long position) {
     assemblyHost_.OnHero = [this, side, position](CArmy& hero) { EditHero(hero, side, position); };
-    armies.Add(units_->EntryOf(row, assembled_.Sides[side][position.Index()].Health), LineKey(position));
+    const HealthRow& health = lastRun_.AsFought().Sides[side][position.Index()].Health;
+    armies.Add(units_->EntryOf(row, health), LineKey(position));
 }
 
 void frmBrawlpad::ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) {
-    frmStats stats{*toolkit_, *provider_, assembled_.Terrain};
+    frmStats stats{*toolkit_, *provider_, lastRun_.AsFought().Terrain};
     stats.ShowStats(attackStack, defendStack, [&] { toolkit_->ShowModal(stats); });
 }
 
@@ -131,28 +113,11 @@ void frmBrawlpad::ShowWinPercent(const std::string& text) {
     const WinMargin margin = MarginOf(wins, results.RowCount());
     WinMarginInWords = margin.Sentence;
     lblWinMargin.Caption = margin.Figure;
-    fought_ = assembled_;
-    foughtAsEntered_ = entered_;
-    hasShownResults_ = true;
+    lastRun_.ShowResults();
 }
 
 void frmBrawlpad::ShowAverage(Long column, const std::string& text) {
     lblAvg[column.Index()].Caption = text;
-}
-
-frmMoreResults::Background frmBrawlpad::BackgroundOfRun() const {
-    frmMoreResults::Background background{{gobjCAttArmies->Count(), gobjCDefArmies->Count()}};
-    background.WhyNotExact = "too many outcomes to sum up";
-    try {
-        Odds::Budget budget{StepsForResults};
-        if (const auto odds = OddsOf(assembled_, *units_, budget))
-            background.ExactLosses = {LossOddsOf(odds->Attackers), LossOddsOf(odds->Defenders)};
-    } catch (const RunTimeError& error) {
-        background.WhyNotExact = Description(error.Number());
-    } catch (const std::bad_alloc&) {
-        background.WhyNotExact = Description(ErrorNumber::OutOfMemory);
-    }
-    return background;
 }
 
 void frmBrawlpad::sscAbort_Click() {

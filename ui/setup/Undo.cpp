@@ -5,7 +5,6 @@
 #include "ui/setup/frmBrawlpad.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace vorhaven {
 
@@ -65,8 +64,8 @@ void frmBrawlpad::Settle() {
     if (history_.Note(CurrentSetup()))
         liveOdds_.BeginStep();
     ShowState();
-    if (std::exchange(isEndToReadOut_, false))
-        ReadOut.Raise((isAborted_ ? "The run was aborted. " : "The run has ended. ") + ResultsInWords());
+    if (const std::string end = lastRun_.TakeAnnouncement(); !end.empty())
+        ReadOut.Raise(end + " " + ResultsInWords());
 }
 
 void frmBrawlpad::Undo() {
@@ -103,7 +102,7 @@ void frmBrawlpad::ShowState() {
     mnuRedo.Enabled = history_.CanRedo();
     lblTerrainLocked.Caption = RemarkOnTerrain();
     const Setup& now = history_.Current();
-    lblOutOfDate.Caption = RemarkOnResults(now);
+    lblOutOfDate.Caption = lastRun_.RemarkOnResults(now, *units_);
     liveOdds_.Show(now, *units_);
     FollowWithAdvice(now);
     for (const Side side : BothSides) {
@@ -119,18 +118,6 @@ std::string frmBrawlpad::RemarkOnTerrain() const {
         return "More than " + ToText(LinesPerStack) + " defenders are always in a city";
     // Clear List leaves the terrain as it is.
     return "Pick a defender to free the terrain";
-}
-
-std::string frmBrawlpad::RemarkOnResults(const Setup& now) const {
-    if (!fought_)
-        return isAborted_ ? "aborted" : "";
-    const bool isFought = IsSameBattle(now, *fought_, *units_);
-    const bool hasChanged = !isFought && !IsSameBattle(now, *foughtAsEntered_, *units_);
-    if (isAborted_)
-        return hasChanged ? "before the abort and changes" : "before the aborted run";
-    if (hasChanged)
-        return "before the latest changes";
-    return isFought ? "" : "with a hero's editor cancelled";
 }
 
 } // namespace vorhaven

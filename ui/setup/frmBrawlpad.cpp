@@ -91,7 +91,8 @@ void frmBrawlpad::Form_Load() {
 void frmBrawlpad::sscMoreResults_Click() {
     const Trap trap{"frmBrawlpad::sscMoreResults_Click"};
     toolkit_->ShowBusy(true);
-    moreResults_.RunBackground = BackgroundOfRun();
+    moreResults_.RunBackground =
+        lastRun_.Background({gobjCAttArmies->Count(), gobjCDefArmies->Count()}, *units_);
     toolkit_->Show(moreResults_);
     toolkit_->ShowBusy(false);
 }
@@ -109,8 +110,7 @@ void frmBrawlpad::sscExit_Click() {
 }
 
 void frmBrawlpad::Close() {
-    // Attack is disabled exactly as long as a run takes.
-    if (!cmdAttack.Enabled)
+    if (IsRunUnderWay())
         MBattleCalc::AbortRequested = true;
 }
 

@@ -12,6 +12,7 @@
 #include "ui/results/frmMoreResults.h"
 #include "ui/setup/Battle.h"
 #include "ui/setup/HealthArray.h"
+#include "ui/setup/LastRun.h"
 #include "ui/setup/LiveOdds.h"
 #include "ui/setup/OddsPanel.h"
 #include "ui/setup/Setup.h"
@@ -138,6 +139,7 @@ public:
 
     // Advice.cpp
 
+    /// Attack is disabled exactly as long as a run takes.
     [[nodiscard]] bool IsRunUnderWay() const override { return !cmdAttack.Enabled; }
     /// Raised when the window is to come to the front, and when a list is to have the focus besides.
     Signal<> ComeToFrontRequested;
@@ -331,8 +333,6 @@ private:
     void AddDefender(Long row, Long position);
     /// Adds the line on a position of a side to an army list.
     void AddEntry(CAttackArmies& armies, Side side, Long row, Long position);
-    /// What the detailed results show about the last run beside its results.
-    [[nodiscard]] frmMoreResults::Background BackgroundOfRun() const;
     void sscAbort_Click();
 
     // Undo.cpp
@@ -345,7 +345,6 @@ private:
     void ShowState();
     /// Why the terrain cannot be chosen, or what frees it; empty while it can be chosen.
     [[nodiscard]] std::string RemarkOnTerrain() const;
-    [[nodiscard]] std::string RemarkOnResults(const Setup& now) const;
 
     // Clipboard.cpp
     [[nodiscard]] std::string ResultsAsText() const;
@@ -399,18 +398,7 @@ private:
     /// What was entered for the heroes of the lists, by the identity of their lines.
     std::map<std::int32_t, HeroValues> heroValues_;
     SetupHistory history_;
-    /// The last run's set-up when Attack was pressed, with its heroes as they fight, and with its heroes as
-    /// they are entered, which an editor closed without Done leaves as they were.
-    Setup assembled_;
-    Setup entered_;
-    /// The same of the run whose quick results are shown; an aborted run shows none.
-    std::optional<Setup> fought_;
-    std::optional<Setup> foughtAsEntered_;
-    /// Whether the run under way has shown its quick results, and whether the last run was aborted.
-    bool hasShownResults_ = false;
-    bool isAborted_ = false;
-    /// Whether a run has ended that has not been read out yet.
-    bool isEndToReadOut_ = false;
+    LastRun lastRun_;
     std::vector<Connection> touching_;
 };
 
