@@ -29,7 +29,8 @@ namespace vorhaven {
 
 /// The main window: settings, the two army lists with their conditions, and the runs. What concerns the
 /// window as a whole is in frmBrawlpad.cpp; the other sources go by topic: Settings.cpp, Lists.cpp,
-/// Conditions.cpp, Heroes.cpp, Run.cpp, ReadOut.cpp, Undo.cpp, Clipboard.cpp, Advice.cpp.
+/// Conditions.cpp, Heroes.cpp, Run.cpp, CurrentSetup.cpp, Undo.cpp, ShowState.cpp, ReadOut.cpp,
+/// Clipboard.cpp, Advice.cpp.
 class frmBrawlpad final : public Form, private MBattleCalc::BattleHost, private AdviceHost {
 public:
     /// `provider` and `toolkit` must outlive the window.
@@ -104,10 +105,13 @@ public:
     /// it presses Attack; a run of more raises error 6 at its end, when all its battles are fought.
     void LimitNumBattles();
 
-    // Undo.cpp
+    // CurrentSetup.cpp
 
     /// What the player has set up.
     [[nodiscard]] Setup CurrentSetup() const;
+
+    // Undo.cpp
+
     /// Raised when something may have changed that Settle is to take in.
     Signal<> SetupTouched;
     /// Takes in what has changed since the last call, as one step to undo, and shows what follows from it. A
@@ -335,11 +339,15 @@ private:
     void AddEntry(CAttackArmies& armies, Side side, Long row, Long position);
     void sscAbort_Click();
 
-    // Undo.cpp
+    // CurrentSetup.cpp
     /// Shows a set-up in the controls. Lines without an Id are new and get one; what was selected stays
     /// selected, wherever it stands now.
     void PutInPlace(const Setup& setup);
+
+    // Undo.cpp
     void GoTo(const Setup& setup);
+
+    // ShowState.cpp
     /// Shows what follows from the current set-up: notes, counts, what can be undone, odds, and whether the
     /// quick results are of an earlier one.
     void ShowState();
