@@ -107,13 +107,19 @@ private:
         while (io::empty_line_comment::is_comment(line))
             line = lines.next_line();
         std::map<std::string, int> counts;
-        for (char* begin = line; begin != nullptr;) {
-            char* end = begin + (StrictQuotes::find_next_column_end(begin) - begin);
-            char* const next = *end == '\0' ? nullptr : end + 1;
-            TrimBlanks::trim(begin, end);
-            StrictQuotes::unescape(begin, end);
-            ++counts[begin];
-            begin = next;
+        try {
+            for (char* begin = line; begin != nullptr;) {
+                char* end = begin + (StrictQuotes::find_next_column_end(begin) - begin);
+                char* const next = *end == '\0' ? nullptr : end + 1;
+                TrimBlanks::trim(begin, end);
+                StrictQuotes::unescape(begin, end);
+                ++counts[begin];
+                begin = next;
+            }
+        } catch (...) {
+            // A broken cell behind the one that the library did not like.
+            AddThrown(lines.get_file_line());
+            return;
         }
         const auto isMissing = [&](const std::string& header) { return !counts.contains(header); };
         if (std::ranges::all_of(*headers_, isMissing)) {

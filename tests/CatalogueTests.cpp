@@ -144,6 +144,7 @@ TEST(Catalogue, RefusesABrokenFileAndSaysWhereAndWhy) {
         {H, "Thane", "Reeds", R"(, line 2, column "name")", reedsAgain, unique},
         {A, ",14,", ',' + o41 + ',', R"(, line 3, column "strength")", '"' + o39e + '"', strength},
         {A, "id,", "\"id,", ", line 1", "a quote that is never closed", quotes},
+        {A, "id,", "id,id,n\"o\"te,", ", line 1", "a quote in the middle of a cell", quotes},
         {A, "Kites", "\"Kites", ", line 3", "a quote that is never closed", quotes},
         {A, "Kites", "Big \"red\" kites", ", line 3", "a quote in the middle of a cell", quotes},
         {H, "", "id,n\xC3", ", line 1", notUtf8, utf8},            // a character cut in two
