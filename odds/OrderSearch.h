@@ -58,9 +58,9 @@ private:
 
     /// An army in front: which defender it is or meets, and in what state.
     struct Standing {
-        std::size_t Defender;
+        std::size_t Defender = 0;
         Condition InCondition;
-        std::size_t HitsIndex;
+        std::size_t HitsIndex = 0;
     };
 
     /// Gives standings their places.

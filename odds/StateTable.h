@@ -45,7 +45,7 @@ static_assert(std::has_unique_object_representations_v<Condition>);
 /// An army in a condition, with its chances by hits.
 struct State {
     Condition InCondition;
-    HitChances Chances;
+    HitChances Chances{};
 };
 
 /// The states that an army may be in, each condition once.
