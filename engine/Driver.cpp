@@ -9,11 +9,20 @@ namespace {
 /// So many battles take the engine a few milliseconds at most, and asking the host costs nothing beside them.
 constexpr std::int32_t BattlesBetween = 64;
 
+/// The engine's host for as long as a run lasts, however the run ends.
+class HostOfRun {
+public:
+    explicit HostOfRun(BattleHost& host) { Host = &host; }
+    ~HostOfRun() { Host = nullptr; }
+    HostOfRun(const HostOfRun&) = delete;
+    HostOfRun& operator=(const HostOfRun&) = delete;
+};
+
 } // namespace
 
 void Add(BattleHost& host, Long numBattles, Long dice, bool viewStats, Long cityLevel) {
     const Trap trap{"MBattleCalc::Add"};
-    Host = &host;
+    const HostOfRun hostOfRun{host};
     Host->ShowBusy(true);
     CombatDice = dice;
     BattleResults.Redimension(numBattles);

@@ -9,7 +9,8 @@ void BuildBattleStacks() {
     try {
         Masters.Build(Host->AttackArmies(), Host->DefendArmies());
     } catch (const RunTimeError&) { // NOLINT(bugprone-empty-catch)
-        // What is built so far is what fights.
+        // No list makes Build raise an error: it looks for a line's army before it takes it, and each key is
+        // new to its stack. If one ever did, what is built so far would fight.
     }
 }
 

@@ -14,8 +14,8 @@ enum class Victor : std::int32_t { Defender = 0, Attacker = 1, Undecided = 2 };
 
 // Fronts.cpp
 
-/// Builds the five master stacks from the host's lists. The one procedure without the common error report: a
-/// line without an army (error 5) is skipped, any other error leaves the procedure silently.
+/// Builds the five master stacks from the host's lists; a line without an army is skipped. The one procedure
+/// without the common error report: an error would leave it silently.
 void BuildBattleStacks();
 /// Makes the attacking front a fresh copy of the next attacking stack. Returns false, and leaves the front
 /// empty, when there is none.
@@ -24,8 +24,8 @@ bool SendToAttackFront();
 void SendToDefendFront();
 /// Remembers the current hits of every army of a stack as its start hits.
 void CacheStartHits(CStackAtt& stack);
-/// Who has won, given the sizes of the fronts. Sends the next attacking stack when the attacking front is
-/// wiped out; the front defender then gets its start hits back.
+/// Who has won, given the sizes of the fronts. Sends the next attacking stack, always to AttackFront, when
+/// the attacking front is wiped out; the front defender then gets its start hits back.
 [[nodiscard]] Victor CheckIfVictor(Long attackCount, Long defendCount, CStackAtt& defendFront);
 
 // StackEffects.cpp
@@ -51,7 +51,9 @@ void CheckIfCursed(CStackAtt& attackFront, CStackAtt& defendFront);
 
 /// Reads from the catalogue which units fly, so that no text is compared inside a round.
 void CacheFlyers();
-/// Fights one battle. Errors: 5 when a front is empty at the start.
+/// Fights one battle. NextAttackStack says which attacking stack comes next once the front is wiped out: it
+/// is sent to AttackFront, and from there also to an `attackFront` that is another stack. Errors: 5 when a
+/// front is empty at the start.
 [[nodiscard]] Victor Fight(CStackAtt& attackFront, CStackAtt& defendFront, Long battle);
 /// Fights two armies until one is slain, special attacks first.
 void UnitvsUnit(CStackAtt& attackFront, Long attackIndex, CStackAtt& defendFront, Long defendIndex,

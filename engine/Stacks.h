@@ -20,7 +20,7 @@ struct BattleStacks {
     Long NumAttackStacks;
 
     /// Makes the stacks anew. Attacking records are found by the LineKey of their line from 0; a line without
-    /// an army is skipped. An error leaves what has been built until then.
+    /// an army is skipped. An error would leave what has been built until then.
     void Build(const CAttackArmies& attackers, const CAttackArmies& defenders);
 
 private:

@@ -8,7 +8,7 @@
 // What the engine keeps from one procedure to the next. Only the engine's own sources include this.
 namespace vorhaven::MBattleCalc {
 
-/// The window that started the run.
+/// The window that started the run; none when no run is under way.
 inline BattleHost* Host = nullptr;
 
 /// Faces of the ordinary combat die.

@@ -21,9 +21,10 @@ void RaiseTo(Long& stackValue, Long armyValue) {
 CArmy& CStackAtt::Add(const CArmy& army, std::string_view sKey) {
     const Trap trap{"CStackAtt::Add"};
     CArmy& copy = armies_.Add(army, sKey);
-    copy.Hits = Long{army.Hits};
-    copy.StartStrength = Long{army.StartStrength};
-    copy.TotalStrength = Long{army.TotalStrength};
+    // From the copy: `army` may be one of this stack's own, whose place is gone when the storage has grown.
+    copy.Hits = Long{copy.Hits};
+    copy.StartStrength = Long{copy.StartStrength};
+    copy.TotalStrength = Long{copy.TotalStrength};
     copy.Blacksmith = false;
     copy.Weaponsmaster = false;
     copy.UsedSpecial = false;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "engine/State.h"
 #include "tests/support/EngineTest.h"
 #include "tests/support/Errors.h"
 
@@ -208,8 +209,15 @@ TEST_F(Engine, NewcomerHealsTheHitsOfTheFrontDefenderAlone) {
           "98% 98% 98% 98% 1 6 1 6 20 5 1 6 1 6 20 5");
     EXPECT_EQ(Describe(*front), "10/1D 5/1D!");
     EXPECT_EQ(RowOf(1), (Row{0, 2, 2, 0, 0}));
-    CStackAtt empty;
-    EXPECT_EQ(CheckIfVictor(0, 0, empty), Victor::Attacker) << "a battle without survivors is won";
+    CStackAtt attackers, defenders;
+    EXPECT_EQ(CheckIfVictor(0, 0, defenders), Victor::Attacker) << "a battle without survivors is won";
+
+    Fight("/", "", "D D");
+    attackers.CopyFrom(Masters.AttackStacks[0]);
+    defenders.CopyFrom(Masters.DefendStack);
+    NextAttackStack = 1;
+    const Script script{"D D"};
+    EXPECT_EQ(MBattleCalc::Fight(attackers, defenders, 1), Victor::Defender) << "in fronts of one's own, too";
 }
 
 TEST_F(Engine, PoisonStrikesBeforeDiseaseAndCurseTheAttackersFirstAndABlessingHoldsUntilTheCurse) {

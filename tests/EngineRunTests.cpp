@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "engine/State.h"
 #include "tests/support/EngineTest.h"
 #include "tests/support/Errors.h"
 
@@ -24,6 +25,7 @@ TEST_F(Engine, AbortEndsTheRunBeforeItsNextBattleWithoutResultsAndEndsNoOther) {
     EXPECT_EQ(RowOf(2), Row{});
     EXPECT_EQ(RowOf(3), Row{});
     EXPECT_FALSE(AbortRequested);
+    EXPECT_EQ(Host, nullptr);
 }
 
 TEST_F(Engine, EveryBattleAndEveryRunBeginsAfresh) {
@@ -52,6 +54,7 @@ TEST_F(Engine, QuickResultsAreTheirShortestTexts) {
         {70, {51, 0, 0, 0, 0}, "72.8571428571428%, 2:0, 3:0, 4:0, 5:0", "the percentage divides first"},
         // clang-format on
     };
+    Host = &host_;
     for (const auto& test : cases) {
         BattleResults.Redimension(test.Battles);
         for (std::int32_t column = 1; column <= ResultColumn::Last; ++column)
@@ -82,6 +85,7 @@ TEST_F(Engine, ProgressIsShownEveryHundredthPartAndPumpsAfterBarAndText) {
         {250, 2, "1, events, 1% Completed, events", "a hundredth of 250 is cut to 2"},
         {1, 1, "100, events, 100% Completed, events", "the only battle"},
     };
+    Host = &host_;
     for (const auto& test : cases) {
         host_.Shown.clear();
         ShowProgress(test.Battles, test.Battle);
@@ -99,6 +103,7 @@ TEST_F(Engine, NumbersOfBattlesThatNoRunCanHaveAreErrors) {
     EXPECT_THAT(
         [this] { Add(host_, 0, 20, false, 0); },
         Raises(11, {"MBattleCalc::ShowWinPercent", "MBattleCalc::DisplayResults", "MBattleCalc::Add"}));
+    EXPECT_EQ(Host, nullptr) << "a window that is gone is not kept";
     EXPECT_EQ(ErrorOf([] { return BattleResults(1, 1); }), 9);
     EXPECT_THAT([this] { Add(host_, -1, 20, false, 0); }, Raises(9, {"MBattleCalc::Add"}));
 }

@@ -155,6 +155,8 @@ TEST(Stack, CopyComesWithoutTheMarksOfItsMakingAndOfAnEarlierBattle) {
     EXPECT_EQ(copy.MissleShotsLeft, 0);
     EXPECT_FALSE(copy.UsedSpecial || copy.Blacksmith || copy.Weaponsmaster);
     EXPECT_EQ(Checked(stack.Add(CArmy{}, "")), "1 0 1 1") << "a blank record is written, too";
+    while (stack.Count() < 9)
+        EXPECT_EQ(Checked(stack.Add(stack.Item(1), "")), "3 0 9 8") << "wherever the storage goes";
 }
 
 /// Counts a stack's powers: chaos, morale, fear, siege, fortification, leadership; poison, disease, curse.

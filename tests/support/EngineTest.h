@@ -60,7 +60,7 @@ private:
     std::size_t next_ = 0;
 };
 
-/// Begins with one trivial battle, which leaves the engine with a 20-faced die and the test's window.
+/// Begins with one trivial battle, which leaves the engine with a 20-faced die.
 class Engine : public testing::Test {
 protected:
     Engine() { Fight("", "", "A"); }
