@@ -37,7 +37,7 @@ void EvalStacksMutualEffect();
 void ApplyMutualPowers(CStackAtt& attackFront, CStackAtt& defendFront);
 /// Adds the stack's bonus to the strength of each of its armies.
 void ApplyAdjustedPower(CStackAtt& stack);
-/// Limits a stack bonus to -3..5.
+/// Limits a stack bonus as TotalStackBonus is limited.
 [[nodiscard]] Long TotalStackFilter(Long value);
 
 // Afflictions.cpp

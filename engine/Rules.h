@@ -35,11 +35,11 @@ inline constexpr std::array<std::array<Loser, 2>, 2> LoserByHits{
     return roll <= strength;
 }
 
-inline constexpr std::array<std::int32_t, 5> FacesByMedals{0, 30, 26, 22, 18};
+inline constexpr std::array<std::int32_t, MostMedals + 1> FacesByMedals{0, 30, 26, 22, 18};
 
 /// Faces of the second die that medals give, of which the lower roll counts; 0 for no second die.
 [[nodiscard]] constexpr Long MedalFaces(Long medals) {
-    return medals < 1 || medals > 4 ? 0 : FacesByMedals[medals.Index()];
+    return medals < 1 || medals > MostMedals ? 0 : FacesByMedals[medals.Index()];
 }
 
 /// The hit points that a lost round costs: 1, and the winner's trample where the loser does not fly.
@@ -89,6 +89,12 @@ template <Long CArmy::* Power>
     return value.Value() / 2;
 }
 
+/// Whether an assassin strikes: its one special for the battle must not be used up. `usedSpecial`: of each
+/// army whether its is, before this duel.
+[[nodiscard]] constexpr bool IsCarriedOut(const Strike& strike, const PerSide<bool>& usedSpecial) {
+    return strike.IsTried && !usedSpecial[Opponent(strike.Victim)];
+}
+
 /// Whether a duel uses up an army's one attempt to assassinate: the higher power tries, and whoever has the
 /// power loses it.
 [[nodiscard]] constexpr bool SpendsAttempt(Long own, Long enemy) {
@@ -96,6 +102,25 @@ template <Long CArmy::* Power>
 }
 
 // Missiles
+
+/// A volley of one of two duelling armies, or none.
+struct Volley {
+    bool IsShot = false;
+    Side Shooter = Side::Attacker;
+    /// What its missiles exceed its target's by.
+    Long Advantage;
+};
+
+/// The volley of the army with more missiles, unless its special is used up; none between equals. Raises
+/// error 6 when the advantage does not fit, also where it is not used.
+[[nodiscard]] inline Volley VolleyBetween(Long attackMissle, Long defendMissle,
+                                          const PerSide<bool>& usedSpecial) {
+    if (attackMissle == defendMissle)
+        return {};
+    if (attackMissle > defendMissle)
+        return {!usedSpecial.Attacker, Side::Attacker, attackMissle - defendMissle};
+    return {!usedSpecial.Defender, Side::Defender, defendMissle - attackMissle};
+}
 
 /// The shots of a volley: those left, or as many as the shooter has missiles more than its first target.
 [[nodiscard]] constexpr Long ShotsOf(Long shotsLeft, Long advantage) {
@@ -138,25 +163,26 @@ struct Quiver {
 }
 
 inline void Poison(CArmy& army) {
-    army.TotalStrength = army.TotalStrength - 1;
+    army.TotalStrength = army.TotalStrength - PoisonStrength;
     army.Poisoned = true;
 }
 
 inline void Disease(CArmy& army) {
-    army.Hits = army.Hits - 1;
+    army.Hits = army.Hits - DiseaseHits;
     army.Diseased = true;
 }
 
 inline void Curse(CArmy& army) {
     if (army.Blessed) {
         army.Blessed = false;
-        army.TotalStrength = army.TotalStrength - 1;
+        army.TotalStrength = army.TotalStrength - BlessingStrength;
     }
     if (army.HasMedal > 0)
         army.HasMedal = 0;
 }
 
-/// The bonus that an enemy stack leaves a stack, both with their own powers counted: -3 to 5.
+/// The bonus that an enemy stack leaves a stack, both with their own powers counted, within the limits of
+/// TotalStackBonus.
 [[nodiscard]] Long StackBonus(const CStackAtt& own, const CStackAtt& enemy);
 
 inline void AddBonus(CArmy& army, Long bonus) {

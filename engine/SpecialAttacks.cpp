@@ -12,8 +12,6 @@ bool Lands(Long force) {
 /// Whether `shooter`, which has `advantage` missiles more, hits its target. `targetLoses` is the round that
 /// hits.
 bool Shoots(CArmy& shooter, Long advantage, const CArmy& attacker, const CArmy& defender, Loser targetLoses) {
-    if (shooter.UsedSpecial)
-        return false;
     const auto keep = [&shooter](Quiver left) {
         shooter.MissleShotsLeft = left.ShotsLeft;
         shooter.UsedSpecial = left.UsedUp;
@@ -62,9 +60,8 @@ bool ResolveAssass(Long attackIndex, Long defendIndex, CStackAtt& attackFront, C
     if (attacker.Assass == 0 && defender.Assass == 0)
         return false;
     const Strike strike = StrikeBy<&CArmy::Assass>(attacker, defender);
-    const bool slain = strike.IsTried &&
-                       !(strike.Victim == Side::Attacker ? defender : attacker).UsedSpecial &&
-                       Lands(strike.Force);
+    const bool slain =
+        IsCarriedOut(strike, {attacker.UsedSpecial, defender.UsedSpecial}) && Lands(strike.Force);
     if (SpendsAttempt(attacker.Assass, defender.Assass))
         attacker.UsedSpecial = true;
     if (SpendsAttempt(defender.Assass, attacker.Assass))
@@ -83,15 +80,17 @@ bool ResolveMissle(Long attackIndex, Long defendIndex, CStackAtt& attackFront, C
     const Trap trap{"MBattleCalc::ResolveMissle"};
     CArmy& attacker = attackFront.Item(attackIndex);
     CArmy& defender = defendFront.Item(defendIndex);
-    if (attacker.Missle == defender.Missle)
+    const Volley volley =
+        VolleyBetween(attacker.Missle, defender.Missle, {attacker.UsedSpecial, defender.UsedSpecial});
+    if (!volley.IsShot)
         return false;
-    if (defender.Missle > attacker.Missle) {
-        if (!Shoots(defender, defender.Missle - attacker.Missle, attacker, defender, Loser::Attacker))
+    if (volley.Shooter == Side::Defender) {
+        if (!Shoots(defender, volley.Advantage, attacker, defender, Loser::Attacker))
             return false;
         RemoveAttacker(attackFront, attackIndex, attacker.Turns, battle);
         return true;
     }
-    if (!Shoots(attacker, attacker.Missle - defender.Missle, attacker, defender, Loser::Defender))
+    if (!Shoots(attacker, volley.Advantage, attacker, defender, Loser::Defender))
         return false;
     RemoveDefender(defendFront, defendIndex, defender.Turns, battle);
     return true;

@@ -6,8 +6,12 @@
 namespace vorhaven::MBattleCalc {
 namespace {
 
-Long Limited(Long value, std::int32_t lowest, std::int32_t highest) {
-    return value < lowest ? lowest : value > highest ? highest : value;
+/// A value as a property of a bounded type would hold it.
+template <class Limits>
+Long Limited(Long value) {
+    Limits limited;
+    limited = value;
+    return limited;
 }
 
 /// What is left of a stack's power against the opposing power of the enemy, -1 to 5.
@@ -58,11 +62,11 @@ void ApplyAdjustedPower(CStackAtt& stack) {
 }
 
 Long PowerFilter(Long value) {
-    return Limited(value, -1, 5);
+    return Limited<Bounded<-1, 5>>(value);
 }
 
 Long TotalStackFilter(Long value) {
-    return Limited(value, -3, 5);
+    return Limited<decltype(CStackAtt::TotalStackBonus)>(value);
 }
 
 } // namespace vorhaven::MBattleCalc

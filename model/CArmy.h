@@ -7,6 +7,14 @@
 
 namespace vorhaven {
 
+/// Strength that a blessing gives, and that a curse takes back with it.
+inline constexpr std::int32_t BlessingStrength = 1;
+/// Strength that poison takes.
+inline constexpr std::int32_t PoisonStrength = 1;
+/// Hit points that disease takes.
+inline constexpr std::int32_t DiseaseHits = 1;
+inline constexpr std::int32_t MostMedals = 4;
+
 /// One army or hero in a battle: its catalogue values, its conditions, the fighting values derived from them,
 /// and what the engine keeps about it during a battle. Abilities are sizes, 0 for none.
 struct CArmy {
@@ -52,7 +60,7 @@ struct CArmy {
     Long Lightning;
 
     bool IsHero = false;
-    /// Number of medals, 0 to 4.
+    /// Number of medals, 0 to MostMedals.
     Long HasMedal;
     bool IsFlying = false;
     Long Assass;

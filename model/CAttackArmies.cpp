@@ -144,12 +144,12 @@ void CAttackArmies::VerifyHealth(CArmy& army) {
     if (army.Blessed) {
         army.Diseased = false;
         army.Poisoned = false;
-        army.TotalStrength = army.TotalStrength + 1;
+        army.TotalStrength = army.TotalStrength + BlessingStrength;
     }
     if (army.Diseased)
-        army.Hits = army.Hits - 1;
+        army.Hits = army.Hits - DiseaseHits;
     if (army.Poisoned)
-        army.TotalStrength = army.TotalStrength - 1;
+        army.TotalStrength = army.TotalStrength - PoisonStrength;
 }
 
 } // namespace vorhaven

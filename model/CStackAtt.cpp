@@ -45,6 +45,7 @@ void CStackAtt::Remove(std::string_view key) {
 
 void CStackAtt::Clear() {
     armies_.Clear();
+    bands_.clear();
     BlankPowers();
     StackPoison = 0;
     StackDisease = 0;
@@ -68,17 +69,20 @@ void CStackAtt::CountSelfPowers(Side side, Long fortification) {
     for (const CArmy& army : armies_) {
         AddRegularPowers(army);
         if (army.Banding != 0)
-            ++BandOf(army).Count;
+            AddToBand(army);
     }
-    for (CArmy& army : armies_) {
-        if (army.Banding == 0)
-            continue;
-        const Band& band = BandOf(army);
-        if (band.Value + 1 >= band.Count)
-            army.TotalStrength = army.TotalStrength + band.Value;
-        else
-            army.TotalStrength = army.TotalStrength + band.Count - 1;
-    }
+    for (CArmy& army : armies_)
+        if (army.Banding != 0)
+            army.TotalStrength = army.TotalStrength + BandingBonus(army);
+}
+
+Long CStackAtt::BandingBonus(const CArmy& army) const {
+    if (army.Banding == 0)
+        return 0;
+    const auto band = std::ranges::find(bands_, army.Name, &Band::Name);
+    if (band == bands_.end())
+        return 0;
+    return band->Value + 1 >= band->Count ? band->Value : band->Count - 1;
 }
 
 void CStackAtt::EvalSelfPowers() {
@@ -113,10 +117,12 @@ void CStackAtt::AddRegularPowers(const CArmy& army) {
     StackCurse += army.Curse;
 }
 
-/// The entry of a banding army's name; the first army of a name makes it, with its power's size.
-CStackAtt::Band& CStackAtt::BandOf(const CArmy& army) {
+void CStackAtt::AddToBand(const CArmy& army) {
     const auto found = std::ranges::find(bands_, army.Name, &Band::Name);
-    return found != bands_.end() ? *found : bands_.emplace_back(Band{army.Name, army.PowerValue, 0});
+    if (found == bands_.end())
+        bands_.push_back({army.Name, army.PowerValue, 1});
+    else
+        ++found->Count;
 }
 
 } // namespace vorhaven

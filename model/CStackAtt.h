@@ -59,6 +59,10 @@ public:
     /// not fit.
     void CountSelfPowers(Side side, Long fortification);
 
+    /// The strength that banding gives an army of this stack, by the bands that CountSelfPowers has counted:
+    /// the size of the first army of its name that bands, or the number of its fellows if that is larger.
+    [[nodiscard]] Long BandingBonus(const CArmy& army) const;
+
     /// Writes the six highest values back as they are: the place where a rule on a stack's own values would
     /// act.
     void EvalSelfPowers();
@@ -70,18 +74,20 @@ public:
     [[nodiscard]] auto end() const { return armies_.end(); }
 
 private:
+    /// The armies of one name that band.
     struct Band {
         InternedText Name;
+        /// The power's size of the first one.
         Long Value;
         Long Count;
     };
 
     void BlankPowers();
     void AddRegularPowers(const CArmy& army);
-    [[nodiscard]] Band& BandOf(const CArmy& army);
+    void AddToBand(const CArmy& army);
 
     KeyedCollection<CArmy> armies_;
-    /// CountSelfPowers' table of banding armies by name, kept for its storage.
+    /// What CountSelfPowers has counted, in the order of the first armies.
     std::vector<Band> bands_;
 };
 

@@ -19,6 +19,13 @@ double StrikePercent(const Strike& strike) {
     return PercentChance(StrikeChance(strike.Force));
 }
 
+/// The hits of a front army as places in its chances.
+constexpr std::size_t HitPlaces = std::tuple_size_v<HitChances>;
+
+PerSide<bool> UsedSpecials(const PerSide<State>& fighters) {
+    return {fighters.Attacker.InCondition.UsedSpecial, fighters.Defender.InCondition.UsedSpecial};
+}
+
 /// Marks a one-time special as used up, after which shots left have no meaning.
 void UseUp(Condition& condition) {
     condition.UsedSpecial = true;
@@ -74,11 +81,11 @@ void DuelOdds::Lightning(PerSide<State> fighters) {
 }
 
 void DuelOdds::Assassins(PerSide<State> fighters) {
-    const bool tries = assass_.IsTried && !fighters[Opponent(assass_.Victim)].InCondition.UsedSpecial;
+    const bool strikes = IsCarriedOut(assass_, UsedSpecials(fighters));
     for (const Side side : BothSides)
         if (SpendsAttempt(armies_[side]->Assass, armies_[Opponent(side)]->Assass))
             UseUp(fighters[side].InCondition);
-    if (tries) {
+    if (strikes) {
         const Side assassin = Opponent(assass_.Victim);
         const double chance = StrikePercent(assass_);
         Win(assassin, fighters, chance);
@@ -90,14 +97,12 @@ void DuelOdds::Assassins(PerSide<State> fighters) {
 void DuelOdds::Volley(PerSide<State> fighters) {
     if (ChanceOf(fighters) <= 0.0)
         return;
-    const Long attackMissle = armies_.Attacker->Missle;
-    const Long defendMissle = armies_.Defender->Missle;
-    const Side side = attackMissle > defendMissle ? Side::Attacker : Side::Defender;
-    Condition& shooter = fighters[side].InCondition;
-    // Formed before it is needed, since it must fit even where no shot is left.
-    const Long advantage = side == Side::Attacker ? attackMissle - defendMissle : defendMissle - attackMissle;
-    if (advantage != 0 && !shooter.UsedSpecial) {
-        const Long shots = ShotsOf(shooter.ShotsLeft, advantage);
+    const MBattleCalc::Volley volley =
+        VolleyBetween(armies_.Attacker->Missle, armies_.Defender->Missle, UsedSpecials(fighters));
+    if (volley.IsShot) {
+        const Side side = volley.Shooter;
+        Condition& shooter = fighters[side].InCondition;
+        const Long shots = ShotsOf(shooter.ShotsLeft, volley.Advantage);
         const double hit = RoundChance(fighters, side == Side::Attacker ? Loser::Defender : Loser::Attacker);
         double missed = 1.0;
         PerSide<State> afterHit = fighters;
@@ -133,13 +138,14 @@ void DuelOdds::Rounds(const PerSide<State>& fighters) {
         return;
     }
     PerSide<State> survivors{{fighters.Attacker.InCondition, {}}, {fighters.Defender.InCondition, {}}};
-    std::array<HitChances, 4> both{};
-    for (std::size_t a = 0; a < 4; ++a)
-        for (std::size_t d = 0; d < 4; ++d)
+    std::array<HitChances, HitPlaces> both{};
+    for (std::size_t a = 0; a < HitPlaces; ++a)
+        for (std::size_t d = 0; d < HitPlaces; ++d)
             both[a][d] = fighters.Attacker.Chances[a] * fighters.Defender.Chances[d];
     // Hits only fall, so every pair of hits is complete when its turn comes.
-    for (std::int32_t a = 3; a >= 0; --a)
-        for (std::int32_t d = 3; d >= 0; --d) {
+    constexpr std::int32_t last = static_cast<std::int32_t>(HitPlaces) - 1;
+    for (std::int32_t a = last; a >= 0; --a)
+        for (std::int32_t d = last; d >= 0; --d) {
             const auto attackerHits = static_cast<std::size_t>(a);
             const auto defenderHits = static_cast<std::size_t>(d);
             const double chance = both[attackerHits][defenderHits];

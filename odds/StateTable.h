@@ -26,6 +26,10 @@ inline void Scale(HitChances& chances, double factor) {
         chance *= factor;
 }
 
+// Chances are found by hits less one, and a condition keeps hits and strength in a byte, 0 for no hits.
+static_assert(decltype(CArmy::Hits)::Min == 1 && decltype(CArmy::Hits)::Max <= UINT8_MAX);
+static_assert(decltype(CArmy::TotalStrength)::Min >= 0 && decltype(CArmy::TotalStrength)::Max <= UINT8_MAX);
+
 /// What a battle changes about an army apart from its hits.
 struct Condition {
     std::int32_t ShotsLeft = 0;

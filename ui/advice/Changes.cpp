@@ -16,7 +16,6 @@ namespace {
 
 /// Odds that differ by less are the same but for rounding.
 constexpr double SameOdds = 1e-12;
-constexpr std::int16_t MostMedals = 4;
 
 struct ConditionChange {
     const char* Text;

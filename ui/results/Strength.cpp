@@ -43,22 +43,6 @@ private:
     Long total_;
 };
 
-/// What banding adds to an army, as CStackAtt::CountSelfPowers has it.
-Long BandingBonus(const CArmy& army, const CStackAtt& stack) {
-    if (army.Banding == 0)
-        return 0;
-    Long value;
-    Long count;
-    for (const CArmy& other : stack) {
-        if (other.Banding == 0 || other.Name != army.Name)
-            continue;
-        if (count == 0)
-            value = other.PowerValue;
-        ++count;
-    }
-    return value + 1 >= count ? value : count - 1;
-}
-
 /// What may have happened to an army before it had its strength: its record shows the outcome alone.
 enum class Past {
     /// Nothing, but for poison, which the enemy gave it after it had banded.
@@ -74,11 +58,11 @@ Sum SumOf(Past past, const CArmy& army, const CStackAtt& stack, std::string_view
     const bool isCursed = past == Past::CursedBlessing && !army.Blessed && !army.Poisoned;
     Sum sum{army.StartStrength};
     sum.AddClamped(army.CBName.Text() == terrain ? army.CBValue : Long{0}, terrain);
-    sum.AddClamped(army.Blessed || isCursed ? 1 : 0, "blessed");
-    sum.AddClamped(army.Poisoned && camePoisoned ? -1 : 0, "poisoned");
-    sum.AddClamped(BandingBonus(army, stack), "banding");
-    sum.AddClamped(army.Poisoned && !camePoisoned ? -1 : 0, "poisoned");
-    sum.AddClamped(isCursed ? -1 : 0, "cursed");
+    sum.AddClamped(army.Blessed || isCursed ? BlessingStrength : 0, "blessed");
+    sum.AddClamped(army.Poisoned && camePoisoned ? -PoisonStrength : 0, "poisoned");
+    sum.AddClamped(stack.BandingBonus(army), "banding");
+    sum.AddClamped(army.Poisoned && !camePoisoned ? -PoisonStrength : 0, "poisoned");
+    sum.AddClamped(isCursed ? -BlessingStrength : 0, "cursed");
     sum.AddClamped(stack.TotalStackBonus, "stack bonus");
     return sum;
 }

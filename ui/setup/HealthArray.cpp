@@ -2,6 +2,8 @@
 
 #include "ui/setup/HealthArray.h"
 
+#include "model/CArmy.h"
+
 #include <string_view>
 
 namespace vorhaven {
@@ -17,7 +19,8 @@ constexpr std::array<MarkWord, 3> BeforeMedals{{{"blessed", &HealthRow::Blessed}
 constexpr std::array<MarkWord, 3> AfterMedals{{{"blacksmith", &HealthRow::Blacksmith},
                                                {"weaponsmaster", &HealthRow::Weaponsmaster},
                                                {"flying", &HealthRow::Flying}}};
-constexpr std::array<std::string_view, 5> MedalWords{"", "1 medal", "2 medals", "3 medals", "4 medals"};
+constexpr std::array<std::string_view, MostMedals + 1> MedalWords{"", "1 medal", "2 medals", "3 medals",
+                                                                  "4 medals"};
 
 } // namespace
 
