@@ -31,7 +31,7 @@ struct Advised : Game {
         Advice.ChoosePage(static_cast<std::size_t>(std::ranges::find(pages, &page) - pages.begin()));
         Toolkit.BeIdle();
     }
-    std::string Wins() const { return Pad.OddsFrame.lblChance[0].Caption; }
+    std::string Wins() const { return Pad.OddsFrame.lblChance.Attacker.Caption; }
     static const std::string& Cell(const AdviceTable& table, std::size_t row, std::size_t column) {
         return table.Rows().at(row).Cells.at(column).Text;
     }
@@ -162,7 +162,7 @@ TEST(Advice, MapsWhoSlaysWhom) {
     const auto& losses = player.Pad.OddsFrame.Rows[0].Losses;
     EXPECT_EQ(SlayingPage::TotalText(page.TotalSlain(Attacker)) + " " +
                   SlayingPage::TotalText(page.TotalSlain(Defender)),
-              losses[0].Caption.Get() + " " + losses[2].Caption.Get());
+              losses.Attacker.Armies.Caption.Get() + " " + losses.Defender.Armies.Caption.Get());
     page.Pick({1, 2});
     EXPECT_EQ(page.lblSentence.Caption.Get(), "Line 2, Midges (blessed), slays line 3, Stalkers, in " +
                                                   ToFixedText(100.0 * page.At(1, 2).ByAttacker, 1) +

@@ -33,7 +33,7 @@ struct Player final : Game {
         Do([&] { Pad.cmdAttack.Press(); });
     }
     std::string Chances() const {
-        return Text(Pad.OddsFrame.lblChance[0]) + " " + Text(Pad.OddsFrame.lblChance[1]);
+        return Text(Pad.OddsFrame.lblChance.Attacker) + " " + Text(Pad.OddsFrame.lblChance.Defender);
     }
     std::string OutOfDate() const { return Text(Pad.lblOutOfDate); }
     std::string OddsState() const { return Text(Pad.OddsFrame.lblState); }
@@ -658,7 +658,8 @@ TEST(OddsPanel, NeverCallsThePossibleImpossibleNorTheLikelyCertain) {
         odds.Lost = lost;
         odds.Endless = endless;
         panel.Show(odds, "state");
-        EXPECT_EQ(Player::Text(panel.lblChance[0]) + " " + Player::Text(panel.lblChance[1]), chances);
+        EXPECT_EQ(Player::Text(panel.lblChance.Attacker) + " " + Player::Text(panel.lblChance.Defender),
+                  chances);
         EXPECT_EQ(Player::Text(panel.lblState), state);
         EXPECT_DOUBLE_EQ(panel.AttackerShare().value(), share);
     }

@@ -123,7 +123,7 @@ TEST(Run, IsOfTheSetUpAtThePressOfAttackWhateverChangesInAHeroEditor) {
     EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "before the latest changes");
     pad.Undo();
     EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "");
-    EXPECT_EQ(pad.OddsFrame.lblChance[0].Caption.Get(), ToFixedText(exactWins.value(), 1) + "%");
+    EXPECT_EQ(pad.OddsFrame.lblChance.Attacker.Caption.Get(), ToFixedText(exactWins.value(), 1) + "%");
 }
 
 TEST(Run, IsLimitedToTheBattlesWhoseLossesCanBeAddedUp) {

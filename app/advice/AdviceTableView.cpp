@@ -143,7 +143,7 @@ public:
         if (cell != nullptr && cell->Share && !option.state.testFlag(QStyle::State_Selected)) {
             QRect bar = option.rect.adjusted(2, 1, -2, -2);
             bar.setWidth(qRound(*cell->Share * bar.width()));
-            const QColor side = SideColour(static_cast<int>(row.OfSide), option.palette);
+            const QColor side = SideColour(row.OfSide, option.palette);
             painter->fillRect(QStyle::visualRect(option.direction, option.rect, bar),
                               Mixed(side, base, BarShare));
         }

@@ -96,17 +96,17 @@ QSize AdviceView::sizeHint() const {
 
 QLayout* AdviceView::MakeHead() {
     OddsPanel& odds = advice_->OddsFrame();
-    std::array<QLabel*, 2> chances{};
-    for (std::size_t side = 0; side < chances.size(); ++side) {
+    PerSide<QLabel*> chances{};
+    for (const Side side : BothSides) {
         chances[side] = Make<QLabel>(odds.lblChance[side]);
         Enlarge(*chances[side], 1.25);
     }
     auto* const head = new QHBoxLayout;
-    head->addWidget(Make<QLabel>(odds.lblSide[0]));
-    head->addWidget(chances[0]);
+    head->addWidget(Make<QLabel>(odds.lblSide.Attacker));
+    head->addWidget(chances.Attacker);
     head->addWidget(new OddsBar(odds), 1);
-    head->addWidget(chances[1]);
-    head->addWidget(Make<QLabel>(odds.lblSide[1]));
+    head->addWidget(chances.Defender);
+    head->addWidget(Make<QLabel>(odds.lblSide.Defender));
     return head;
 }
 
@@ -159,10 +159,10 @@ QLayout* AdviceView::MakeSlaying() {
     SlayingPage& page = advice_->Slaying;
     auto* const legend = new QHBoxLayout;
     legend->addWidget(Make<QLabel>(page.lblLegend));
-    for (int side = 0; side < 2; ++side) {
+    for (const Side side : BothSides) {
         legend->addSpacing(fontMetrics().averageCharWidth());
         legend->addWidget(new ColourKey(side));
-        legend->addWidget(Make<QLabel>(page.lblHalf[static_cast<std::size_t>(side)]));
+        legend->addWidget(Make<QLabel>(page.lblHalf[side]));
     }
     legend->addStretch();
     auto* const layout = new QVBoxLayout;

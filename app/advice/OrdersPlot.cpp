@@ -68,7 +68,7 @@ void OrdersPlot::ShowColours() {
     const QPalette& colours = palette();
     const QColor text = colours.color(QPalette::Text);
     const QColor base = colours.color(QPalette::Base);
-    const QColor side = SideColour(0, colours);
+    const QColor side = SideColour(Side::Attacker, colours);
     const QColor fill = page_->tblOrders.IsStale ? Mixed(side, base, Shade::Dimmed) : side;
     setBackground(base);
     for (QCPAxis* axis : {xAxis, yAxis}) {
@@ -117,7 +117,7 @@ void OrdersPlot::ShowPoints() {
         const OrdersPage::Point& point = points[*row];
         current_->addData(point.OwnTurnsLost, 100.0 * point.Wins);
         MakeText(QString::fromStdString(point.Text), point.OwnTurnsLost, 100.0 * point.Wins,
-                 SideColour(0, palette()), true);
+                 SideColour(Side::Attacker, palette()), true);
     }
 }
 

@@ -281,10 +281,8 @@ public:
         painter->setFont(map_->FigureFont());
         if (isPair) {
             const Odds::Slaying& pair = page_->At(row, Index(index.column()));
-            const std::array chances{pair.ByAttacker, pair.ByDefender};
-            for (int half = 0; half < 2; ++half)
-                PaintHalf(*painter, HalfOf(option.rect, half), half, chances.at(Index(half)), figures[half],
-                          colours);
+            PaintHalf(*painter, HalfOf(option.rect, 0), Side::Attacker, pair.ByAttacker, figures[0], colours);
+            PaintHalf(*painter, HalfOf(option.rect, 1), Side::Defender, pair.ByDefender, figures[1], colours);
             PaintLines(*painter, option.rect, index, Shaded(text, base, Shade::TableLine));
             if (index == map_->currentIndex()) {
                 painter->setPen(QPen(text, page_->IsSmall() ? 1 : 2));
@@ -313,7 +311,7 @@ private:
                          : QRect(cell.left() + width, cell.top(), cell.width() - width, cell.height());
     }
 
-    void PaintHalf(QPainter& painter, const QRect& place, int side, double chance, const QString& figure,
+    void PaintHalf(QPainter& painter, const QRect& place, Side side, double chance, const QString& figure,
                    const QPalette& colours) const {
         const QColor base = colours.color(QPalette::Base);
         const double share = MostColour * std::pow(std::clamp(chance, 0.0, 1.0), ColourPower);

@@ -439,7 +439,7 @@ QColor ChartView::Shaded(double share) const {
 }
 
 QColor ChartView::ColourOfSide() const {
-    return SideColour(std::max(0, chart_->Index), palette());
+    return SideColour(static_cast<Side>(std::max(0, chart_->Index)), palette());
 }
 
 } // namespace vorhaven

@@ -41,22 +41,23 @@ void OddsBar::paintEvent(QPaintEvent* /*event*/) {
     if (const auto share = panel_->AttackerShare()) {
         const int width = qRound(*share * bar.width());
         const int gap = width > 0 && width < bar.width() ? 1 : 0;
-        Fill(painter, {bar.left(), bar.top(), width - gap, bar.height()}, 0);
-        Fill(painter, {bar.left() + width + gap, bar.top(), bar.width() - width - gap, bar.height()}, 1);
+        Fill(painter, {bar.left(), bar.top(), width - gap, bar.height()}, Side::Attacker);
+        Fill(painter, {bar.left() + width + gap, bar.top(), bar.width() - width - gap, bar.height()},
+             Side::Defender);
     }
     painter.setPen(line);
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(bar);
 }
 
-void OddsBar::Fill(QPainter& painter, QRect part, int side) const {
+void OddsBar::Fill(QPainter& painter, QRect part, Side side) const {
     // The attacker's part stands where the attacker's column does.
     if (layoutDirection() == Qt::RightToLeft)
         part.moveLeft(width() - 1 - part.right());
     painter.fillRect(part, SideColour(side, palette()));
 }
 
-ColourKey::ColourKey(int side, QWidget* parent) : QWidget(parent), side_(side) {
+ColourKey::ColourKey(Side side, QWidget* parent) : QWidget(parent), side_(side) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

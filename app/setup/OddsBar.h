@@ -21,7 +21,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void Fill(QPainter& painter, QRect part, int side) const;
+    void Fill(QPainter& painter, QRect part, Side side) const;
 
     const OddsPanel* panel_;
 };
@@ -29,7 +29,7 @@ private:
 /// A small square in a side's colour.
 class ColourKey final : public QWidget {
 public:
-    explicit ColourKey(int side, QWidget* parent = nullptr);
+    explicit ColourKey(Side side, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -37,7 +37,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    int side_;
+    Side side_;
 };
 
 } // namespace vorhaven

@@ -18,7 +18,11 @@ namespace {
 
 // The columns of the table: one of captions, and of figures two for each side.
 constexpr int FirstFigure = 1;
-constexpr int FigureColumns = 4;
+constexpr int FiguresOfSide = 2;
+
+constexpr int FirstFigureOf(Side side) {
+    return FirstFigure + FiguresOfSide * static_cast<int>(side);
+}
 
 QWidget* MakeRule() {
     auto* const rule = new QFrame;
@@ -79,18 +83,18 @@ QLayout* OddsView::MakeChances() {
     auto* const layout = new QHBoxLayout;
     if (compact_)
         layout->setSpacing(SideBySideGap);
-    std::array<QLabel*, 2> sides{};
-    std::array<QLabel*, 2> chances{};
-    for (std::size_t side = 0; side < sides.size(); ++side) {
+    PerSide<QLabel*> sides{};
+    PerSide<QLabel*> chances{};
+    for (const Side side : BothSides) {
         sides[side] = Make<QLabel>(panel_->lblSide[side]);
         chances[side] = Make<QLabel>(panel_->lblChance[side]);
         Enlarge(*chances[side], 1.25);
     }
-    layout->addWidget(sides[0]);
-    layout->addWidget(chances[0]);
+    layout->addWidget(sides.Attacker);
+    layout->addWidget(chances.Attacker);
     layout->addWidget(MakeChange(), 1);
-    layout->addWidget(chances[1]);
-    layout->addWidget(sides[1]);
+    layout->addWidget(chances.Defender);
+    layout->addWidget(sides.Defender);
     return layout;
 }
 
@@ -112,13 +116,13 @@ QLayout* OddsView::MakeLosses() {
     table->setVerticalSpacing(1);
     table->setColumnStretch(0, 1);
     table->addWidget(Make<QLabel>(panel_->lblLosses), 1, 0, Qt::AlignLeft);
-    for (int side = 0; side < 2; ++side) {
+    for (const Side side : BothSides) {
         auto* const key = new QHBoxLayout;
         key->setSpacing(fontMetrics().averageCharWidth() / 2);
         key->addStretch();
         key->addWidget(new ColourKey(side));
-        key->addWidget(Make<QLabel>(panel_->lblSide[static_cast<std::size_t>(side)]));
-        table->addLayout(key, 0, FirstFigure + 2 * side, 1, 2);
+        key->addWidget(Make<QLabel>(panel_->lblSide[side]));
+        table->addLayout(key, 0, FirstFigureOf(side), 1, FiguresOfSide);
     }
     MakeHeaders(*table);
     table->addWidget(MakeRule(), 2, 0, 1, table->columnCount());
@@ -130,41 +134,47 @@ QLayout* OddsView::MakeLosses() {
 void OddsView::MakeHeaders(QGridLayout& table) {
     const int longest = WidthOf(QStringLiteral("000.0"), fontMetrics());
     int widest = longest;
-    for (int column = 0; column < FigureColumns; ++column) {
-        auto* const header = Make<QLabel>(panel_->lblColumn[static_cast<std::size_t>(column)]);
-        SetShade(*header, Shade::Quiet);
-        if (compact_) {
-            QFont small = header->font();
-            small.setPointSizeF(small.pointSizeF() * 0.8);
-            header->setFont(small);
+    for (const Side side : BothSides) {
+        int column = FirstFigureOf(side);
+        for (Label* name : {&panel_->lblColumn[side].Armies, &panel_->lblColumn[side].Turns}) {
+            auto* const header = Make<QLabel>(*name);
+            SetShade(*header, Shade::Quiet);
+            if (compact_) {
+                QFont small = header->font();
+                small.setPointSizeF(small.pointSizeF() * 0.8);
+                header->setFont(small);
+            }
+            table.addWidget(header, 1, column++, Qt::AlignRight);
+            widest = std::max(widest, header->sizeHint().width());
         }
-        table.addWidget(header, 1, FirstFigure + column, Qt::AlignRight);
-        widest = std::max(widest, header->sizeHint().width());
     }
-    for (int column = 0; column < FigureColumns; ++column)
-        table.setColumnMinimumWidth(FirstFigure + column, compact_ ? widest : longest);
+    for (int column = FirstFigure; column < table.columnCount(); ++column)
+        table.setColumnMinimumWidth(column, compact_ ? widest : longest);
     table.setHorizontalSpacing(5);
     if (!compact_) // a gap between the two sides
-        table.setColumnMinimumWidth(FirstFigure + FigureColumns / 2,
-                                    widest + fontMetrics().averageCharWidth());
+        table.setColumnMinimumWidth(FirstFigureOf(Side::Defender), widest + fontMetrics().averageCharWidth());
 }
 
 void OddsView::AddRow(QGridLayout& table, OddsPanel::Row& row) {
     const int place = table.rowCount();
     table.addWidget(Make<QLabel>(row.Caption), place, 0, Qt::AlignLeft);
-    for (std::size_t column = 0; column < row.Losses.size(); ++column) {
-        Label& control = row.Losses[column];
+    const auto add = [&](int column, Label& control, Side side, const Label& what) {
         auto* const figure = Make<QLabel>(control);
         figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         const QString name = QString::fromStdString(
-            panel_->lblLosses.Caption.Get() + ", " + panel_->lblSide[column / 2].Caption.Get() + ", " +
-            panel_->lblColumn[column].Caption.Get() + ", " + row.Caption.Caption.Get() + ": ");
+            panel_->lblLosses.Caption.Get() + ", " + panel_->lblSide[side].Caption.Get() + ", " +
+            what.Caption.Get() + ", " + row.Caption.Caption.Get() + ": ");
         const auto tellName = [figure, name, &control] {
             figure->setAccessibleName(name + QString::fromStdString(control.Caption));
         };
         tellName();
         KeepWith(*figure, control.Changed.Connect(tellName));
-        table.addWidget(figure, place, FirstFigure + static_cast<int>(column));
+        table.addWidget(figure, place, column);
+    };
+    for (const Side side : BothSides) {
+        const OddsPanel::LossLabels& names = panel_->lblColumn[side];
+        add(FirstFigureOf(side), row.Losses[side].Armies, side, names.Armies);
+        add(FirstFigureOf(side) + 1, row.Losses[side].Turns, side, names.Turns);
     }
 }
 

@@ -119,19 +119,19 @@ TEST_F(AdviceWindow, ShowsWhatItsPagesHaveAndActsOnTheMainWindow) {
             const QRect cell = map->visualRect(map->model()->index(row, column));
             const Odds::Slaying& pair =
                 model.Slaying.At(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
-            for (int half = 0; half < 2; ++half) {
-                const double chance = half == 0 ? pair.ByAttacker : pair.ByDefender;
-                const QColor fill =
-                    picture.pixelColor(cell.left() + 5 + half * cell.width() / 2, cell.top() + 5);
-                EXPECT_LT(Contrast(fill, Mixed(SideColour(half, map->palette()), base,
+            for (const Side side : BothSides) {
+                const double chance = side == Side::Attacker ? pair.ByAttacker : pair.ByDefender;
+                const QColor fill = picture.pixelColor(
+                    cell.left() + 5 + static_cast<int>(side) * cell.width() / 2, cell.top() + 5);
+                EXPECT_LT(Contrast(fill, Mixed(SideColour(side, map->palette()), base,
                                                0.92 * std::pow(chance, 0.75))),
                           1.02);
             }
         }
     EXPECT_EQ(map->model()->index(3, 2).data().toString(),
-              QString::fromStdString(pad_.OddsFrame.Rows[0].Losses[2].Caption));
+              QString::fromStdString(pad_.OddsFrame.Rows[0].Losses.Defender.Armies.Caption));
     EXPECT_EQ(map->model()->index(3, 3).data().toString(),
-              QString::fromStdString(pad_.OddsFrame.Rows[0].Losses[0].Caption));
+              QString::fromStdString(pad_.OddsFrame.Rows[0].Losses.Attacker.Armies.Caption));
     QTest::keyClick(map, Qt::Key_C, Qt::ControlModifier);
     EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(
         "\tGate Wardens\tHill Hammers\tslays\tis slain\nOath Guard\t"));
@@ -146,7 +146,7 @@ TEST_F(AdviceWindow, ShowsWhatItsPagesHaveAndActsOnTheMainWindow) {
     changes->selectRow(2);
     changes->setFocus();
     QTest::keyClick(changes, Qt::Key_Return);
-    EXPECT_EQ(QString::fromStdString(pad_.OddsFrame.lblChance[0].Caption), wins);
+    EXPECT_EQ(QString::fromStdString(pad_.OddsFrame.lblChance.Attacker.Caption), wins);
     EXPECT_TRUE(QTest::qWaitFor([&] { return model.Changes.IsUpToDate(); }, 20'000));
     EXPECT_EQ(model.Changes.tblChanges.Current(), 0U);
     QTest::keyClick(advice, Qt::Key_Z, Qt::ControlModifier);

@@ -274,11 +274,8 @@ TEST_F(Look, EveryColourSchemeCanBeRead) {
         for (const QLabel* label : main_.findChildren<QLabel*>())
             EXPECT_GE(Contrast(label->palette().color(QPalette::WindowText), c.Window), LeastContrast::Text)
                 << label->text().toStdString();
-        std::array<double, 2> sides{};
-        for (const Side side : BothSides)
-            sides.at(static_cast<std::size_t>(side)) =
-                Contrast(SideColour(static_cast<int>(side), palette), c.Base);
-        const auto [less, more] = std::minmax(sides[0], sides[1]);
+        const auto contrastOf = [&](Side side) { return Contrast(SideColour(side, palette), c.Base); };
+        const auto [less, more] = std::minmax({contrastOf(Side::Attacker), contrastOf(Side::Defender)});
         EXPECT_GE(less, c.HasRoom ? LeastContrast::Text : LeastContrast::Mark);
         EXPECT_GE(more / less, 1.25);
         // Names and focus in the list, with its selection bright and dim.

@@ -95,14 +95,14 @@ TEST(FrameStyleTest, PaintsOneLineAroundTheContentsOfAGroupBoxBelowTheUsualTitle
 
 TEST_F(MainWindow, TheOddsTableShowsEachSidesColourWhereItsColumnsAre) {
     const QImage odds = Find<QGroupBox>(&main_, "Exact Odds")->grab().toImage();
-    std::array<int, 2> left{odds.width(), odds.width()};
+    PerSide<int> left{odds.width(), odds.width()};
     for (int x = odds.width() - 1; x >= 0; --x)
         for (int y = 0; y < odds.height(); ++y)
-            for (int side = 0; side < 2; ++side)
+            for (const Side side : BothSides)
                 if (odds.pixelColor(x, y) == SideColour(side, main_.palette()))
-                    left[static_cast<std::size_t>(side)] = x;
-    EXPECT_LT(left[0], left[1]);
-    EXPECT_LT(left[1], odds.width());
+                    left[side] = x;
+    EXPECT_LT(left.Attacker, left.Defender);
+    EXPECT_LT(left.Defender, odds.width());
 }
 
 TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {

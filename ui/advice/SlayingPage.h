@@ -30,9 +30,9 @@ public:
     };
 
     Label lblLegend{"In % of battles:"};
-    /// By side: what the left and the right half of a cell are.
-    std::array<Label, 2> lblHalf{Label{"left: the attacker slays the defender"},
-                                 Label{"right: the defender slays the attacker"}};
+    /// What the half of a cell is that belongs to a side.
+    PerSide<Label> lblHalf{Label{"left: the attacker slays the defender"},
+                           Label{"right: the defender slays the attacker"}};
     /// What the current cell says, in one sentence.
     Label lblSentence;
     /// What the map is called.

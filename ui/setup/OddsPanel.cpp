@@ -14,16 +14,16 @@ void OddsPanel::Show(const std::optional<Odds::BattleOdds>& odds, const std::str
         const auto of = [&](const SideOdds Odds::BattleOdds::* side) {
             return odds ? (*odds).*side.*given[row] : std::nullopt;
         };
-        ShowLosses(losses[0], losses[1], of(&Odds::BattleOdds::Attackers));
-        ShowLosses(losses[2], losses[3], of(&Odds::BattleOdds::Defenders));
+        ShowLosses(losses.Attacker, of(&Odds::BattleOdds::Attackers));
+        ShowLosses(losses.Defender, of(&Odds::BattleOdds::Defenders));
     }
     attackerShare_.reset();
     if (odds && odds->Won + odds->Lost > 0.0)
         attackerShare_ = odds->Won / (odds->Won + odds->Lost);
-    lblChance[0].Caption = odds ? PercentText(odds->AttackerWins()) : Unknown;
-    lblChance[1].Caption = odds ? PercentText(odds->DefenderWins()) : Unknown;
-    lblSentence.Caption = odds ? "The attacker wins " + lblChance[0].Caption.Get() +
-                                     " of battles, the defender " + lblChance[1].Caption.Get()
+    lblChance.Attacker.Caption = odds ? PercentText(odds->AttackerWins()) : Unknown;
+    lblChance.Defender.Caption = odds ? PercentText(odds->DefenderWins()) : Unknown;
+    lblSentence.Caption = odds ? "The attacker wins " + lblChance.Attacker.Caption.Get() +
+                                     " of battles, the defender " + lblChance.Defender.Caption.Get()
                                : "";
     lblState.Caption = odds && odds->Endless > 0.0 ? "In " + PercentText(odds->NeverEnds()) +
                                                          " of battles neither side can ever win. " + state
@@ -32,20 +32,23 @@ void OddsPanel::Show(const std::optional<Odds::BattleOdds>& odds, const std::str
     fraOdds.Changed.Raise();
 }
 
+std::string OddsPanel::LossesInWords(const Row& row, Side side) const {
+    const LossLabels& losses = row.Losses[side];
+    const LossLabels& names = lblColumn[side];
+    return losses.Armies.Caption.Get() + ' ' + names.Armies.Caption.Get() + ", " +
+           losses.Turns.Caption.Get() + ' ' + names.Turns.Caption.Get();
+}
+
 std::string OddsPanel::AsText() const {
     if (lblSentence.Caption.Get().empty())
         return {};
     std::string text = lblSentence.Caption.Get() + '\n';
-    for (const Row& row : Rows) {
-        std::string losses;
-        for (std::size_t column = 0; column < row.Losses.size(); ++column)
-            losses += (column == 2  ? "; "
-                       : column > 0 ? ", "
-                                    : "") +
-                      (column % 2 == 0 ? ToLower(lblSide[column / 2].Caption.Get()) + ' ' : "") +
-                      row.Losses[column].Caption.Get() + ' ' + lblColumn[column].Caption.Get();
-        text += lblLosses.Caption.Get() + ", " + ToLower(row.Caption.Caption.Get()) + ": " + losses + '\n';
-    }
+    const auto losses = [this](const Row& row, Side side) {
+        return ToLower(lblSide[side].Caption.Get()) + ' ' + LossesInWords(row, side);
+    };
+    for (const Row& row : Rows)
+        text += lblLosses.Caption.Get() + ", " + ToLower(row.Caption.Caption.Get()) + ": " +
+                losses(row, Side::Attacker) + "; " + losses(row, Side::Defender) + '\n';
     if (const std::string& state = lblState.Caption; !state.empty())
         text += '(' + state + ")\n";
     return text;
@@ -66,13 +69,13 @@ std::string OddsPanel::Announcement() const {
     if (!attackerShare_)
         return {};
     const std::string& change = ChangeInWords;
-    return lblSide[0].Caption.Get() + " " + lblChance[0].Caption.Get() +
+    return lblSide.Attacker.Caption.Get() + " " + lblChance.Attacker.Caption.Get() +
            (change.empty() ? "" : ", " + change.substr(0, change.find(" than ")));
 }
 
-void OddsPanel::ShowLosses(Label& armies, Label& turns, const std::optional<Odds::Losses>& losses) {
-    armies.Caption = losses ? ToFixedText(losses->Armies, 1) : Unknown;
-    turns.Caption = losses ? ToFixedText(losses->Turns, 1) : Unknown;
+void OddsPanel::ShowLosses(LossLabels& labels, const std::optional<Odds::Losses>& losses) {
+    labels.Armies.Caption = losses ? ToFixedText(losses->Armies, 1) : Unknown;
+    labels.Turns.Caption = losses ? ToFixedText(losses->Turns, 1) : Unknown;
 }
 
 } // namespace vorhaven

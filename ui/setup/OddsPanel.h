@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "model/Side.h"
 #include "odds/BattleOdds.h"
 #include "ui/controls/Controls.h"
 
@@ -15,9 +16,8 @@ namespace vorhaven {
 class OddsPanel {
 public:
     Frame fraOdds{"Exact Odds"};
-    /// Paired: 0 the attacker's, 1 the defender's.
-    std::array<Label, 2> lblSide{Label{"Attacker"}, Label{"Defender"}};
-    std::array<Label, 2> lblChance{
+    PerSide<Label> lblSide{Label{"Attacker"}, Label{"Defender"}};
+    PerSide<Label> lblChance{
         Label{Unknown, "The attacker wins exactly this percentage of battles on average"},
         Label{Unknown, "The defender wins exactly this percentage of battles on average"}};
     /// By how many points the attacker's chance is another one than before the last change of the set-up, and
@@ -27,14 +27,18 @@ public:
     /// Both chances in one sentence; empty without odds.
     Label lblSentence;
 
-    /// A row of the table of expected losses: armies and production turns of the attacker, then of the
-    /// defender.
+    /// What a side loses, in armies and in production turns.
+    struct LossLabels {
+        Label Armies;
+        Label Turns;
+    };
+    /// A row of the table of expected losses.
     struct Row {
         Label Caption;
-        std::array<Label, 4> Losses;
+        PerSide<LossLabels> Losses;
     };
     Label lblLosses{"Expected losses"};
-    std::array<Label, 4> lblColumn{Label{"armies"}, Label{"turns"}, Label{"armies"}, Label{"turns"}};
+    PerSide<LossLabels> lblColumn{{Label{"armies"}, Label{"turns"}}, {Label{"armies"}, Label{"turns"}}};
     std::array<Row, 3> Rows{MakeRow("Overall"), MakeRow("When the attacker wins"),
                             MakeRow("When the defender wins")};
     /// What the best order of the attackers comes to, and the button that puts them into it: hidden while
@@ -47,6 +51,9 @@ public:
 
     /// The attacker's part of the bar, 0 to 1; nothing without odds.
     [[nodiscard]] std::optional<double> AttackerShare() const { return attackerShare_; }
+
+    /// A side's losses in a row, "3.1 armies, 5.0 turns".
+    [[nodiscard]] std::string LossesInWords(const Row& row, Side side) const;
 
     /// All that is shown, as lines of text; empty without odds.
     [[nodiscard]] std::string AsText() const;
@@ -64,9 +71,9 @@ private:
     static constexpr const char* Unknown = "–";
 
     static Row MakeRow(const char* caption) {
-        return {Label{caption}, {Label{Unknown}, Label{Unknown}, Label{Unknown}, Label{Unknown}}};
+        return {Label{caption}, {{Label{Unknown}, Label{Unknown}}, {Label{Unknown}, Label{Unknown}}}};
     }
-    static void ShowLosses(Label& armies, Label& turns, const std::optional<Odds::Losses>& losses);
+    static void ShowLosses(LossLabels& labels, const std::optional<Odds::Losses>& losses);
 
     std::optional<double> attackerShare_;
 };

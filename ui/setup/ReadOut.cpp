@@ -21,9 +21,9 @@ std::string frmBrawlpad::ResultsInWords() const {
     if (const std::string& chances = OddsFrame.lblSentence.Caption; !chances.empty()) {
         words += chances + ". " + OddsFrame.lblLosses.Caption.Get();
         const OddsPanel::Row& overall = OddsFrame.Rows.front();
-        for (std::size_t column = 0; column < overall.Losses.size(); ++column)
-            words += (column % 2 == 0 ? "; " + OddsFrame.lblSide[column / 2].Caption.Get() + " " : ", ") +
-                     overall.Losses[column].Caption.Get() + " " + OddsFrame.lblColumn[column].Caption.Get();
+        for (const Side side : BothSides)
+            words +=
+                "; " + OddsFrame.lblSide[side].Caption.Get() + " " + OddsFrame.LossesInWords(overall, side);
         words += ".";
         if (!OddsFrame.lblState.Caption.Get().empty())
             words += " ";
