@@ -26,11 +26,13 @@ frmAdvice::frmAdvice(Desktop& desktop, AdviceHost& host, OddsPanel& odds)
 }
 
 void frmAdvice::Form_Load() {
+    const Trap trap{"frmAdvice::Form_Load"};
     CentreOn(desktop_->ScreenSize());
 }
 
 void frmAdvice::Follow(const Setup& setup, const Units& units, const std::optional<Odds::BattleOdds>& odds,
                        const std::string& whyNone) {
+    const Trap trap{"frmAdvice::Follow"};
     if (units_ != nullptr && odds.has_value() == battleOdds_.has_value() && whyNone == whyNone_ &&
         IsSameAdvice(setup, setup_))
         return;
@@ -43,11 +45,13 @@ void frmAdvice::Follow(const Setup& setup, const Units& units, const std::option
 }
 
 void frmAdvice::SetSeen(bool isSeen) {
+    const Trap trap{"frmAdvice::SetSeen"};
     isSeen_ = isSeen;
     Refresh();
 }
 
 void frmAdvice::ChoosePage(std::size_t page) {
+    const Trap trap{"frmAdvice::ChoosePage"};
     current_ = page;
     Refresh();
 }
@@ -71,6 +75,7 @@ void frmAdvice::Refresh() {
 }
 
 bool frmAdvice::GoOn(std::int64_t steps) {
+    const Trap trap{"frmAdvice::GoOn"};
     if (!isSeen_ || Page().IsUpToDate())
         return false;
     const bool isMore = !host_->IsRunUnderWay() && Page().GoOn(steps);
@@ -94,6 +99,7 @@ void frmAdvice::ShowProgress() {
 }
 
 void frmAdvice::sscDone_Click() {
+    const Trap trap{"frmAdvice::sscDone_Click"};
     Unload();
     desktop_->ProcessEvents();
 }

@@ -73,6 +73,7 @@ void frmMoreResults::Form_Load() {
 }
 
 void frmMoreResults::RunFinished() {
+    const Trap trap{"frmMoreResults::RunFinished"};
     lblNewerRun.Caption = "A newer run exists: press More Results to see it";
 }
 

@@ -31,17 +31,20 @@ void frmBrawlpad::BeginAdvising() {
 }
 
 void frmBrawlpad::GoToAdvice() {
+    const Trap trap{"frmBrawlpad::GoToAdvice"};
     if (advice_.IsSeen())
         toolkit_->Show(advice_);
 }
 
 void frmBrawlpad::cmdUseIt_Click() {
+    const Trap trap{"frmBrawlpad::cmdUseIt_Click"};
     Settle();
     if (const auto best = bestOrder_.ToUse())
         Use(*best);
 }
 
 void frmBrawlpad::Use(const Setup& setup) {
+    const Trap trap{"frmBrawlpad::Use"};
     Settle();
     Setup next = setup;
     next.NumBattles = CurrentSetup().NumBattles;
@@ -50,6 +53,7 @@ void frmBrawlpad::Use(const Setup& setup) {
 }
 
 void frmBrawlpad::SelectLines(Side side, const std::vector<std::size_t>& lines) {
+    const Trap trap{"frmBrawlpad::SelectLines"};
     ListBox::Selection selection;
     for (const std::size_t line : lines)
         selection.Lines.emplace_back(static_cast<std::int32_t>(line));

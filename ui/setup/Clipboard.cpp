@@ -15,6 +15,7 @@ std::string frmBrawlpad::SelectedLinesAsText(Side side) const {
 }
 
 void frmBrawlpad::Copy(Side side) {
+    const Trap trap{"frmBrawlpad::Copy"};
     if (const std::string text = SelectedLinesAsText(side); !text.empty())
         toolkit_->SetClipboardText(text);
 }

@@ -39,6 +39,7 @@ void frmBrawlpad::cmdAttack_Click() {
 }
 
 void frmBrawlpad::LimitNumBattles() {
+    const Trap trap{"frmBrawlpad::LimitNumBattles"};
     const Setup setup = CurrentSetup();
     const Long most = MostBattles(setup, *units_);
     // An empty field is completed when it is left.

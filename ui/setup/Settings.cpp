@@ -41,6 +41,7 @@ void frmBrawlpad::txtCombatDice_Change() {
 }
 
 int frmBrawlpad::txtNumSimulations_KeyPress(int key) {
+    const Trap trap{"frmBrawlpad::txtNumSimulations_KeyPress"};
     const bool passes = key == TextBox::Backspace || key == TextBox::Escape || (key >= '0' && key <= '9');
     return passes ? key : 0;
 }

@@ -5,6 +5,7 @@
 namespace vorhaven {
 
 void frmBrawlpad::Settle() {
+    const Trap trap{"frmBrawlpad::Settle"};
     if (history_.Note(CurrentSetup()))
         liveOdds_.BeginStep();
     ShowState();
@@ -13,12 +14,14 @@ void frmBrawlpad::Settle() {
 }
 
 void frmBrawlpad::Undo() {
+    const Trap trap{"frmBrawlpad::Undo"};
     Settle();
     if (const auto before = history_.Undo())
         GoTo(*before);
 }
 
 void frmBrawlpad::Redo() {
+    const Trap trap{"frmBrawlpad::Redo"};
     Settle();
     if (const auto after = history_.Redo())
         GoTo(*after);

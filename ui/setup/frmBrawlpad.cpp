@@ -110,6 +110,7 @@ void frmBrawlpad::sscExit_Click() {
 }
 
 void frmBrawlpad::Close() {
+    const Trap trap{"frmBrawlpad::Close"};
     if (IsRunUnderWay())
         MBattleCalc::AbortRequested = true;
 }
