@@ -14,6 +14,7 @@
 #include "app/setup/QuickResultsView.h"
 #include "app/setup/Room.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -265,6 +266,9 @@ void MainView::MakeShortcuts() {
     // A field's own undo would go behind the window's, which has the field's changes too.
     for (QLineEdit* edit : findChildren<QLineEdit*>())
         edit->installEventFilter(this);
+    // A number box passes keys on to its field by itself.
+    for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>())
+        box->installEventFilter(this);
 }
 
 bool MainView::eventFilter(QObject* watched, QEvent* event) {
