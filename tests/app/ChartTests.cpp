@@ -54,7 +54,9 @@ protected:
         return texts;
     }
     static QString HoverOver(ChartView* chart, int category) {
-        const QPoint place(qRound(chart->xAxis->coordToPixel(category)), chart->axisRect()->center().y());
+        // Anywhere in the category, at its end too.
+        const QPoint place(qRound(chart->xAxis->coordToPixel(category + 0.4)),
+                           chart->axisRect()->center().y());
         QHelpEvent help(QEvent::ToolTip, place, chart->mapToGlobal(place));
         QApplication::sendEvent(chart, &help);
         return QToolTip::text();
@@ -75,8 +77,11 @@ TEST_F(Charts, ShowTheLossesOfTheLastRun) {
         const char* ToolTip;
     } cases[] = {
         // clang-format off
-        {"Attacking", {"0: 30", "2: 70"}, {"2: 9"}, {"70", "mean 1.4", "only 1 army was in the list"}, 2, "2 armies destroyed: 7 of 10 battles, 9 production turns lost\nexactly 2: 70.0%"},
-        {"Defending", {"1: 80", "32: 20"}, {"1: 4", "32: 64"}, {"80", "mean 7.2", "only 1 army was in the list"}, 1, "1 army destroyed: 8 of 10 battles, 4 production turns lost\nexactly 1: 80.0%"},
+        {"Attacking", {"0: 30", "2: 70"}, {"2: 9"}, {"70", "mean 1.4", "only 1 army was in the list"}, 2,
+            "2 armies destroyed: 7 of 10 battles, 9 production turns lost\nexactly 2: 70.0%"},
+        {"Defending", {"1: 80", "32: 20"}, {"1: 4", "32: 64"},
+            {"80", "mean 7.2", "only 1 army was in the list"}, 1,
+                "1 army destroyed: 8 of 10 battles, 4 production turns lost\nexactly 1: 80.0%"},
         // clang-format on
     };
     for (const auto& c : cases) {
@@ -101,13 +106,80 @@ TEST_F(Charts, ShowTheLossesOfTheLastRun) {
         EXPECT_EQ(QAccessible::queryAccessibleInterface(chart)->role(), QAccessible::Chart);
         EXPECT_TRUE(chart->accessibleDescription().contains(c.ToolTip));
     }
+}
 
-    // Pressed again after another run, the button shows that one.
+TEST_F(Charts, AreOfTheRunBeforeTheButtonWasPressed) {
+    ShowResultsOf(Losses(3, {0, 0, 1, 4}));
     Activate();
     ShowResultsOf(Losses(10, {1, 4, 0, 0}));
     QTest::qWait(1);
     EXPECT_EQ(BarsOf(ChartOf("Attacking"), "% Chance"), QStringList{"1: 100"});
     EXPECT_EQ(BarsOf(ChartOf("Defending"), "% Chance"), QStringList{"0: 100"});
+}
+
+TEST_F(Charts, PaintColumnsMarksMeanAndWhatCannotHappenWhereTheyBelong) {
+    // An equal battle: in 6 of 10 the attacker falls, and exactly in every second one.
+    Losses battles(6, {1, 4, 0, 0});
+    battles.insert(battles.end(), 4, {0, 0, 1, 4});
+    ShowResultsOf(battles);
+    const QPalette usual = main_.palette();
+    QPalette dark(QColor(0x2a2c30));
+    dark.setColor(QPalette::Base, 0x1a1d20);
+    dark.setColor(QPalette::Text, Qt::white);
+    const struct {
+        const char* Side;
+        int Category; // of the 60 %
+        double Mean;
+        QRgb Colour, InTheDark;
+    } cases[] = {{"Attacking", 1, 0.6, 0xff0a5a9c, 0xff4f9fe0},
+                 {"Defending", 0, 0.4, 0xffb85400, 0xfff5b06a}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Side);
+        ChartView* const chart = ChartOf(c.Side);
+        chart->setFixedWidth(1300);
+        QTest::qWait(1);
+        const auto paint = [chart] { return chart->toPixmap(0, 0, 1.0).toImage(); };
+        const auto at = [chart, picture = paint()](double category, double percent) {
+            return picture.pixel(qRound(chart->xAxis->coordToPixel(category)),
+                                 qRound(chart->yAxis->coordToPixel(percent)));
+        };
+        const QRgb base = usual.color(QPalette::Base).rgb();
+        EXPECT_EQ(at(c.Category - 0.08, 20), c.Colour);
+        EXPECT_EQ(at(c.Category - 0.08, 50), base) << "the exact mark, in the middle of its column";
+        EXPECT_EQ(at(c.Category + 0.15, 50), c.Colour);
+        EXPECT_EQ(at(1.4, 75), base);
+        EXPECT_NE(at(1.6, 75), base) << "what cannot happen begins behind 1";
+        EXPECT_NE(at(32.6, 75), base);
+        for (int i = 0; i < chart->itemCount(); ++i) {
+            const auto* const line = qobject_cast<QCPItemLine*>(chart->item(i));
+            if (line == nullptr || line->pen().style() != Qt::DashLine)
+                continue;
+            EXPECT_DOUBLE_EQ(line->start->key(), c.Mean);
+            EXPECT_DOUBLE_EQ(line->end->key(), c.Mean);
+        }
+        EXPECT_TRUE(TextsIn(*chart).contains(QString("mean %1").arg(c.Mean)));
+        chart->setPalette(dark);
+        EXPECT_EQ(paint().pixel(qRound(chart->xAxis->coordToPixel(c.Category - 0.08)),
+                                qRound(chart->yAxis->coordToPixel(20))),
+                  c.InTheDark);
+    }
+}
+
+TEST(ChartMarks, StandInTheLegendOnceThereAreSomeAndWholeOnTheAxis) {
+    Chart chart(3, "Title", "Category", {"First", "Second"});
+    ChartView view;
+    view.Show(chart);
+    view.resize(600, 400);
+    EXPECT_EQ(view.legend->itemCount(), 2);
+    chart.SetExact(2, Chart::LeastExactMark);
+    QTest::qWait(1);
+    EXPECT_EQ(view.legend->itemCount(), 3);
+    const QImage picture = view.toPixmap(0, 0, 1.0).toImage();
+    const QPoint mark(qRound(view.xAxis->coordToPixel(0.92)), qRound(view.yAxis->coordToPixel(0)));
+    int seen = 0;
+    for (int x = -3; x <= 3; ++x)
+        seen += picture.pixel(mark + QPoint(x, 2)) != picture.pixel(mark + QPoint(9, 2)) ? 1 : 0;
+    EXPECT_GT(seen, 0) << "below the axis too";
 }
 
 TEST_F(Charts, KeepFiguresApartAndColumnsWholeBehindThem) {
@@ -176,8 +248,11 @@ TEST_F(Charts, CopyTheirNumbersAndTheirPicture) {
         Choose("Copy Picture");
         EXPECT_EQ(QGuiApplication::clipboard()->image().size(), chart->size() * chart->devicePixelRatioF());
     }
+}
 
-    // The focus is to be seen.
+TEST_F(Charts, ShowAndSayWhereTheKeysLead) {
+    ShowResultsOf(Losses(10, {2, 9, 1, 4}));
+    ChartView* const chart = ChartOf("Defending");
     ResultsWindow()->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(ResultsWindow()));
     const auto picture = [chart] {

@@ -22,6 +22,11 @@ bool ShowsText(const QWidget& window, const QString& text) {
                                [&](const QLabel* label) { return label->text() == text; });
 }
 
+void ClickCell(GridView* grid, int row) {
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
+                      grid->visualItemRect(grid->item(row, 0)).center());
+}
+
 TEST_F(Dialogs, HeroFieldsTakeAnyNumberAndKeepTheLastWhileTheirTextIsNone) {
     const struct {
         const char *Box, *Typed, *StandsAfterwards;
@@ -72,6 +77,13 @@ TEST_F(Dialogs, HeroFieldsTakeAnyNumberAndKeepTheLastWhileTheirTextIsNone) {
         EXPECT_EQ(c.Read(record), c.Stored) << c.Box;
 }
 
+/// Presses Return in a hero's editor; what has the focus then, nothing once it is closed.
+QString PressReturn(QDialog& editor, int doubleClickInterval) {
+    QApplication::setDoubleClickInterval(doubleClickInterval);
+    QTest::keyClick(editor.focusWidget(), Qt::Key_Return);
+    return editor.isVisible() ? NameOf(editor.focusWidget()) : "";
+}
+
 TEST_F(Dialogs, OneKeyOrDoubleClickConfirmsOneHero) {
     LineUp({"Marshal", "Thane"}, {"Castellan"});
     ClickLine(List(Side::Attacker), 0);
@@ -83,7 +95,7 @@ TEST_F(Dialogs, OneKeyOrDoubleClickConfirmsOneHero) {
         const Side side = opened.size() < 3 ? Side::Attacker : Side::Defender;
         EXPECT_EQ(List(side)->currentRow(), opened.size() == 2 ? 1 : 0);
         EXPECT_EQ(NameOf(editor.focusWidget()), "Strength");
-        Type(editor.focusWidget(), "9");
+        QTest::keyClicks(EditOf(editor.focusWidget()), "9"); // in place of what stands there
         auto* const done = Find<QPushButton>(&editor, "Done");
         QApplication::setDoubleClickInterval(60'000);
         QTest::mouseClick(done, Qt::LeftButton);
@@ -109,19 +121,15 @@ TEST_F(Dialogs, OneKeyOrDoubleClickConfirmsOneHero) {
 
     // In the next run Return, Return repeats a hero.
     const auto repeat = [](QDialog& editor) {
-        const auto press = [&](int doubleClickInterval) {
-            QApplication::setDoubleClickInterval(doubleClickInterval);
-            QTest::keyClick(editor.focusWidget(), Qt::Key_Return);
-            return editor.isVisible() ? NameOf(editor.focusWidget()) : "";
-        };
         // The Castellan's editor was closed without Done, so nothing was entered there.
         const bool isEntered = !editor.accessibleDescription().startsWith("Castellan");
-        EXPECT_EQ(press(60'000), isEntered ? "Last Values" : "Strength") << "meant for the editor before";
+        EXPECT_EQ(PressReturn(editor, 60'000), isEntered ? "Last Values" : "Strength")
+            << "meant for the editor before";
         if (isEntered) {
-            EXPECT_EQ(press(0), "Strength");
+            EXPECT_EQ(PressReturn(editor, 0), "Strength");
             EXPECT_EQ(EditOf(editor.focusWidget())->text(), "9");
         }
-        EXPECT_EQ(press(0), "");
+        EXPECT_EQ(PressReturn(editor, 0), "");
     };
     InModalWindows({{HeroTitle, repeat}, {HeroTitle, repeat}, {HeroTitle, repeat}});
     Click(ButtonCalled("Attack"));
@@ -137,8 +145,10 @@ TEST_F(Dialogs, ForeignTextsAreShownLetterByLetterAndShort) {
     // clang-format off
     const struct { QString Text, Said; } cases[]{
         {"<img src=\"/dev/null\">", "Line 1: \"<img src=\"/dev/null\">\" is not a unit of the catalogue."},
-        {page.repeated(99), "Line 1: \"" + page.repeated(2) + "<b>a page</…\" is not a unit of the catalogue."},
-        {QString::fromStdString(std::string("a\0b\t\u202Ec", 8)), "Line 1: \"a" + none + "b" + none + none + "c\" is not a unit of the catalogue."},
+        {page.repeated(99),
+            "Line 1: \"" + page.repeated(2) + "<b>a page</…\" is not a unit of the catalogue."},
+        {QString::fromStdString(std::string("a\0b\t\u202Ec", 8)),
+            "Line 1: \"a" + none + "b" + none + none + "c\" is not a unit of the catalogue."},
         {QString(1 << 20, 'o'), "The text is too long to be a battle."},
     };
     // clang-format on
@@ -199,7 +209,24 @@ TEST_F(Dialogs, TheMenuOfAHerosLineEditsItWithoutARun) {
     EXPECT_EQ(odds(), before);
 }
 
-TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {
+/// The statistics of two stacks, the attackers led by a Thane of many bonuses.
+class Statistics : public Window {
+protected:
+    void Read(const std::function<void(QDialog&)>& read) {
+        const auto giveBonuses = [](QDialog& editor) {
+            for (const auto& [box, value] :
+                 {std::pair{"Leadership", "9"}, {"Chaos", "1"}, {"Fear", "3"}, {"Siege", "1"}})
+                Type(Find<QAbstractSpinBox>(&editor, box), value);
+            QTest::keyClick(&editor, Qt::Key_Return);
+        };
+        LineUp({"Oath Guard", "Thane"}, {"Elder Boughs", "Floe Spears", "Night Blades"});
+        Click(Find<QAbstractButton>(&main_, "View Stack Statistics"));
+        InModalWindows({{HeroTitle, giveBonuses}, {"Stack Statistics", read}});
+        Attack("10");
+    }
+};
+
+TEST_F(Statistics, ShowBothStacksEachInItsPlace) {
     const auto captions =
         QString("Raw Leadership:,Raw Morale:,Raw Fortification:,Raw Chaos:,Raw Fear:,Raw Siege:,"
                 "Adjusted Leadership:,Adjusted Morale:,Adjusted Fortification:,"
@@ -212,16 +239,11 @@ TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {
     } cases[] = {
         // clang-format off
         {"Attacking Stack", {"Oath Guard,6,11,3,city", "Thane,6,11,4,hills"}, "9,2,0,1,3,1,5,2,0,5"},
-        {"Defending Stack", {"Elder Boughs,7,6,4,woods", "Floe Spears,4,3,2,ice", "Night Blades,4,3,1,city"}, "0,0,2,0,0,0,-1,-1,1,-1"},
+        {"Defending Stack", {"Elder Boughs,7,6,4,woods", "Floe Spears,4,3,2,ice", "Night Blades,4,3,1,city"},
+            "0,0,2,0,0,0,-1,-1,1,-1"},
         // clang-format on
     };
-    const auto giveBonuses = [](QDialog& editor) {
-        for (const auto& [box, value] :
-             {std::pair{"Leadership", "9"}, {"Chaos", "1"}, {"Fear", "3"}, {"Siege", "1"}})
-            Type(Find<QAbstractSpinBox>(&editor, box), value);
-        QTest::keyClick(&editor, Qt::Key_Return);
-    };
-    const auto read = [&](QDialog& statistics) {
+    Read([&](QDialog& statistics) {
         for (const auto& c : cases) {
             SCOPED_TRACE(c.Stack);
             const auto* const grid = Find<GridView>(&statistics, c.Stack);
@@ -242,31 +264,39 @@ TEST_F(Dialogs, StatisticsShowBothStacksEachInItsPlace) {
                 values += Beside(Find<QGroupBox>(&statistics, c.Stack), caption);
             EXPECT_EQ(values.join(','), c.Values);
         }
-        auto* const grid = Find<GridView>(&statistics, "Attacking Stack");
-        EXPECT_NE(grid->item(0, 9)->foreground(), grid->item(0, 1)->foreground()) << "False is quiet";
-        const QString why = "Tot Str of Oath Guard: 6 + 5 stack bonus = 11";
-        EXPECT_EQ(grid->item(0, 4)->toolTip(), "Dsiplays information about attacking armies\n" + why);
-        EXPECT_TRUE(ShowsText(statistics, "Select an army to see how its Tot Str came about"));
-        QWidget* const done = statistics.focusWidget();
-        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
-                          grid->visualItemRect(grid->item(0, 0)).center());
-        EXPECT_TRUE(ShowsText(statistics, why));
-        QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
-        EXPECT_EQ(QGuiApplication::clipboard()->text().section("Power", 0, 0),
-                  "Name\tInit Str\tTot Str\tHits\tCB Name\tCB Val\t");
-        EXPECT_EQ(QGuiApplication::clipboard()->text().count('\n'), 3);
         // In the middle of the screen, with a frame that is a title bar higher than wide.
         const QPoint offset =
             statistics.screen()->availableGeometry().center() - statistics.geometry().center();
         EXPECT_LE(std::abs(offset.x()), 6);
         EXPECT_LE(std::abs(offset.y()), 20);
         EXPECT_TRUE(statistics.screen()->availableGeometry().contains(statistics.geometry()));
+        QTest::keyClick(&statistics, Qt::Key_Return);
+    });
+}
+
+TEST_F(Statistics, ExplainAStrengthAndCopyTheirNumbers) {
+    Read([](QDialog& statistics) {
+        auto* const grid = Find<GridView>(&statistics, "Attacking Stack");
+        for (const int quiet : {9, 11}) // False, and no medals
+            EXPECT_NE(grid->item(0, quiet)->foreground(), grid->item(0, 1)->foreground());
+        const QString why = "Tot Str of Oath Guard: 6 + 5 stack bonus = 11";
+        EXPECT_EQ(grid->item(0, 4)->toolTip(), "Dsiplays information about attacking armies\n" + why);
+        EXPECT_TRUE(ShowsText(statistics, "Select an army to see how its Tot Str came about"));
+        QWidget* const done = statistics.focusWidget();
+        ClickCell(grid, 0);
+        EXPECT_TRUE(ShowsText(statistics, why));
+        QTest::keyClick(grid, Qt::Key_Tab);
+        EXPECT_NE(statistics.focusWidget(), grid);
+        auto* const defenders = Find<GridView>(&statistics, "Defending Stack");
+        ClickCell(defenders, 1);
+        EXPECT_TRUE(
+            LinesOf(defenders->parentWidget()).contains("Tot Str of Floe Spears: 4 - 1 stack bonus = 3"));
+        QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QGuiApplication::clipboard()->text().section("Power", 0, 0),
+                  "Name\tInit Str\tTot Str\tHits\tCB Name\tCB Val\t");
+        EXPECT_EQ(QGuiApplication::clipboard()->text().count('\n'), 3);
         QTest::keyClick(done, Qt::Key_Space);
-    };
-    LineUp({"Oath Guard", "Thane"}, {"Elder Boughs", "Floe Spears", "Night Blades"});
-    Click(Find<QAbstractButton>(&main_, "View Stack Statistics"));
-    InModalWindows({{HeroTitle, giveBonuses}, {"Stack Statistics", read}});
-    Attack("10");
+    });
 }
 
 TEST_F(Dialogs, ResultsLieBesideTheMainWindowAndComeUpAgainWhereTheyWere) {
@@ -289,6 +319,9 @@ TEST_F(Dialogs, ResultsLieBesideTheMainWindowAndComeUpAgainWhereTheyWere) {
     Click(ButtonCalled("More Results"));
     EXPECT_EQ(ResultsWindow(), results);
     EXPECT_EQ(results->geometry(), QRect(40, 50, 640, 480));
+    results->setWindowState(Qt::WindowMinimized);
+    Click(ButtonCalled("More Results"));
+    EXPECT_FALSE(results->isMinimized());
 }
 
 } // namespace

@@ -26,7 +26,8 @@ private:
     void Look() {
         if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
             const QString text = box->text() + "|" + box->informativeText();
-            QTextStream(stderr) << "box: ";
+            QTextStream(stderr) << (QApplication::overrideCursor() == nullptr ? "box with the usual pointer: "
+                                                                              : "box with another pointer: ");
             for (const QLabel* label : box->findChildren<QLabel*>())
                 QTextStream(stderr) << (label->textFormat() == Qt::PlainText ? "" : "with markup ");
             QTextStream(stderr) << QString(text).replace('\n', '/') << "\n";

@@ -11,6 +11,8 @@
 #include <QScrollBar>
 
 #include <map>
+#include <set>
+#include <span>
 
 namespace vorhaven::test {
 namespace {
@@ -76,6 +78,15 @@ protected:
             for (const char* remark : {"", "with a hero's editor cancelled"}) {
                 pad_.lblOutOfDate.Caption = remark;
                 LayOut();
+                std::set<int> points;
+                for (const Label& caption :
+                     std::span(pad_.lblAvgCaption).subspan(frmBrawlpad::FirstAverage)) {
+                    const auto* const figure =
+                        dynamic_cast<QLabel*>(FieldOf(&main_, QString::fromStdString(caption.Caption)));
+                    const QString whole = figure->text().section('.', 0, 0);
+                    points.insert(figure->indent() + figure->fontMetrics().horizontalAdvance(whole));
+                }
+                EXPECT_EQ(points.size(), 1U) << "the decimal points stand below each other";
                 for (const auto& [name, place] : Places())
                     EXPECT_EQ(place, places.at(name))
                         << name.toStdString() << ", with " << c.Wins << ' ' << remark;
@@ -225,57 +236,81 @@ TEST_F(Look, TheFocusIsSeenWithoutALineAndTheSelectionDimsWithoutTheFocus) {
     EXPECT_EQ(pixel(blank, 1), base);
 }
 
+/// The colours of a desktop.
+struct Scheme {
+    const char* Name;
+    QRgb Window, WindowText, Base, Text, Highlight, HighlightedText;
+    /// Whether Base is far enough from black or from white for the contrast of texts in both sides'
+    /// colours.
+    bool HasRoom;
+    /// The sides' colours, where a designer has chosen them; 0 elsewhere.
+    QRgb Attacker = 0, Defender = 0;
+};
+constexpr Scheme Schemes[] = {
+    // clang-format off
+    {"light", 0xefefef, 0x000000, 0xffffff, 0x000000, 0x308cc6, 0xffffff, true, 0xff0a5a9c, 0xffb85400},
+    {"dark", 0x2a2c30, 0xffffff, 0x1a1d20, 0xffffff, 0x308cc6, 0xffffff, true, 0xff4f9fe0, 0xfff5b06a},
+    {"bluish dark of little contrast", 0x073642, 0x93a1a1, 0x002b36, 0x839496, 0x268bd2, 0xfdf6e3, true},
+    {"white on black", 0x000000, 0xffffff, 0x000000, 0xffffff, 0xffff00, 0x000000, true},
+    {"yellowish light", 0xeee8d5, 0x4c6068, 0xfdf6e3, 0x586e75, 0xb58900, 0xfdf6e3, true},
+    {"light grey", 0x909090, 0x000000, 0xa0a0a0, 0x000000, 0x90a0b0, 0x000000, true},
+    {"dark grey", 0x404040, 0xffffff, 0x4c4c4c, 0xffffff, 0x405060, 0xffffff, true},
+    {"mid grey", 0x808080, 0x000000, 0x7c7c7c, 0x000000, 0x308cc6, 0xffffff, false},
+    // clang-format on
+};
+
+QPalette PaletteOf(const Scheme& scheme) {
+    QPalette palette(scheme.Window);
+    for (const auto& [role, colour] : {std::pair{QPalette::Window, scheme.Window},
+                                       {QPalette::WindowText, scheme.WindowText},
+                                       {QPalette::Base, scheme.Base},
+                                       {QPalette::Text, scheme.Text},
+                                       {QPalette::Highlight, scheme.Highlight},
+                                       {QPalette::HighlightedText, scheme.HighlightedText}})
+        palette.setColor(role, colour);
+    return palette;
+}
+
+/// The toolkit passes new colours on while the program's event loop runs.
+void Show(const QPalette& palette) {
+    QTimer::singleShot(0, [&palette] {
+        QApplication::setPalette(palette);
+        QTimer::singleShot(0, [] { QCoreApplication::exit(); });
+    });
+    QApplication::exec();
+}
+
+/// The highest contrast between a line's name and what is behind it.
+double ContrastInLine(const QListWidget* list, int line) {
+    const QImage picture = list->viewport()->grab(list->visualItemRect(list->item(line))).toImage();
+    const QColor fill = picture.pixelColor(picture.width() / 2, picture.height() / 2);
+    double contrast = 0.0;
+    for (int x = 0; x < picture.width() / 2; ++x)
+        for (int y = 0; y < picture.height(); ++y)
+            contrast = std::max(contrast, Contrast(picture.pixelColor(x, y), fill));
+    return contrast;
+}
+
 TEST_F(Look, EveryColourSchemeCanBeRead) {
     EXPECT_NEAR(Contrast(Qt::white, Qt::black), 21.0, 1e-6);
     EXPECT_NEAR(Contrast(Qt::white, QColor(0x77, 0x77, 0x77)), 4.48, 0.005);
-    const struct {
-        const char* Name;
-        QRgb Window, WindowText, Base, Text, Highlight, HighlightedText;
-        /// Whether Base is far enough from black or from white for the contrast of texts in both sides'
-        /// colours.
-        bool HasRoom;
-    } cases[] = {
-        // clang-format off
-        {"light", 0xefefef, 0x000000, 0xffffff, 0x000000, 0x308cc6, 0xffffff, true},
-        {"dark", 0x2a2c30, 0xffffff, 0x1a1d20, 0xffffff, 0x308cc6, 0xffffff, true},
-        {"bluish dark of little contrast", 0x073642, 0x93a1a1, 0x002b36, 0x839496, 0x268bd2, 0xfdf6e3, true},
-        {"white on black", 0x000000, 0xffffff, 0x000000, 0xffffff, 0xffff00, 0x000000, true},
-        {"yellowish light", 0xeee8d5, 0x4c6068, 0xfdf6e3, 0x586e75, 0xb58900, 0xfdf6e3, true},
-        {"light grey", 0x909090, 0x000000, 0xa0a0a0, 0x000000, 0x90a0b0, 0x000000, true},
-        {"dark grey", 0x404040, 0xffffff, 0x4c4c4c, 0xffffff, 0x405060, 0xffffff, true},
-        {"mid grey", 0x808080, 0x000000, 0x7c7c7c, 0x000000, 0x308cc6, 0xffffff, false},
-        // clang-format on
-    };
     LineUp({"Oath Guard"}, {"Oath Guard"});
     Attack("30");
     Pick(Side::Attacker, "Oath Guard");
     QListWidget* const list = List(Side::Attacker);
     list->selectAll();
     const QPalette usual = QApplication::palette();
-    // The toolkit passes new colours on while the program's event loop runs.
-    const auto show = [](const QPalette& palette) {
-        QTimer::singleShot(0, [&palette] {
-            QApplication::setPalette(palette);
-            QTimer::singleShot(0, [] { QCoreApplication::exit(); });
-        });
-        QApplication::exec();
-    };
-    for (const auto& c : cases) {
+    for (const Scheme& c : Schemes) {
         SCOPED_TRACE(c.Name);
-        QPalette palette(c.Window);
-        for (const auto& [role, colour] : {std::pair{QPalette::Window, c.Window},
-                                           {QPalette::WindowText, c.WindowText},
-                                           {QPalette::Base, c.Base},
-                                           {QPalette::Text, c.Text},
-                                           {QPalette::Highlight, c.Highlight},
-                                           {QPalette::HighlightedText, c.HighlightedText}})
-            palette.setColor(role, colour);
-        show(palette);
+        const QPalette palette = PaletteOf(c);
+        Show(palette);
         for (const QLabel* label : main_.findChildren<QLabel*>())
             EXPECT_GE(Contrast(label->palette().color(QPalette::WindowText), c.Window), LeastContrast::Text)
                 << label->text().toStdString();
-        const auto contrastOf = [&](Side side) { return Contrast(SideColour(side, palette), c.Base); };
-        const auto [less, more] = std::minmax({contrastOf(Side::Attacker), contrastOf(Side::Defender)});
+        const QColor attacker = SideColour(Side::Attacker, palette),
+                     defender = SideColour(Side::Defender, palette);
+        EXPECT_TRUE(c.Attacker == 0 || (attacker.rgb() == c.Attacker && defender.rgb() == c.Defender));
+        const auto [less, more] = std::minmax({Contrast(attacker, c.Base), Contrast(defender, c.Base)});
         EXPECT_GE(less, c.HasRoom ? LeastContrast::Text : LeastContrast::Mark);
         EXPECT_GE(more / less, 1.25);
         // Names and focus in the list, with its selection bright and dim.
@@ -283,15 +318,9 @@ TEST_F(Look, EveryColourSchemeCanBeRead) {
         const QRgb edge = list->viewport()->grab().toImage().pixel(0, list->viewport()->height() - 20);
         EXPECT_GE(Contrast(edge, c.Base), LeastContrast::Mark);
         Battles()->setFocus();
-        const QImage dim = list->viewport()->grab(list->visualItemRect(list->item(0))).toImage();
-        const QColor fill = dim.pixelColor(dim.width() / 2, dim.height() / 2);
-        double text = 0.0;
-        for (int x = 0; x < dim.width() / 2; ++x)
-            for (int y = 0; y < dim.height(); ++y)
-                text = std::max(text, Contrast(dim.pixelColor(x, y), fill));
-        EXPECT_GE(text, 0.95 * LeastContrast::Text);
+        EXPECT_GE(ContrastInLine(list, 0), 0.95 * LeastContrast::Text);
     }
-    show(usual);
+    Show(usual);
 }
 
 } // namespace

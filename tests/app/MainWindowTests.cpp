@@ -2,7 +2,6 @@
 
 #include "app/hero/HeroView.h"
 #include "app/program/FrameStyle.h"
-#include "app/program/SideColours.h"
 #include "app/results/MoreResultsView.h"
 #include "app/results/StatsView.h"
 #include "tests/app/WindowFixture.h"
@@ -46,6 +45,9 @@ TEST_F(MainWindow, ButtonsAndBoxesDoWhatTheySay) {
     // Nine defenders stand in a city and nowhere else.
     LineUp({"Oath Guard"}, QStringList(9, "Oath Guard"));
     EXPECT_FALSE(terrain->isEnabled());
+    QTest::qWait(1);
+    EXPECT_EQ(LinesOf(Find<QGroupBox>(&main_, "Setup Options")).back(),
+              "More than 8 defenders are always in a city");
 
     // The access keys press the buttons, which blink before they act.
     const auto pressAccessKey = [&](Qt::Key key, const std::function<bool()>& isDone) {
@@ -93,18 +95,6 @@ TEST(FrameStyleTest, PaintsOneLineAroundTheContentsOfAGroupBoxBelowTheUsualTitle
     }
 }
 
-TEST_F(MainWindow, TheOddsTableShowsEachSidesColourWhereItsColumnsAre) {
-    const QImage odds = Find<QGroupBox>(&main_, "Exact Odds")->grab().toImage();
-    PerSide<int> left{odds.width(), odds.width()};
-    for (int x = odds.width() - 1; x >= 0; --x)
-        for (int y = 0; y < odds.height(); ++y)
-            for (const Side side : BothSides)
-                if (odds.pixelColor(x, y) == SideColour(side, main_.palette()))
-                    left[side] = x;
-    EXPECT_LT(left.Attacker, left.Defender);
-    EXPECT_LT(left.Defender, odds.width());
-}
-
 TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
     const struct {
         const char *Box, *Typed;
@@ -128,12 +118,14 @@ TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
     };
     for (const auto& c : cases) {
         auto* const box = Find<QWidget>(&main_, c.Box);
-        // Left by the Tab key, by a click on a button, and by Enter where that does not attack.
-        for (const char* way : {"Tab", "click", "Enter"}) {
+        // Left by the Tab key, by a click on a button or a box, and by Enter where that does not attack.
+        for (const char* way : {"Tab", "click", "Enter", "box"}) {
             Type(box, c.Typed);
             EXPECT_EQ(c.Model.Text(), c.Arrives) << c.Box << ", typed " << c.Typed;
             if (*way == 'T')
                 QTest::keyClick(EditOf(box), Qt::Key_Tab);
+            else if (*way == 'b')
+                Click(EditOf(Find<QWidget>(&main_, box == Battles() ? "Combat Dice" : "Number of Battles")));
             else if (*way == 'c' || box == Battles())
                 Click(ButtonCalled("Clear List, Attacking Armies"));
             else
@@ -142,8 +134,12 @@ TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
                 << c.Box << ", typed " << c.Typed << ", left by " << way;
         }
     }
-    // Attack, too, brings the last number back first.
+}
+
+TEST_F(MainWindow, NumberBoxesStepByOneAndTellTheirNumber) {
     auto* const dice = Find<QAbstractSpinBox>(&main_, "Combat Dice");
+    Type(dice, "24");
+    // Attack, too, brings the last number back first.
     Type(dice, "x");
     InModalWindows({{MainTitle, [](QDialog& box) { box.accept(); }}});
     Click(ButtonCalled("Attack"));
@@ -151,6 +147,8 @@ TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
     Type(dice, "");
     QTest::keyClick(dice, Qt::Key_Up);
     EXPECT_EQ(EditOf(dice)->text(), "25");
+    Battles()->setFocus();
+    Wheel(dice); // which is meant for what lies behind the box
     QTest::keyClick(dice, Qt::Key_PageDown);
     EXPECT_EQ(EditOf(dice)->text(), "24") << "one step, whatever the key asks for";
 
@@ -166,7 +164,12 @@ TEST_F(MainWindow, NumberBoxesKeepTheirLastNumberWhileTheirTextIsNone) {
     EXPECT_EQ(heard->currentValue(), 30);
 }
 
-TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
+bool TakesTab(const QWidget* widget) {
+    return (widget->focusPolicy() & Qt::TabFocus) != 0 && !widget->isHidden() &&
+           qobject_cast<QAbstractSpinBox*>(widget->parentWidget()) == nullptr;
+}
+
+TEST_F(MainWindow, EveryControlIsNamedAndDescribed) {
     CArmy record;
     frmHero hero(toolkit_);
     hero.Hero = &record;
@@ -176,14 +179,10 @@ TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
     StatsView statisticsView(statistics, nullptr);
     MoreResultsView resultsView(results, nullptr);
 
-    const auto takesTab = [](const QWidget* widget) {
-        return (widget->focusPolicy() & Qt::TabFocus) != 0 && !widget->isHidden() &&
-               qobject_cast<QAbstractSpinBox*>(widget->parentWidget()) == nullptr;
-    };
     // What a widget tells the mouse, it tells a screen reader.
     for (const QWidget* window : std::initializer_list<const QWidget*>{&main_, &statisticsView})
         for (const QWidget* widget : window->findChildren<QWidget*>())
-            EXPECT_TRUE(!takesTab(widget) || widget->accessibleDescription() == widget->toolTip())
+            EXPECT_TRUE(!TakesTab(widget) || widget->accessibleDescription() == widget->toolTip())
                 << widget->toolTip().toStdString();
     const auto isTold = [&](const Control& model) {
         const auto tells = [&](const QWidget* widget) {
@@ -204,11 +203,12 @@ TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
     for (QWidget* window : std::initializer_list<QWidget*>{&main_, &heroView, &statisticsView, &resultsView})
         for (QWidget* widget : window->findChildren<QWidget*>()) {
             SCOPED_TRACE(window->windowTitle().toStdString() + ": " + widget->metaObject()->className());
-            EXPECT_TRUE(!takesTab(widget) || widget->window() != window || !NameOf(widget).isEmpty());
+            EXPECT_TRUE(!TakesTab(widget) || widget->window() != window || !NameOf(widget).isEmpty());
             const auto* const frame = qobject_cast<QGroupBox*>(widget->parentWidget());
-            EXPECT_TRUE(takesTab(widget) || frame == nullptr || NameOf(widget) != frame->title())
+            EXPECT_TRUE(TakesTab(widget) || frame == nullptr || NameOf(widget) != frame->title())
                 << "what fills a place is not its frame";
         }
+    EXPECT_EQ(main_.windowTitle(), MainTitle);
     // Inspection tools find the fields of both tables by their names.
     for (const char* name : {"txtStrength", "updStrength", "txtAssass", "updFortification", "updTrample"})
         EXPECT_NE(heroView.findChild<QWidget*>(name), nullptr) << name;
@@ -216,24 +216,41 @@ TEST_F(MainWindow, EveryControlIsNamedDescribedAndReachedByTheTabKey) {
     for (const QLabel* label : statisticsView.findChildren<QLabel*>())
         if (label->objectName().startsWith("lbl"))
             values += label->objectName().mid(3);
-    EXPECT_EQ(
-        values.join(' ').toStdString(),
-        "AttRawLea AttRawMor AttRawFor AttRawCha AttRawFea AttRawSie AttAdjLea AttAdjMor AttAdjFor AttStackBonus "
-        "DefRawLea DefRawMor DefRawFor DefRawCha DefRawFea DefRawSie DefAdjLea DefAdjMor DefAdjFor DefStackBonus");
+    QStringList names;
+    for (const char* side : {"Att", "Def"})
+        for (const char* name : {"RawLea", "RawMor", "RawFor", "RawCha", "RawFea", "RawSie", "AdjLea",
+                                 "AdjMor", "AdjFor", "StackBonus"})
+            names += QString(side) + name;
+    EXPECT_EQ(values, names);
+}
+
+TEST_F(MainWindow, TheKeysReachEveryControlOnce) {
     // The Tab key goes from the attackers over the middle to the defenders, through each once.
-    QString path;
+    QStringList path;
     QWidget* next = Picker(Side::Attacker);
     do {
-        const QString name = NameOf(next);
-        const auto* const part = name.endsWith(SideName(Side::Attacker))   ? "a"
-                                 : name.endsWith(SideName(Side::Defender)) ? "d"
-                                                                           : "m";
-        if (takesTab(next) && !path.endsWith(part))
-            path += part;
+        if (TakesTab(next) && next->isVisible())
+            path += NameOf(next);
         next = next->nextInFocusChain();
     } while (next != Picker(Side::Attacker));
-    EXPECT_EQ(path, "amd");
-    EXPECT_EQ(main_.windowTitle(), MainTitle);
+    const auto columnOf = [](const QString& side) {
+        return QString("Select %1;%1;Army Up, %1;Army Dn, %1;Duplicate, %1;Clear List, %1;"
+                       "Number of Duplicates, %1")
+            .arg(side);
+    };
+    EXPECT_EQ(path.join(';'),
+              columnOf(SideName(Side::Attacker)) +
+                  ";Combat Dice;Number of Battles;Defender's Terrain;City Level;"
+                  "View Stack Statistics;Swap Sides;Advice...;Attack;Abort;More Results;Exit;" +
+                  columnOf(SideName(Side::Defender)));
+    // No two access keys are the same.
+    QString keys;
+    for (const QAbstractButton* button : main_.findChildren<QAbstractButton*>())
+        if (const auto mark = button->text().indexOf('&'); mark >= 0)
+            keys += button->text().at(mark + 1).toUpper();
+    std::ranges::sort(keys);
+    EXPECT_EQ(std::ranges::adjacent_find(keys), keys.end()) << keys.toStdString();
+    EXPECT_GE(keys.size(), 7);
 }
 
 } // namespace

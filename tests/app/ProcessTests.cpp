@@ -23,19 +23,26 @@ protected:
 
     [[nodiscard]] QString Program() const { return folder_.filePath("program"); }
     void Write(const QString& name, const QString& text) const {
-        QFile file(folder_.filePath("catalogue/" + name));
+        QFile file(folder_.filePath(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text.toUtf8());
     }
     /// A catalogue of one army type and one hero type; the army's combat bonus is in the field.
-    void WriteCatalogue(const QString& army, const QString& bonus) const {
-        // clang-format off
-        Write("armies.csv", "id,name,plural,faction,cost,strength,upkeep,hits,turns,moves,view,trait1,trait2,movement,building,weapon,armour,terrain,bonus,size,description,notes,power,powersize\n"
-                            "0," + army + ",,,0,5,0,2,1,0,0,,,walk,,,,field," + bonus + ",,,,0,0\n");
-        Write("heroes.csv", "id,name,plural,faction,cost,upkeep,moves,view,strength,weapon,hits,armour,movement,mount,description,notes,terrain,bonus\n"
-                            "0,Captain,,,0,0,0,0,5,,2,,walk,,,,,0\n");
-        Write("powers.csv", "code,name\n0,None\n");
-        // clang-format on
+    void WriteCatalogue(const QString& army, const QString& bonus, const QString& in = "catalogue") const {
+        QDir(folder_.path()).mkpath(in);
+        Write(in + "/armies.csv",
+              "id,name,plural,faction,cost,strength,upkeep,hits,turns,moves,view,trait1,trait2,movement,"
+              "building,weapon,armour,terrain,bonus,size,description,notes,power,powersize\n"
+              "0," +
+                  army + ",,,0,5,0,2,1,0,0,,,walk,,,,field," + bonus + ",,,,0,0\n");
+        Write(in + "/heroes.csv",
+              "id,name,plural,faction,cost,upkeep,moves,view,strength,weapon,hits,armour,movement,mount,"
+              "description,notes,terrain,bonus\n0,Captain,,,0,0,0,0,5,,2,,walk,,,,,0\n");
+        Write(in + "/powers.csv", "code,name\n0,None\n");
+    }
+    void RemoveCatalogues() const {
+        for (const char* folder : {"catalogue", "data"})
+            QDir(folder_.filePath(folder)).removeRecursively();
     }
     /// Runs the program to its end; its exit status.
     int Run(const QString& deed) {
@@ -43,6 +50,7 @@ protected:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("QT_QPA_PLATFORM", platform_);
         environment.remove("DISPLAY");
+        environment.insert("XDG_DATA_HOME", folder_.filePath("data"));
         environment.insert("QT_PLUGIN_PATH", VORHAVEN_TEST_PLUGINS);
         environment.insert("QT_QPA_GENERIC_PLUGINS", "hand");
         environment.insert("VORHAVEN_HAND", deed);
@@ -62,6 +70,8 @@ protected:
 TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
     const char* const advice =
         "The program cannot start. Correct this, or remove the catalogue's folder, and start it again.";
+    const QString beside = folder_.filePath("catalogue\n");
+    const QString own = "data/vorhaven3-combat-calculator/catalogue";
     const struct {
         const char* Reason;
         std::function<void()> Prepare;
@@ -70,18 +80,24 @@ TEST_F(Process, TakesTheCatalogueBesideItOrSaysWhatIsWrongWithIt) {
         QStringList Told;
     } cases[] = {
         // clang-format off
-        {"an empty folder", [] {}, "exit", 1, {"box: ", "armies.csv", advice}},
-        {"a broken number", [&] { WriteCatalogue("Guard", "<i>much</i>"); }, "exit", 1, {"box: The unit catalogue", "armies.csv", "<i>much</i>", advice}},
+        {"an empty folder", [] {}, "exit", 1, {"box with the usual pointer: ", "armies.csv", advice}},
+        {"a broken number", [&] { WriteCatalogue("Guard", "<i>much</i>"); }, "exit", 1,
+            {"box with the usual pointer: The unit catalogue", "armies.csv", "<i>much</i>", advice}},
         {"a good one, and the windows close together", [&] { WriteCatalogue("Own Guard", "1"); }, "exit", 0,
-            {"first army: Own Guard\nSelect defending armies\nUnits from " + folder_.filePath("catalogue\n")}},
+            {"first army: Own Guard\nSelect defending armies\nUnits from " + beside}},
         {"a run closed in the middle", [] {}, "close", 0, {"closed in the middle"}},
         {"a fatal error", [] {}, "fail", 1,
-            {"box: Run-time error '13':/Type mismatch|The program has to end.", "//Original error: 11, Division by zero/Raised in: MBattleCalc::ShowWinPercent/",
-             "Run-time error '13':\nType mismatch\nThe program has to end.", "\nPassed on by: MBattleCalc::DisplayResults"}},
+            {"box with the usual pointer: Run-time error '13':/Type mismatch|The program has to end.",
+             "//Original error: 11, Division by zero/Raised in: MBattleCalc::ShowWinPercent/",
+             "Run-time error '13':\nType mismatch\nThe program has to end.",
+             "\nPassed on by: MBattleCalc::DisplayResults", "\n\nVersion ", ", unit catalogue: " + beside}},
+        {"the player's own before that", [&] { WriteCatalogue("My Guard", "1", own); }, "exit", 0,
+            {"first army: My Guard\n"}},
         {"none, and a style of the player's choice",
-            [&] { QDir(folder_.filePath("catalogue")).removeRecursively(); qputenv("QT_STYLE_OVERRIDE", "windows"); }, "exit", 0,
+            [&] { RemoveCatalogues(); qputenv("QT_STYLE_OVERRIDE", "windows"); }, "exit", 0,
             {"first army: Vale Levy\nSelect defending armies\nicon: 128 16 24 256 32 48 64\n", "style: windows"}},
-        {"no display", [&] { platform_ = "xcb"; }, "exit", 1, {"There is no display on which the window could be shown; start"}},
+        {"no display", [&] { platform_ = "xcb"; }, "exit", 1,
+            {"There is no display on which the window could be shown; start"}},
         // clang-format on
     };
     for (const auto& c : cases) {
@@ -122,7 +138,8 @@ TEST(OutermostHandler, ReportsWhateverAHandlerThrows) {
         const char *Headline, *Details;
     } cases[] = {
         // clang-format off
-        {[] { const Trap trap{"frmHero::Form_Load"}; throw RunTimeError{ErrorNumber::DivisionByZero}; }, "Run-time error '13':\nType mismatch", "frmHero::Form_Load"},
+        {[] { const Trap trap{"frmHero::Form_Load"}; throw RunTimeError{ErrorNumber::DivisionByZero}; },
+            "Run-time error '13':\nType mismatch", "frmHero::Form_Load"},
         {[] { throw std::bad_alloc(); }, "Run-time error '7':\nOut of memory", ""},
         {[] { throw std::runtime_error("a library's own"); }, "Unexpected error", "a library's own"},
         // clang-format on

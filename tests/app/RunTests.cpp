@@ -72,6 +72,30 @@ TEST_F(Run, ShowsItsFiguresWhereThePlayerReadsThem) {
     EXPECT_TRUE(shows(0) || shows(1) || shows(2)) << clocks.join(", ").toStdString();
 }
 
+TEST_F(Run, SaysHowFarItsFiguresCanBeTrusted) {
+    LineUp({"Oath Guard"}, {"Oath Guard"});
+    Attack("30");
+    auto* const frame = Find<QWidget>(&main_, "Quick Results");
+    const QString margin = QString::fromStdString(pad_.lblWinMargin.Caption);
+    EXPECT_EQ(LinesOf(frame)[1], Figures()[0] + ' ' + margin);
+    const auto* const label = Find<QLabel>(frame, margin);
+    EXPECT_TRUE(label->toolTip().startsWith("With a confidence of 95%, "));
+    EXPECT_EQ(label->toolTip().toStdString(), pad_.WinMarginInWords.Get());
+    EXPECT_EQ(label->accessibleDescription(), label->toolTip());
+    // Figures of an earlier set-up step back.
+    const auto colour = [this](const char* caption) {
+        return FieldOf(&main_, caption)->palette().color(QPalette::WindowText);
+    };
+    for (const char* caption : {"Attacker Wins:", "Avg. Def Units Lost:"}) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(colour(caption), main_.palette().color(QPalette::WindowText));
+        Pick(Side::Attacker, "Oath Guard");
+        QCoreApplication::processEvents();
+        EXPECT_NE(colour(caption), main_.palette().color(QPalette::WindowText));
+        QTest::keySequence(&main_, QKeySequence::Undo);
+    }
+}
+
 TEST_F(Run, IsSaidByAScreenReaderWhereverTheFocusIs) {
     LineUp({"Oath Guard", "Oath Guard"}, {"Oath Guard", "Oath Guard"});
     Attack("10");
@@ -116,6 +140,10 @@ TEST_F(Run, KeepsBarAndTextInStepUntilItIsAborted) {
         if (bars.size() < 4)
             return;
         sampler.stop();
+        const QImage screen = main_.screen()->grabWindow(main_.winId()).toImage();
+        auto* const bar = Find<QProgressBar>(&main_, "Progress Indicator");
+        const QPoint start = bar->mapTo(&main_, QPoint(3, bar->height() / 2));
+        EXPECT_NE(screen.pixel(start), screen.pixel(start + QPoint(bar->width() - 6, 0))) << "it is painted";
         EXPECT_TRUE(IsBusy());
         EXPECT_FALSE(ButtonCalled("Attack")->isEnabled());
         EXPECT_FALSE(ButtonCalled("Exit")->isEnabled());

@@ -26,6 +26,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <ostream>
@@ -66,6 +67,27 @@ inline QWidget* FieldOf(const QObject* window, const QString& caption) {
 /// The text that stands beside a caption.
 inline QString Beside(const QObject* window, const QString& caption) {
     return FieldOf(window, caption)->property("text").toString();
+}
+
+/// What stands in a part of a window: the texts of its labels, line by line, each from left to right.
+inline QStringList LinesOf(const QWidget* part) {
+    QList<std::pair<QPoint, QString>> texts;
+    for (const QLabel* label : part->findChildren<QLabel*>())
+        if (label->isVisible() && !label->text().isEmpty())
+            texts.emplaceBack(label->mapTo(part, label->rect().center()), label->text());
+    std::ranges::sort(texts, {}, [](const auto& text) { return text.first.y(); });
+    QStringList lines;
+    while (!texts.isEmpty()) {
+        const int top = texts.front().first.y();
+        QList<std::pair<int, QString>> line;
+        for (; !texts.isEmpty() && texts.front().first.y() < top + 6; texts.removeFirst())
+            line.emplaceBack(texts.front().first.x(), texts.front().second);
+        std::ranges::sort(line);
+        lines += QString();
+        for (const auto& [place, text] : line)
+            lines.back() += (lines.back().isEmpty() ? "" : " ") + text;
+    }
+    return lines;
 }
 
 inline QLineEdit* EditOf(QWidget* box) {
