@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "engine/State.h"
-#include "tests/support/FakeToolkit.h"
+#include "tests/support/Player.h"
 
 #include <gtest/gtest.h>
 
@@ -135,7 +135,8 @@ TEST(Run, IsLimitedToTheBattlesWhoseLossesCanBeAddedUp) {
     behindNobody.resize(32, Colossi);
     // clang-format off
     const struct { Lines Attackers, Defenders; const char *Typed, *Becomes; } cases[]{
-        {Lines(32, Captain), {Midges}, "99999999", "67108860"},       // 2^31 / 32, of armies: a hero costs no turns
+        // 2^31 / 32, of armies: a hero costs no turns
+        {Lines(32, Captain), {Midges}, "99999999", "67108860"},
         {{Midges}, Lines(32, Colossi), "99999990", "7456540"},        // 2^31 / (32 * 9)
         {Lines(32, Colossi), Lines(32, Midges), "7456540", "7456540"},
         {heroAndNobody, {Colossi, Colossi}, "99999990", "99999990"},
@@ -159,14 +160,32 @@ TEST(Run, IsLimitedToTheBattlesWhoseLossesCanBeAddedUp) {
     }
 }
 
-TEST(Run, ErrorOfTheAssemblyTellsItsWay) {
-    Game game;
-    game.Add(Attacker, {Midges, Colossi});
-    game.Add(Defender, {Midges});
-    game.Pad.cboTerrain.Choose(3);
-    EXPECT_THAT([&] { game.Pad.cmdAttack.Press(); },
-                Raises(6, {"CAttackArmies::InterpretCB", "CAttackArmies::Add", "frmBrawlpad::AddAttacker",
-                           "frmBrawlpad::FillArmyCollections", "frmBrawlpad::cmdAttack_Click"}));
+TEST(Lists, TellWhatALineReallyHasAndHowFullTheyAre) {
+    Player player;
+    frmBrawlpad& pad = player.Pad;
+    player.Pick(Attacker, {Midges});
+    player.Mark(Attacker, 0, 1);
+    pad.mnuPopupItemMedals[2].Choose();
+    player.Do([&] { pad.sscDup[Attacker].Press(); });
+    const ListBox& list = pad.lstArmies[Attacker];
+    EXPECT_EQ(list.Note(0), "blessed, 2 medals");
+    EXPECT_EQ(list.Entry(1).Text + list.Note(1), "Midges *") << "a copy has the mark alone";
+    EXPECT_EQ(Player::Text(pad.lblCount[Attacker]), "2 of 32");
+    EXPECT_EQ(std::exchange(player.Notice, ""),
+              "A duplicate has the mark of its line, but none of its conditions");
+    pad.txtDup[Attacker].SetText("31");
+    pad.lstArmies[Attacker].Select({1, {1}});
+    player.Do([&] { pad.sscDup[Attacker].Press(); });
+    player.Pick(Attacker, {Midges});
+    EXPECT_EQ(Player::Text(pad.lblCount[Attacker]), "32 of 32, full");
+    EXPECT_EQ(player.Notice, "") << "the count says enough, and line 2 has no conditions to miss";
+    player.Pick(Defender, {Midges});
+    player.Do([&] { pad.sscClearList[Defender].Press(); });
+    EXPECT_EQ(list.Entry(0).Text + list.Note(0), "Midges *");
+    EXPECT_EQ(std::exchange(player.Notice, ""),
+              "Clear List has also removed the conditions of the attacking armies");
+    player.Do([&] { pad.sscClearList[Attacker].Press(); });
+    EXPECT_EQ(player.Notice, "");
 }
 
 } // namespace
