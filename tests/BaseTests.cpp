@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "base/Chance.h"
+#include "base/Conversion.h"
 #include "base/ForeignText.h"
 #include "base/InternedText.h"
 #include "base/KeyedCollection.h"
@@ -33,18 +34,6 @@ TEST(Count, ThatDoesNotFitIsAnOverflowAndLeavesTheOldOne) {
     EXPECT_EQ(count -= 9, 3);
 }
 
-TEST(Count, IsAnIndexFromZeroAndTheSizeOfAContainer) {
-    EXPECT_EQ(Long{Highest}.Index(), 2147483647U);
-    EXPECT_EQ(Long{0}.Index(), 0U);
-    EXPECT_EQ(ErrorOf([] { return Long{-1}.Index(); }), 9);
-    struct Sized {
-        std::size_t Count;
-        [[nodiscard]] std::size_t size() const { return Count; }
-    };
-    EXPECT_EQ(SizeOf(Sized{2147483647U}), Highest);
-    EXPECT_EQ(ErrorOf([] { return SizeOf(Sized{2147483648U}); }), 6);
-}
-
 TEST(Count, WithLimitsIsClampedByEveryWrite) {
     Bounded<2, 5> bounded, fresh;
     EXPECT_EQ(fresh, 0) << "a fresh one is not written yet";
@@ -59,7 +48,8 @@ TEST(ForeignText, IsQuotedOnOneShortLineWhateverItHolds) {
     // clang-format off
     for (const auto& [text, shown] : {
              std::pair{std::string(), std::string()},
-             {"<img src=\"/dev/zero\">", "<img src=\"/dev/zero\">"},  // whose label decides that it is no markup
+             // whose label decides that it is no markup
+             {"<img src=\"/dev/zero\">", "<img src=\"/dev/zero\">"},
              {std::string("a\0b\tc\r\nd\x7F", 9), "a" + none + "b" + none + "c" + none + none + "d" + none},
              {"\u0085 \u2028 \u202E \u2066", none + ' ' + none + ' ' + none + ' ' + none},
              {"\xFF" + omega + "\xC3", none + omega + none},
@@ -107,6 +97,7 @@ TEST(Conversion, NumberBecomesItsSignificantDigitsAndNoMore) {
 }
 
 TEST(Chance, IsCalledCertainOnlyWhereItIs) {
+    EXPECT_EQ(ToSignedText(-0.04, 1) + ToSignedText(-0.06, 1), "+0.0\u22120.1");
     const struct {
         Chance Given;
         int Decimals;

@@ -16,8 +16,10 @@ TEST_F(CatalogueFolder, WithAFaultIsRefusedAndNotPassedOver) {
         std::string Fault;
     } cases[] = {
         {[&] { std::filesystem::remove(armies_); }, "armies.csv: found nothing of this name" + file},
-        {[&] { std::filesystem::remove(armies_); std::filesystem::create_directory(armies_); }, "armies.csv: found a folder" + file},
-        {[&] { std::filesystem::resize_file(armies_, std::uintmax_t{8} << 30); }, "armies.csv: found a file that is too large, expected at most 4 MiB"},
+        {[&] { std::filesystem::remove(armies_); std::filesystem::create_directory(armies_); },
+            "armies.csv: found a folder" + file},
+        {[&] { std::filesystem::resize_file(armies_, std::uintmax_t{8} << 30); },
+            "armies.csv: found a file that is too large, expected at most 4 MiB"},
         {[&] { std::filesystem::remove_all(folder_); std::ofstream{folder_}; }, "Found a file" + folder},
     };
     // clang-format on

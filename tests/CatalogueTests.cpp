@@ -71,11 +71,14 @@ TEST(Catalogue, PutsEveryCellInItsColumnHoweverTheFileIsWritten) {
     } cases[] = {
         {"as it is", ValidTexts},
         {"byte order mark", Changed(A, "id,name", "\xEF\xBB\xBFid,name")},
-        {"blank lines, blanks around and within quotes in the header", Changed(A, "id,name", "\n \t\n\"id\" , \" name\t\" ")},
-        {"CR LF, blanks around and within a quoted cell", Changed(A, "\n1,Kites,", "\r\n\n \t\r\n1,\" Kites \"\t,")},
+        {"blank lines, blanks around and within quotes in the header",
+            Changed(A, "id,name", "\n \t\n\"id\" , \" name\t\" ")},
+        {"CR LF, blanks around and within a quoted cell", Changed(A, "\n1,Kites,",
+            "\r\n\n \t\r\n1,\" Kites \"\t,")},
         {"a number with quotes or a sign", Changed(A, ",5,6,", ", \"5\" ,+6,")},
         {"no end of the last line", Changed(A, "-1,0\n", "-1,0")},
-        {"other columns, another order", Changed(P, "", "more,name,code\r\n,Sparks,22\r\nx,\"Frost, \"\"deep\"\"\",-32768\r\n\r\n")},
+        {"other columns, another order", Changed(P, "",
+            "more,name,code\r\n,Sparks,22\r\nx,\"Frost, \"\"deep\"\"\",-32768\r\n\r\n")},
     };
     for (const auto& test : cases)
         EXPECT_EQ(ContentsOrError([&] { return Read(test.Files); }),
@@ -86,12 +89,51 @@ TEST(Catalogue, PutsEveryCellInItsColumnHoweverTheFileIsWritten) {
             << test.Reason;
 }
 
-TEST(Catalogue, RefusesABrokenFileAndSaysWhereAndWhy) {
+struct BrokenFile {
+    std::size_t File;
+    std::string From, To, Where, Found, Expected;
+};
+
+void ExpectRefused(const std::vector<BrokenFile>& cases) {
+    for (const auto& test : cases)
+        EXPECT_EQ(ContentsOrError([&] { return Read(Changed(test.File, test.From, test.To)); }),
+                  "The unit catalogue cannot be used:\n" + FileNames[test.File] + test.Where + ": found " +
+                      test.Found + ", expected " + test.Expected + '.');
+}
+
+TEST(Catalogue, RefusesAFileThatIsNoTableAndSaysWhereAndWhy) {
     const auto header = "a header that names each column once, with commas between the names";
     const auto cells = "as many cells as the header has (a text with a comma needs quotes around it)";
     const auto quotes = "quotes around the whole cell, on one line, and a quote within it doubled";
     const auto utf8 = "text that is saved as UTF-8", notUtf8 = "bytes that are not UTF-8";
     const auto cr = "a line end of CR alone", lf = "line ends of LF or CR LF";
+    const auto code = "a whole number from -32768 to 32767";
+    const std::size_t rest = MaxFileSize - ValidTexts[P].size();
+    ExpectRefused({
+        {A, "", "", "", "an empty file", header},
+        {H, "", "\n \r\n", "", "an empty file", header},
+        {P, "", "code,name\n\n", ", line 2", "no row below the header", "at least one"},
+        {P, "\n-", std::string(rest + 2, '\n') + '-', "", "a file that is too large", "at most 4 MiB"},
+        // 4 MiB exactly
+        {P, "\n-", std::string(rest, '\n') + "--", ", line " + std::to_string(rest + 2) + ", column \"code\"",
+            "\"--32768\"", code},
+        {P, "", "code;name\n1;Hero\n", ", line 1", "none of the columns", header},
+        {A, ",hits,", ",Hits,", R"(, line 1, column "hits")", "no such column", header},
+        {H, ",view,", ",view,hits,", R"(, line 1, column "hits")", "it twice", header},
+        {A, "Kites", "Kites, black", ", line 3", "too many cells", cells},
+        {A, "id,", "\"id,", ", line 1", "a quote that is never closed", quotes},
+        {A, "Kites", "\"Kites", ", line 3", "a quote that is never closed", quotes},
+        {A, "Kites", "Big \"red\" kites", ", line 3", "a quote in the middle of a cell", quotes},
+        {A, "id,", "id,id,n\"o\"te,", ", line 1", "a quote in the middle of a cell", quotes},
+        {H, "", "id,n\xC3", ", line 1", notUtf8, utf8},            // a character cut in two
+        {P, "", "\xFF\xFE\x63\0o\0"s, ", line 1", notUtf8, utf8},  // UTF-16
+        {P, "Sparks", "Spa\0rks\xFF"s, ", line 2", "the control character 0", utf8},
+        {P, "", "code,name\r22,Sparks\r", ", line 1", cr, lf},
+        {P, "Sparks\n", "Sparks\r\r\n", ", line 2", cr, lf},
+    });
+}
+
+TEST(Catalogue, RefusesCellsThatAreNoneAndSaysWhereAndWhy) {
     const auto strength = "a whole number from 1 to 14", hits = "a whole number from 1 to 4",
                turns = "a whole number from 0 to 99", bonus = "a whole number from -13 to 13",
                any = "a whole number from -2147483648 to 2147483647",
@@ -101,23 +143,11 @@ TEST(Catalogue, RefusesABrokenFileAndSaysWhereAndWhy) {
     const auto heading = "a name that does not read as a heading or a setting of a battle's text";
     const auto terrain = "city, ice, hills, marsh, field, woods, or an empty cell for no bonus";
     const auto noTerrain = "the terrain of the bonus, or a bonus of 0";
-    const auto undead = R"("undead", or a word that is less like it)", fly = R"("fly", or a word that is less like it)";
+    const auto undead = R"("undead", or a word that is less like it)",
+               fly = R"("fly", or a word that is less like it)";
     const auto reedsAgain = R"("Reeds" again, after armies.csv, line 2, column "name")";
     const std::string o41(41, 'o'), o39e = std::string(39, 'o') + "\u2026";
-    const std::size_t rest = MaxFileSize - ValidTexts[P].size();
-    const struct {
-        std::size_t File;
-        std::string From, To, Where, Found, Expected;
-    } cases[] = {
-        {A, "", "", "", "an empty file", header},
-        {H, "", "\n \r\n", "", "an empty file", header},
-        {P, "", "code,name\n\n", ", line 2", "no row below the header", "at least one"},
-        {P, "\n-", std::string(rest + 2, '\n') + '-', "", "a file that is too large", "at most 4 MiB"},
-        {P, "\n-", std::string(rest, '\n') + "--", ", line " + std::to_string(rest + 2) + ", column \"code\"", "\"--32768\"", code},  // 4 MiB exactly
-        {P, "", "code;name\n1;Hero\n", ", line 1", "none of the columns", header},
-        {A, ",hits,", ",Hits,", R"(, line 1, column "hits")", "no such column", header},
-        {H, ",view,", ",view,hits,", R"(, line 1, column "hits")", "it twice", header},
-        {A, "Kites", "Kites, black", ", line 3", "too many cells", cells},
+    ExpectRefused({
         {A, ",14,", ",+-5,", R"(, line 3, column "strength")", R"("+-5")", strength},
         {A, ",14,", ",15,", R"(, line 3, column "strength")", R"("15")", strength},
         {H, ",8,", ",0,", R"(, line 2, column "strength")", R"("0")", strength},
@@ -132,7 +162,8 @@ TEST(Catalogue, RefusesABrokenFileAndSaysWhereAndWhy) {
         {P, "-32768", "22", R"(, line 3, column "code")", R"("22" again)", "each power code once"},
         {P, "Sparks", "", R"(, line 2, column "name")", "an empty cell", "the power's name"},
         {A, "\n1,", "\n2,", R"(, line 3, column "id")", R"("2")", "1: identifiers count the rows from 0"},
-        {A, "\n0,Reeds", "\n1,Reeds", R"(, line 2, column "id")", R"("1")", "0: identifiers count the rows from 0"},
+        {A, "\n0,Reeds", "\n1,Reeds", R"(, line 2, column "id")", R"("1")",
+            "0: identifiers count the rows from 0"},
         {A, "Kites", "\"  \"", R"(, line 3, column "name")", "an empty cell", name},
         {H, "Thane", "\" None\"", R"(, line 2, column "name")", R"("None")", name},
         {A, "Kites", "\"Kites * \"", R"(, line 3, column "name")", R"("Kites *")", mark},
@@ -143,15 +174,6 @@ TEST(Catalogue, RefusesABrokenFileAndSaysWhereAndWhy) {
         {A, "Kites", "Reeds", R"(, line 3, column "name")", reedsAgain, unique},
         {H, "Thane", "Reeds", R"(, line 2, column "name")", reedsAgain, unique},
         {A, ",14,", ',' + o41 + ',', R"(, line 3, column "strength")", '"' + o39e + '"', strength},
-        {A, "id,", "\"id,", ", line 1", "a quote that is never closed", quotes},
-        {A, "id,", "id,id,n\"o\"te,", ", line 1", "a quote in the middle of a cell", quotes},
-        {A, "Kites", "\"Kites", ", line 3", "a quote that is never closed", quotes},
-        {A, "Kites", "Big \"red\" kites", ", line 3", "a quote in the middle of a cell", quotes},
-        {H, "", "id,n\xC3", ", line 1", notUtf8, utf8},            // a character cut in two
-        {P, "", "\xFF\xFE\x63\0o\0"s, ", line 1", notUtf8, utf8},  // UTF-16
-        {P, "Sparks", "Spa\0rks\xFF"s, ", line 2", "the control character 0", utf8},
-        {P, "", "code,name\r22,Sparks\r", ", line 1", cr, lf},
-        {P, "Sparks\n", "Sparks\r\r\n", ", line 2", cr, lf},
         {A, ",ice,", ",Ice,", R"(, line 2, column "terrain")", R"("Ice")", terrain},
         {A, ",ice,", ",,", R"(, line 2, column "terrain")", "an empty cell", noTerrain},
         {H, ",woods,", ",,", R"(, line 2, column "terrain")", "an empty cell", noTerrain},
@@ -159,11 +181,7 @@ TEST(Catalogue, RefusesABrokenFileAndSaysWhereAndWhy) {
         {A, "c12", "udnead", R"(, line 2, column "trait2")", R"("udnead")", undead},
         {A, "Fly", "Flys", R"(, line 3, column "movement")", R"("Flys")", fly},
         {H, "c12", "fy", R"(, line 2, column "movement")", R"("fy")", fly},
-    };
-    for (const auto& test : cases)
-        EXPECT_EQ(ContentsOrError([&] { return Read(Changed(test.File, test.From, test.To)); }),
-                  "The unit catalogue cannot be used:\n" + FileNames[test.File] + test.Where + ": found " +
-                      test.Found + ", expected " + test.Expected + '.');
+    });
 }
 
 TEST(Catalogue, TakesTheSizesOfAPowerThatDifferToTheRules) {
@@ -173,31 +191,37 @@ TEST(Catalogue, TakesTheSizesOfAPowerThatDifferToTheRules) {
     for (const auto& [powers, highest] : {std::pair{"2 3 4 5 6", 5}, {"26 27 33", 25}, {"32", 3}, {"37", 13},
                                           {"28 30 38 39 41", 99}, {"1 -1 29", 99}, {"0", 0}})
         for (const std::string& power : test::Split(powers, ' ')) {
-            EXPECT_NE(read(power, highest).find('#' + power + "|#" + std::to_string(highest) + '|'), std::string::npos);
+            EXPECT_NE(read(power, highest).find('#' + power + "|#" + std::to_string(highest) + '|'),
+                std::string::npos);
             for (const int size : {-1, highest + 1})
-                EXPECT_EQ(read(power, size), "The unit catalogue cannot be used:\narmies.csv, line 2, column \"powersize\": found \"" +
-                                                 std::to_string(size) + "\", expected " +
-                                                 (highest == 0 ? "0" : "a whole number from 0 to " + std::to_string(highest)) +
-                                                 " for power " + power + '.');
+                EXPECT_EQ(read(power, size),
+                    "The unit catalogue cannot be used:\narmies.csv, line 2, column \"powersize\": found \"" +
+                        std::to_string(size) + "\", expected " + (highest == 0 ? "" : "a whole number from 0 to ") +
+                        std::to_string(highest) + " for power " + power + '.');
         }
 }
 
 TEST(Catalogue, ListsItsFaultsUpToTen) {
-    Texts texts{Changed(A, "0,Reeds,c2,c3,4,5,6,3,8,", "5,,c2,c3,much,0,6,,2.5,")[A], "Id;name\n0;Thane\n", ValidTexts[P] + "7\n,\n"};
+    Texts texts{Changed(A, "0,Reeds,c2,c3,4,5,6,3,8,", "5,,c2,c3,much,0,6,,2.5,")[A], "Id;name\n0;Thane\n",
+        ValidTexts[P] + "7\n,\n"};
     texts[A].replace(texts[A].find("1,Kites"), 1, "6");  // counts on from the 5
     const auto listed = [&] { return ContentsOrError([&] { return Read(texts); }); };
     const std::string eight = "The unit catalogue cannot be used:\n"
         "armies.csv, line 2, column \"id\": found \"5\", expected 0: identifiers count the rows from 0.\n"
         "armies.csv, line 2, column \"name\": found an empty cell, expected a name other than None.\n"
-        "armies.csv, line 2, column \"cost\": found \"much\", expected a whole number from -2147483648 to 2147483647.\n"
+        "armies.csv, line 2, column \"cost\": found \"much\", expected a whole number from "
+        "-2147483648 to 2147483647.\n"
         "armies.csv, line 2, column \"strength\": found \"0\", expected a whole number from 1 to 14.\n"
         "armies.csv, line 2, column \"hits\": found an empty cell, expected a whole number from 1 to 4.\n"
         "armies.csv, line 2, column \"turns\": found \"2.5\", expected a whole number from 0 to 99.\n"
-        "heroes.csv, line 1: found none of the columns, expected a header that names each column once, with commas between the names.\n"
-        "powers.csv, line 4: found too few cells, expected as many cells as the header has (a text with a comma needs quotes around it).";
+        "heroes.csv, line 1: found none of the columns, expected a header that names each column once, "
+        "with commas between the names.\n"
+        "powers.csv, line 4: found too few cells, expected as many cells as the header has (a text "
+        "with a comma needs quotes around it).";
     const std::string ten = eight + "\n"
         "powers.csv, line 5, column \"name\": found an empty cell, expected the power's name.\n"
-        "powers.csv, line 5, column \"code\": found an empty cell, expected a whole number from -32768 to 32767.";
+        "powers.csv, line 5, column \"code\": found an empty cell, expected a whole number from "
+        "-32768 to 32767.";
     EXPECT_EQ(listed(), ten);
     texts[P] += ",\n1\n";
     EXPECT_EQ(listed(), ten + "\nAnd 3 more.");

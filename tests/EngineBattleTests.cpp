@@ -90,11 +90,13 @@ protected:
 
 TEST_F(EngineBattle, LoserOfARoundIsDamagedAndTheTrampleOfTheWinnerStopsAtFlyers) {
     Expect({
-        {"Medals 1", "Medals 2", "11 10/30 11 10/26 10 30/30 11 11/26", {1, 0, 0, 1, 1}, "the attacker rolls first; both hit, nobody loses"},
+        {"Medals 1", "Medals 2", "11 10/30 11 10/26 10 30/30 11 11/26", {1, 0, 0, 1, 1},
+            "the attacker rolls first; both hit, nobody loses"},
         {"Hits 2", "Hits 3", "A D N A A",                {1, 0, 0, 1, 1}, "a lost round costs one hit"},
         {"Trample 2", "Hits 3", "A",                     {1, 0, 0, 1, 1}, "trample adds to the damage"},
         {"Hits 3", "Trample 2", "D",                     {0, 1, 1, 0, 0}, "defenders trample as well"},
-        {"Trample 2 IsFlying", "Hits 3 Unit 6", "A",     {1, 0, 0, 1, 1}, "the trampling army may fly itself; a hero that walks"},
+        {"Trample 2 IsFlying", "Hits 3 Unit 6", "A",     {1, 0, 0, 1, 1},
+            "the trampling army may fly itself; a hero that walks"},
         {"Trample 2", "Hits 3 IsFlying", "A A A",        {1, 0, 0, 1, 1}, "marked as flying"},
         {"Trample 2", "Hits 3 Unit 1", "A A A",          {1, 0, 0, 1, 1}, "an army type that flies"},
         {"Hits 3 Unit 7", "Trample 2", "D D D",          {0, 1, 1, 0, 0}, "a hero type that flies"},
@@ -106,48 +108,55 @@ TEST_F(EngineBattle, LastArmyOfAStackFightsFirstAndOnlyANewStackHealsTheFrontDef
     Expect({
         {"Turns 3;Turns 5", "", "D A",                   {1, 1, 5, 1, 1}, "the last attacker first"},
         {"Turns 3", "Turns 5;Turns 7", "A D",            {0, 1, 3, 1, 7}, "the last defender first"},
-        {";", "Hits 2", "A D A",                         {1, 1, 1, 1, 1}, "the wound stays when the next of a stack comes"},
+        {";", "Hits 2", "A D A", {1, 1, 1, 1, 1}, "the wound stays when the next of a stack comes"},
         {"/", "Hits 2", "A D A D",                       {0, 2, 2, 0, 0}, "a new stack heals"},
-        {"/", "Hits 2", "D A A",                         {1, 1, 1, 1, 1}, "what is healed must be wounded again"},
+        {"/", "Hits 2", "D A A", {1, 1, 1, 1, 1}, "what is healed must be wounded again"},
     });
 }
 
 TEST_F(EngineBattle, MissileThatHitsSlaysAndAVolleyThatMissesIsTheLast) {
     Expect({
-        {"Missle 3", "Hits 4;Hits 4;Hits 4", "N A A A A A A", {1, 0, 0, 3, 3}, "three shots: a miss, two hits; then rounds"},
-        {"Missle 2", ";", "D N A D",                     {0, 1, 1, 1, 1}, "both shots miss: none is left for the second duel"},
-        {"Missle 4", ";Missle 1 Hits 4", "A N N D",      {0, 1, 1, 1, 1}, "shots are loaded once, by the lead over the first target"},
+        {"Missle 3", "Hits 4;Hits 4;Hits 4", "N A A A A A A", {1, 0, 0, 3, 3},
+            "three shots: a miss, two hits; then rounds"},
+        {"Missle 2", ";", "D N A D", {0, 1, 1, 1, 1}, "both shots miss: none is left for the second duel"},
+        {"Missle 4", ";Missle 1 Hits 4", "A N N D",      {0, 1, 1, 1, 1},
+            "shots are loaded once, by the lead over the first target"},
         {"Hits 4", "Missle 1", "D",                      {0, 1, 1, 0, 0}, "defenders shoot as well"},
         {"Missle 2", "Missle 2 Hits 2", "A A",           {1, 0, 0, 1, 1}, "equal missiles: no shot"},
         {"Missle 1 Medals 4", "Hits 4", "20 10/18 11",   {1, 0, 0, 1, 1}, "a shot is a round with medals"},
-        {"Hits 4/", "Missle 3", "D N N D",               {0, 2, 2, 0, 0}, "what a hit leaves is shot at the next stack"},
+        {"Hits 4/", "Missle 3", "D N N D", {0, 2, 2, 0, 0}, "what a hit leaves is shot at the next stack"},
     });
 }
 
 TEST_F(EngineBattle, AcidHalvesStrengthAndLightningHitsByTheForceThatWardingLeaves) {
     Expect({
-        {"Acid 3", "Strength 11 Acid 1 Warding 1", "9% 1 6",          {1, 0, 0, 1, 1}, "force 1 strikes on a draw of 9: 11 becomes 5"},
+        {"Acid 3", "Strength 11 Acid 1 Warding 1", "9% 1 6",          {1, 0, 0, 1, 1},
+            "force 1 strikes on a draw of 9: 11 becomes 5"},
         {"Acid 3", "Strength 11 Acid 1 Warding 1", "10% 1 11 1 12",   {1, 0, 0, 1, 1}, "and fails on 10"},
         {"Acid 1 Warding 1", "Acid 3", "9% 6 1",                      {0, 1, 1, 0, 0}, "defenders' acid"},
         {"Lightning 3", "Hits 4 Lightning 1 Warding 1", "9% A A",     {1, 0, 0, 1, 1}, "4 hits become 2"},
-        {"Hits 4 Lightning 1 Warding 1", "Lightning 3", "9% D D",     {0, 1, 1, 0, 0}, "defenders' lightning"},
-        {"Acid 2 Lightning 2 Assass 2", "Warding 2", "A",             {1, 0, 0, 1, 1}, "not above the warding: no draw"},
-        {"Acid 2 Lightning 2 Assass 2", "Acid 2 Lightning 2 Assass 2", "A", {1, 0, 0, 1, 1}, "equal powers do nothing"},
-        {"Acid 10;Acid 10", "Strength 9", "0% 20 4 98% 1 3",          {1, 1, 1, 1, 1}, "acid strikes in every duel, halving the halved"},
-        {"Lightning 10;Lightning 10", "Hits 4", "0% D 98% A",         {1, 1, 1, 1, 1}, "and so does lightning"},
-        {"Acid 1 Lightning 2 Assass 3 Missle 1", "Hits 2", "9% 19% 30% N 1 6", {1, 0, 0, 1, 1}, "acid, lightning, assassins, missiles"},
+        {"Hits 4 Lightning 1 Warding 1", "Lightning 3", "9% D D", {0, 1, 1, 0, 0}, "defenders' lightning"},
+        {"Acid 2 Lightning 2 Assass 2", "Warding 2", "A", {1, 0, 0, 1, 1}, "not above the warding: no draw"},
+        {"Acid 2 Lightning 2 Assass 2", "Acid 2 Lightning 2 Assass 2", "A", {1, 0, 0, 1, 1},
+            "equal powers do nothing"},
+        {"Acid 10;Acid 10", "Strength 9", "0% 20 4 98% 1 3",          {1, 1, 1, 1, 1},
+            "acid strikes in every duel, halving the halved"},
+        {"Lightning 10;Lightning 10", "Hits 4", "0% D 98% A", {1, 1, 1, 1, 1}, "and so does lightning"},
+        {"Acid 1 Lightning 2 Assass 3 Missle 1", "Hits 2", "9% 19% 30% N 1 6", {1, 0, 0, 1, 1},
+            "acid, lightning, assassins, missiles"},
     });
 }
 
 TEST_F(EngineBattle, AssassinTriesOnceABattleAndHasNoShotsLeft) {
     Expect({
-        {"Assass 3", "Hits 4 Assass 1 Warding 1", "9%",       {1, 0, 0, 1, 1}, "force 1 slays on a draw of 9"},
+        {"Assass 3", "Hits 4 Assass 1 Warding 1", "9%", {1, 0, 0, 1, 1}, "force 1 slays on a draw of 9"},
         {"Assass 3", "Hits 2 Assass 1 Warding 1", "10% A A",  {1, 0, 0, 1, 1}, "and fails on 10"},
         {"", "Assass 5", "49%",                               {0, 1, 1, 0, 0}, "defending assassins"},
         {"Assass 10", "Hits 4;Hits 4", "98% A A A A",         {1, 0, 0, 2, 2}, "one attempt"},
         {"Hits 4/Hits 2", "Assass 10", "98% D D",             {0, 2, 2, 0, 0}, "a new stack brings no other"},
         {"Missle 3 Assass 1", "", "98% D",                    {0, 1, 1, 0, 0}, "no shots after a failure"},
-        {"Missle 3 Assass 2", "Warding 2", "D",               {0, 1, 1, 0, 0}, "nor against a warding that stops the attempt"},
+        {"Missle 3 Assass 2", "Warding 2", "D",               {0, 1, 1, 0, 0},
+            "nor against a warding that stops the attempt"},
         {"Missle 3 Assass 1", "Assass 2 Warding 9", "10% D",  {0, 1, 1, 0, 0}, "nor for the lesser assassin"},
     });
 }

@@ -50,13 +50,19 @@ TEST(ArmyList, StrengthAndHitsComeFromCatalogueAndConditions) {
         {5, 2, 2, "Field", {}, "2 0 5 5", false, false, "no bonus elsewhere, nor for another spelling"},
         {5, 2, 2, "Field", {Blacksmith}, "2 0 6 6", false, false, "a blacksmith adds to the base strength"},
         {5, 2, 2, "Field", {Weaponsmaster}, "3 0 5 5", false, false, "a weaponsmaster adds a hit"},
-        {5, 2, 2, "field", {Blacksmith, Blessed, Poisoned, Diseased}, "2 0 9 6", false, false, "a blessing cures"},
+        {5, 2, 2, "field", {Blacksmith, Blessed, Poisoned, Diseased}, "2 0 9 6", false, false,
+            "a blessing cures"},
         {1, 1, 0, "Field", {Poisoned, Diseased}, "1 0 1 1", true, true, "neither goes below 1"},
-        {5, 4, 0, "Field", {Weaponsmaster, Diseased}, "3 0 5 5", false, true, "4 hits at most, before the disease"},
-        {5, 0, 0, "Field", {Weaponsmaster}, "2 0 5 5", false, false, "1 hit at least, before the weaponsmaster"},
-        {13, 1, 2, "field", {Poisoned}, "1 0 13 13", true, false, "strength is 14 at most, before the poison"},
-        {5, 1, -9, "field", {Blessed}, "1 0 2 5", false, false, "strength is 1 at least, before the blessing"},
-        {0, 1, 0, "Field", {Blacksmith}, "1 0 2 2", false, false, "base strength is 1 at least, before the blacksmith"},
+        {5, 4, 0, "Field", {Weaponsmaster, Diseased}, "3 0 5 5", false, true,
+            "4 hits at most, before the disease"},
+        {5, 0, 0, "Field", {Weaponsmaster}, "2 0 5 5", false, false,
+            "1 hit at least, before the weaponsmaster"},
+        {13, 1, 2, "field", {Poisoned}, "1 0 13 13", true, false,
+            "strength is 14 at most, before the poison"},
+        {5, 1, -9, "field", {Blessed}, "1 0 2 5", false, false,
+            "strength is 1 at least, before the blessing"},
+        {0, 1, 0, "Field", {Blacksmith}, "1 0 2 2", false, false,
+            "base strength is 1 at least, before the blacksmith"},
         // clang-format on
     };
     ListHost host;
@@ -122,18 +128,6 @@ TEST(ArmyList, HeroIsEditedBeforeItIsStoredAndKeepsItsOwnPowers) {
     EXPECT_EQ(Checked(hero), "2 0 9 10");
 }
 
-TEST(ArmyList, ErrorsTellTheirProcedure) {
-    ListHost host;
-    CAttackArmies armies{host};
-    armies.Add(Plain(5), LineKey(5));
-    EXPECT_THAT([&] { armies.Add(Plain(5), "SN5"); }, Raises(457, {"CAttackArmies::Add"}));
-    EXPECT_THAT([&] { return armies.Item(2); }, Raises(5, {"CAttackArmies::Item"}));
-    EXPECT_THAT([&] { return armies.Item("SN0"); }, Raises(5, {"CAttackArmies::Item"}));
-    EXPECT_THAT([&] { armies.Remove("SN0"); }, Raises(5, {"CAttackArmies::Remove"}));
-    armies.Remove("SN5");
-    EXPECT_THAT([&] { armies.Remove(1); }, Raises(5, {"CAttackArmies::Remove"}));
-}
-
 TEST(Stack, CopyComesWithoutTheMarksOfItsMakingAndOfAnEarlierBattle) {
     CArmy army;
     Give(army, "Name Giants Hits 3 Strength 9 Blessed Poisoned Diseased IsFlying");
@@ -193,12 +187,16 @@ TEST(Stack, BandingArmiesOfOneNameStrengthenEachOther) {
         const char *Armies, *Described, *Reason;
     } cases[] = {
         // clang-format off
-        {"Banding 1 Size 1;Banding 1 Size 1;Banding 1 Size 1", "7/3 7/3 7/3", "the number of the others, if more"},
-        {"Banding 1 Size 1;Banding 3 Size 3;Banding 3 Size 3", "7/3 7/3 7/3", "the first size holds for all of a name"},
+        {"Banding 1 Size 1;Banding 1 Size 1;Banding 1 Size 1", "7/3 7/3 7/3",
+            "the number of the others, if more"},
+        {"Banding 1 Size 1;Banding 3 Size 3;Banding 3 Size 3", "7/3 7/3 7/3",
+            "the first size holds for all of a name"},
         {"Banding 3 Size 3;Banding 1 Size 1", "8/3 8/3", "and not the last"},
         {"Banding 5 Size 1;Size 1;Banding 5 Size 1", "6/3 5/3 6/3", "who does not band is not counted"},
-        {"Banding 3 Size 3 Strength 13;Banding -1 Size 3 Strength 2", "14/3 5/3", "any banding but 0; 14 at most"},
-        {"Name a Banding 1 Size 1;Name b Banding 3 Size 3;Name a Banding 1 Size 1;Name A Banding 1 Size 1", "6/3 8/3 6/3 6/3", "names are exact"},
+        {"Banding 3 Size 3 Strength 13;Banding -1 Size 3 Strength 2", "14/3 5/3",
+            "any banding but 0; 14 at most"},
+        {"Name a Banding 1 Size 1;Name b Banding 3 Size 3;Name a Banding 1 Size 1;Name A Banding 1 Size 1",
+            "6/3 8/3 6/3 6/3", "names are exact"},
         {"Banding -1 Size -1", "5/3", "the number of the others, of whom there are none"},
         // clang-format on
     };
@@ -207,18 +205,6 @@ TEST(Stack, BandingArmiesOfOneNameStrengthenEachOther) {
         stack.CountSelfPowers(Side::Attacker, 0);
         EXPECT_EQ(Describe(stack), test.Described) << test.Reason;
     }
-}
-
-TEST(Table, EmptyCellIsNothingAndACellOutsideAnError) {
-    const Table table{{{Cell{}, 7, "2.5"}, {"x", "", -1}}};
-    EXPECT_EQ(table.RowCount(), 2);
-    EXPECT_EQ(Joined({CellNumber(table(0, 0)), CellNumber(table(0, 1)), CellNumber(table(0, 2))}), "0 7 2");
-    EXPECT_EQ(CellText(table(0, 0)), "");
-    EXPECT_EQ(CellText(table(0, 1)), "7");
-    EXPECT_EQ(CellText(table(0, 2)), "2.5");
-    EXPECT_EQ(ErrorOf([&] { return CellNumber(table(1, 0)); }), 13);
-    for (const auto& [row, column] : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 3}})
-        EXPECT_EQ(ErrorOf([&, r = row, c = column] { return table(r, c); }), 9) << row << ' ' << column;
 }
 
 } // namespace

@@ -214,36 +214,6 @@ TEST(BattleOddsTest, AreCalledCertainWhereNoOtherEndIsPossible) {
     EXPECT_EQ(PercentText(odds.AttackerWins()) + " " + PercentText(odds.DefenderWins()), "< 0.1% > 99.9%");
 }
 
-TEST(BattleOddsTest, TellTheChanceOfADuelWithoutEnd) {
-    const auto both = [](const std::string& attackers, const std::string& defenders, int die, double won,
-                         double lost) {
-        const BattleOdds odds = OddsOf(Battle{attackers, defenders, die});
-        EXPECT_NEAR(odds.Won, won, 1e-15) << attackers;
-        EXPECT_NEAR(odds.Lost, lost, 1e-15) << attackers;
-        EXPECT_NEAR(odds.Endless, 1.0 - won - lost, 1e-15) << attackers;
-        return odds;
-    };
-    const BattleOdds endless = both("", "", 10, 0.0, 0.0);
-    EXPECT_FALSE(endless.Attackers.Overall || endless.Defenders.IfAttackerWins);
-    // Every die of no or of negative faces shows 1 or less.
-    both("", "Strength 1", 0, 0.0, 0.0);
-    both("Missle 3", "Strength 1", -5, 0.0, 0.0);
-    const BattleOdds assassin = both("Assass 5", ";", 10, 0.0, 0.0);
-    EXPECT_EQ(assassin.Attackers.ChanceOfLosing, (std::vector<double>{0.0, 0.0}));
-    const BattleOdds two = both(";Strength 9 Turns 4", "Turns 2", 10, 0.0, 0.0);
-    EXPECT_EQ(two.Defenders.ChanceOfLosing, (std::vector<double>{0.0, 0.0}));
-    // Whoever is above an enemy's negative power tries to assassinate, and has no shots left.
-    EXPECT_NEAR(OddsOf(Battle{"Missle 9", "Assass -1"}).Won, 0.5, 1e-15);
-    EXPECT_NEAR(OddsOf(Battle{"Missle 1", ""}).Won, 0.25 + 0.75 * 0.5, 1e-15);
-    // Five medals are none to the dice, and a negative trample is none.
-    EXPECT_NEAR(OddsOf(Battle{"Medals 5 Trample -2", "Curse 2"}).Won, 0.5, 1e-15);
-    // The second attacker hits 9 times in 10 and never sees its enemy miss; acid lets it.
-    both(";Acid 5", "Turns 2", 10, 50.0 / 99.0, 0.0);
-    const Losses losses =
-        both("Acid 5", "Assass 2", 10, 79.0 / 99.0 * 50.0 / 99.0, 20.0 / 99.0).Attackers.Overall.value();
-    EXPECT_NEAR(losses.Armies, 20.0 / 99.0 / (20.0 / 99.0 + 79.0 * 50.0 / 99.0 / 99.0), 1e-15);
-}
-
 TEST(BattleOddsTest, RaiseWhatTheEngineRaises) {
     const auto errorOf = [](const std::string& attackers, const std::string& defenders) {
         return ErrorOf([&] { return OddsOf(Battle{attackers, defenders}); });

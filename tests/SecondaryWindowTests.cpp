@@ -99,18 +99,6 @@ TEST(HeroEditor, TextThatIsNoNumberStoresTheFieldsBeforeIt) {
     }
 }
 
-TEST(HeroEditor, ArrowsStepWithinTheirLimits) {
-    Editor editor;
-    const auto step = [&](Long steps) {
-        for (HeroField& field : editor.Window.Fields)
-            field.upd.Step(steps);
-        return editor.Screen();
-    };
-    EXPECT_EQ(step(1000), "255 4 5 5 5 5 5 5 10 10 10 10 10 3 ");
-    EXPECT_EQ(step(-1), "254 3 4 4 4 4 4 4 9 9 9 9 9 2 ");
-    EXPECT_EQ(step(-1000), "1 1 1 0 0 0 0 0 0 0 0 0 0 0 ");
-}
-
 TEST(HeroEditor, FillsItsFieldsWithTheLastValuesOnDemand) {
     Editor editor;
     const std::string begun = editor.Screen(), stored = editor.Record();

@@ -19,9 +19,11 @@ TEST_F(CatalogueFolder, OfPipesDevicesAndLinksThatLeadNowhereIsRefused) {
         std::function<void()> spoil;
         std::string fault;
     } cases[] = {
-        {[&] { std::filesystem::remove(armies_); mkfifo(armies_.c_str(), 0666); }, "armies.csv: found a pipe or a device" + file},
+        {[&] { std::filesystem::remove(armies_); mkfifo(armies_.c_str(), 0666); },
+            "armies.csv: found a pipe or a device" + file},
         {[&] { replaceByLink(armies_, "/dev/zero"); }, "armies.csv: found a pipe or a device" + file},
-        {[&] { replaceByLink(armies_, "nowhere"); }, "armies.csv: found a symbolic link that leads nowhere" + file},
+        {[&] { replaceByLink(armies_, "nowhere"); },
+            "armies.csv: found a symbolic link that leads nowhere" + file},
         {[&] { replaceByLink(armies_, armies_); }, "armies.csv: found no way to read it" + file},
         {[&] { replaceByLink(folder_, "nowhere"); }, "Found a symbolic link that leads nowhere" + folder},
         {[&] { replaceByLink(folder_, folder_); }, "Found no way to read it" + folder},
