@@ -173,10 +173,11 @@ TEST(Lists, TellWhatALineReallyHasAndHowFullTheyAre) {
     EXPECT_EQ(Player::Text(pad.lblCount[Attacker]), "2 of 32");
     EXPECT_EQ(std::exchange(player.Notice, ""),
               "A duplicate has the mark of its line, but none of its conditions");
-    pad.txtDup[Attacker].SetText("31");
+    pad.txtDup[Attacker].SetText("29");
     pad.lstArmies[Attacker].Select({1, {1}});
     player.Do([&] { pad.sscDup[Attacker].Press(); });
-    player.Pick(Attacker, {Midges});
+    EXPECT_EQ(Player::Text(pad.lblCount[Attacker]), "31 of 32");
+    player.Pick(Attacker, {Midges, Midges});
     EXPECT_EQ(Player::Text(pad.lblCount[Attacker]), "32 of 32, full");
     EXPECT_EQ(player.Notice, "") << "the count says enough, and line 2 has no conditions to miss";
     player.Pick(Defender, {Midges});

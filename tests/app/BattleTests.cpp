@@ -18,6 +18,7 @@ protected:
     /// Chooses an item of the menu of the attackers' current line.
     void Mark(const QString& item) {
         QTest::keyClick(List(Side::Attacker), Qt::Key_F10, Qt::ShiftModifier);
+        QTest::qWait(1); // what opens the menu is over before something is chosen
         Choose(item);
         Activate();
     }

@@ -201,10 +201,12 @@ TEST_F(Lists, TellHowOftenEachLineSurvives) {
     QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
     Choose("Flying");
     QTest::qWait(1);
+    main_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list->hasFocus(); }));
     const QImage selected = list->viewport()->grab(list->visualItemRect(list->item(0))).toImage();
     int brightest = 0;
-    for (int x = selected.width() / 2; x < selected.width(); ++x)
-        for (int y = 0; y < selected.height(); ++y)
+    for (int x = selected.width() * 3 / 4; x < selected.width() - 3; ++x)
+        for (int y = 3; y < selected.height() - 3; ++y)
             brightest = std::max(brightest, qGray(selected.pixel(x, y)));
     EXPECT_GT(brightest, 190) << "a selected line's conditions are as white as its name";
     const QString exact = Find<QLabel>(&main_, "50.0%")->text();
@@ -350,6 +352,7 @@ TEST_F(Lists, ShowWhereTheirStacksBeginWhileTheyScroll) {
     LineUp({"Oath Guard"}, {});
     QListWidget* const list = List(Side::Attacker);
     const int lineHeight = list->visualItemRect(list->item(0)).height();
+    main_.resize(main_.width(), main_.minimumSizeHint().height());
     list->setFixedHeight(12 * lineHeight);
     ClickLine(list, 0);
     Type(Find<QWidget>(&main_, "Number of Duplicates, Attacking Armies"), "26");
@@ -358,6 +361,7 @@ TEST_F(Lists, ShowWhereTheirStacksBeginWhileTheyScroll) {
     for (const int top : {0, 6, 14}) {
         list->verticalScrollBar()->setValue(top * lineHeight);
         QTest::qWait(1);
+        EXPECT_EQ(list->verticalScrollBar()->value(), top * lineHeight);
         const QImage picture = list->viewport()->grab().toImage();
         for (int line = 0; line < list->count(); ++line) {
             const QPoint middle = list->visualItemRect(list->item(line)).center();

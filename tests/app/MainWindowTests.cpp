@@ -152,6 +152,10 @@ TEST_F(MainWindow, NumberBoxesStepByOneAndTellTheirNumber) {
     QTest::keyClick(dice, Qt::Key_PageDown);
     EXPECT_EQ(EditOf(dice)->text(), "24") << "one step, whatever the key asks for";
 
+    for (const auto& [number, isMore] : {std::pair{"100", false}, {"99", true}, {"24", true}}) {
+        Type(dice, number);
+        EXPECT_EQ(pad_.updCombatDice.CanStep(1), isMore) << "whether the arrow is alive";
+    }
     // A screen reader is given the number and its limits, and may enter another one.
     auto* const heard = QAccessible::queryAccessibleInterface(dice)->valueInterface();
     QTest::keyClick(dice, Qt::Key_Up);
