@@ -237,9 +237,10 @@ void OrderSearch::Arrange(Kind& kind) const {
         }
         return Rows(kind) - 1;
     };
-    std::ranges::stable_sort(kind.Duels, {}, &Duel::Defender);
-    for (const Duel& duel : kind.Duels)
-        kind.Steps.push_back({rowOf(duel.From), rowOf(duel.To), duel.Chance});
+    for (std::size_t defender = 0; defender < lineup_.Defenders.size(); ++defender)
+        for (const Duel& duel : kind.Duels)
+            if (duel.Defender == defender)
+                kind.Steps.push_back({rowOf(duel.From), rowOf(duel.To), duel.Chance});
     kind.Duels.clear();
 }
 

@@ -196,8 +196,8 @@ private:
         const QString heading = pairs_->headerData(section, orientation(), Qt::DisplayRole).toString();
         const int gap = fontMetrics().averageCharWidth() / 2;
         painter.drawText(rect.adjusted(gap, 0, 0, -gap / 2),
-                         orientation() == Qt::Vertical ? Qt::AlignLeft | Qt::AlignVCenter
-                                                       : Qt::AlignHCenter | Qt::AlignBottom,
+                         static_cast<int>(orientation() == Qt::Vertical ? Qt::AlignLeft | Qt::AlignVCenter
+                                                                        : Qt::AlignHCenter | Qt::AlignBottom),
                          heading);
     }
 
@@ -229,8 +229,10 @@ private:
                          ToQt(army.Name));
         painter.setFont(Small(nameFont));
         painter.setPen(quiet);
-        painter.drawText(below, isBeside ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignHCenter | Qt::AlignBottom,
-                         note);
+        painter.drawText(
+            below,
+            static_cast<int>(isBeside ? Qt::AlignLeft | Qt::AlignTop : Qt::AlignHCenter | Qt::AlignBottom),
+            note);
     }
 
     void PaintNumbered(QPainter& painter, const QRect& rect, const SlayingPage::Army& army,
@@ -247,7 +249,7 @@ private:
         place.adjust(gap, 0, -gap, 0);
         painter.setFont(map_->NameFont());
         painter.setPen(quiet);
-        painter.drawText(place, numberSide | Qt::AlignVCenter, QString::number(army.Line));
+        painter.drawText(place, static_cast<int>(numberSide | Qt::AlignVCenter), QString::number(army.Line));
         painter.setPen(text);
         if (numberSide == Qt::AlignLeft)
             place.setLeft(place.left() + NumberWidth());

@@ -292,8 +292,9 @@ void ChartView::ShowFigures() {
     }
     // The lowest first, and from left to right where they are about as high: a figure that another one is in
     // the way of goes above that one.
-    std::ranges::stable_sort(figures, std::greater<>(),
-                             [](const auto& figure) { return qRound(figure.second.bottom() / LeastStep); });
+    std::ranges::sort(figures, {}, [](const auto& figure) {
+        return std::pair{-qRound(figure.second.bottom() / LeastStep), figure.second.left()};
+    });
     for (auto figure = figures.begin(); figure != figures.end(); ++figure) {
         QRectF& place = figure->second;
         const auto isInTheWay = [&place](const auto& other) {

@@ -173,10 +173,15 @@ bool ChangesStudy::DoNext() {
 }
 
 void ChangesStudy::Sort() {
-    std::ranges::stable_sort(tried_, {}, [](const TriedChange& tried) {
+    const auto rank = [](const TriedChange& tried) {
         // Gains that differ by rounding errors alone are equal.
         return std::tuple{-std::round(tried.Gain / SameOdds), tried.Outcome.OwnTurnsLost};
-    });
+    };
+    // Of equals the first tried stays the first.
+    std::vector<TriedChange> sorted;
+    for (TriedChange& tried : tried_)
+        sorted.insert(std::ranges::upper_bound(sorted, rank(tried), {}, rank), std::move(tried));
+    tried_ = std::move(sorted);
 }
 
 } // namespace vorhaven

@@ -39,10 +39,12 @@ Study::State Study::DoPiece() {
             return State::Done;
         return taken_ < StepsInAll ? State::UnderWay : State::GivenUp;
     } catch (const Odds::TooManyOutcomes&) {
+        return State::GivenUp;
     } catch (const RunTimeError&) {
+        return State::GivenUp;
     } catch (const std::bad_alloc&) {
+        return State::GivenUp;
     }
-    return State::GivenUp;
 }
 
 Odds::BattleOdds Study::OddsOf(const Setup& setup) {
