@@ -62,7 +62,8 @@ struct Advised : Game {
 TEST(Advice, PutsTheArmiesIntoTheirBestOrder) {
     Advised player;
     OddsPanel& odds = player.Pad.OddsFrame;
-    BestOrdersStudy study{player.Pad.CurrentSetup(), Units{player.Catalogue}};
+    const Units units{player.Catalogue};
+    BestOrdersStudy study{player.Pad.CurrentSetup(), units};
     while (!study.IsDone())
         ASSERT_GT(study.GoOn(1'000'000), 0);
     const std::string best = PercentText(study.Outcome().Won);
@@ -105,7 +106,8 @@ TEST(Advice, PutsTheArmiesIntoTheirBestOrder) {
 TEST(Advice, TellsWhatEachLineIsWorth) {
     Advised player;
     ArmiesPage& page = player.Advice.Armies;
-    WorthStudy study{player.Pad.CurrentSetup(), Units{player.Catalogue}};
+    const Units units{player.Catalogue};
+    WorthStudy study{player.Pad.CurrentSetup(), units};
     while (!study.IsDone())
         ASSERT_GT(study.GoOn(1'000'000), 0);
     const LineWorth& worth = study.Lines().Defender[2].value();
@@ -190,7 +192,8 @@ TEST(Advice, TriesChangesAndAppliesOne) {
     Advised player;
     ChangesPage& page = player.Advice.Changes;
     player.See(page);
-    ChangesStudy study{player.Pad.CurrentSetup(), Units{player.Catalogue}};
+    const Units units{player.Catalogue};
+    ChangesStudy study{player.Pad.CurrentSetup(), units};
     while (!study.IsDone())
         ASSERT_GT(study.GoOn(1'000'000), 0);
     const auto& rows = page.tblChanges.Rows();
@@ -267,7 +270,8 @@ TEST(Advice, FindsTheFewestArmiesAndSelectsWhoMayStay) {
     Advised player;
     FewestArmiesPage& page = player.Advice.FewestArmies;
     player.See(page);
-    FewestArmiesStudy study{player.Pad.CurrentSetup(), Units{player.Catalogue}};
+    const Units units{player.Catalogue};
+    FewestArmiesStudy study{player.Pad.CurrentSetup(), units};
     while (!study.IsDone())
         ASSERT_GT(study.GoOn(1'000'000), 0);
     const auto& parts = study.Parts();

@@ -60,8 +60,12 @@ std::string Chart::Numbers() const {
     std::string table = CategoryTitle + "\t" + ValueTitles[0] + "\t" + ValueTitles[1] + "\t" + CountTitle +
                         "\t" + ExactTitle + " " + ValueTitles[0] + "\n";
     for (const Row& row : rows_)
-        table += row.Label + "\t" + ToText(row.Values[0]) + "\t" + ToText(row.Values[1]) + "\t" +
-                 ToText(row.Count) + "\t" + (row.Exact ? ToFixedText(*row.Exact, CopiedDecimals) : "") + "\n";
+        table.append(row.Label)
+            .append("\t" + ToText(row.Values[0]))
+            .append("\t" + ToText(row.Values[1]))
+            .append("\t" + ToText(row.Count))
+            .append("\t" + (row.Exact ? ToFixedText(*row.Exact, CopiedDecimals) : ""))
+            .append("\n");
     for (const auto& [name, total] : Remarks.Get().Totals)
         table += name + "\t" + total + "\n";
     return table + Remarks.Get().Sentence + "\n";
