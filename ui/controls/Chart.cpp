@@ -67,7 +67,7 @@ std::string Chart::Numbers() const {
             .append("\t" + (row.Exact ? ToFixedText(*row.Exact, CopiedDecimals) : ""))
             .append("\n");
     for (const auto& [name, total] : Remarks.Get().Totals)
-        table += name + "\t" + total + "\n";
+        table.append(name).append("\t" + total).append("\n");
     return table + Remarks.Get().Sentence + "\n";
 }
 
