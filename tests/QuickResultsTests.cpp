@@ -27,7 +27,7 @@ TEST(QuickResults, SayWhenTheyAreNotThoseOfTheLastRunOfTheSetUp) {
         player.Fight();
         return player.OutOfDate();
     };
-    EXPECT_EQ(abort() + Player::Text(pad.lblAttWinPercent), "aborted");
+    EXPECT_EQ(abort() + Player::Text(pad.ResultsFrame.lblAttWinPercent), "aborted");
     EXPECT_EQ(fight(), "");
     EXPECT_EQ(abort(), "before the aborted run");
     EXPECT_NE(pad.BattleAsText().find("(before the aborted run)"), std::string::npos);

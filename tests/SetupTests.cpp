@@ -120,9 +120,9 @@ TEST(Run, IsOfTheSetUpAtThePressOfAttackWhateverChangesInAHeroEditor) {
     };
     pad.sscMoreResults.Press();
     pad.Settle();
-    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "before the latest changes");
+    EXPECT_EQ(pad.ResultsFrame.lblOutOfDate.Caption.Get(), "before the latest changes");
     pad.Undo();
-    EXPECT_EQ(pad.lblOutOfDate.Caption.Get(), "");
+    EXPECT_EQ(pad.ResultsFrame.lblOutOfDate.Caption.Get(), "");
     EXPECT_EQ(pad.OddsFrame.lblChance.Attacker.Caption.Get(), ToFixedText(exactWins.value(), 1) + "%");
 }
 

@@ -116,7 +116,7 @@ void MainView::FollowRuns(ColumnScroller& middle) {
         isRunning_ = pad_->sscAbort.Enabled;
         isFirstFigureAwaited_ = isRunning_;
     }));
-    KeepWith(middle, pad_->lblAttWinPercent.Changed.Connect([this, &middle] {
+    KeepWith(middle, pad_->ResultsFrame.lblAttWinPercent.Changed.Connect([this, &middle] {
         if (isFirstFigureAwaited_)
             middle.ScrollToEnd();
         isFirstFigureAwaited_ = false;

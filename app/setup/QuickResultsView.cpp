@@ -45,8 +45,8 @@ void AlignPoints(const QList<QLabel*>& numbers, const QFont& usual, int room) {
 
 } // namespace
 
-QuickResultsView::QuickResultsView(frmBrawlpad& pad, bool compact) : pad_(&pad) {
-    Bind(*this, pad.fraQuickResults);
+QuickResultsView::QuickResultsView(frmBrawlpad& pad, bool compact) : panel_(&pad.ResultsFrame) {
+    Bind(*this, panel_->fraQuickResults);
     auto* const layout = new QVBoxLayout(this);
     if (compact)
         MakeCompact(*layout);
@@ -60,7 +60,7 @@ QuickResultsView::QuickResultsView(frmBrawlpad& pad, bool compact) : pad_(&pad) 
     moreResults_ = MakeFocusable<QPushButton>(pad, pad.sscMoreResults);
     details->addWidget(moreResults_, 0, Qt::AlignRight | Qt::AlignBottom);
     layout->addLayout(details);
-    MakeMenu();
+    MakeMenu(pad);
 }
 
 QLabel* QuickResultsView::MakeFigure(Label& control) {
@@ -68,15 +68,15 @@ QLabel* QuickResultsView::MakeFigure(Label& control) {
     figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
     // A right click belongs to the frame.
     figure->setContextMenuPolicy(Qt::NoContextMenu);
-    KeepWith(*figure, pad_->lblOutOfDate.Changed.Connect([this, figure] {
-        SetShade(*figure, pad_->lblOutOfDate.Caption.Get().empty() ? Shade::Full : Shade::Dimmed);
+    KeepWith(*figure, panel_->lblOutOfDate.Changed.Connect([this, figure] {
+        SetShade(*figure, panel_->lblOutOfDate.Caption.Get().empty() ? Shade::Full : Shade::Dimmed);
     }));
     return figure;
 }
 
 QLayout* QuickResultsView::MakeCaptions() {
-    caption_ = Make<QLabel>(pad_->lblAttWinPercentCaption);
-    auto* const outOfDate = Make<QLabel>(pad_->lblOutOfDate);
+    caption_ = Make<QLabel>(panel_->lblAttWinPercentCaption);
+    auto* const outOfDate = Make<QLabel>(panel_->lblOutOfDate);
     SetShade(*outOfDate, Shade::Quiet);
     // It asks for no room, so that nothing moves when it comes and goes.
     outOfDate->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -87,13 +87,13 @@ QLayout* QuickResultsView::MakeCaptions() {
 }
 
 QLayout* QuickResultsView::MakeWinPercent(bool compact) {
-    auto* const wins = MakeFigure(pad_->lblAttWinPercent);
+    auto* const wins = MakeFigure(panel_->lblAttWinPercent);
     Enlarge(*wins, compact ? 1.4 : 1.8);
     LabelField(*wins, *caption_);
-    auto* const margin = Make<QLabel>(pad_->lblWinMargin);
+    auto* const margin = Make<QLabel>(panel_->lblWinMargin);
     SetShade(*margin, Shade::Quiet);
-    KeepWith(*margin, pad_->lblWinMargin.Changed.Connect([this, margin] {
-        margin->setToolTip(QString::fromStdString(pad_->WinMarginInWords));
+    KeepWith(*margin, panel_->lblWinMargin.Changed.Connect([this, margin] {
+        margin->setToolTip(QString::fromStdString(panel_->WinMarginInWords));
         margin->setAccessibleDescription(margin->toolTip());
     }));
     const int room = WidthOf(QStringLiteral("00.0000000000000%"), wins->fontMetrics());
@@ -107,7 +107,7 @@ QLayout* QuickResultsView::MakeWinPercent(bool compact) {
         label->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
     wins->setFixedHeight(wins->fontMetrics().height());
     fit();
-    KeepWith(*wins, pad_->lblAttWinPercent.Changed.Connect(fit));
+    KeepWith(*wins, panel_->lblAttWinPercent.Changed.Connect(fit));
 
     // Room for any percentage with its margin behind it.
     constexpr int gap = 8;
@@ -127,22 +127,23 @@ QLayout* QuickResultsView::MakeAverages() {
     layout->setVerticalSpacing(3);
     layout->setHorizontalSpacing(SideBySideGap);
     layout->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-    for (std::size_t column = frmBrawlpad::FirstAverage; column <= frmBrawlpad::LastAverage; ++column) {
-        Label& control = pad_->lblAvg[column];
+    for (std::size_t column = QuickResultsPanel::FirstAverage; column <= QuickResultsPanel::LastAverage;
+         ++column) {
+        Label& control = panel_->lblAvg[column];
         auto* const figure = MakeFigure(control);
         const int room = WidthOf(QStringLiteral("00.000000"), figure->fontMetrics());
         figure->setMinimumWidth(room);
-        AddRow(*layout, pad_->lblAvgCaption[column], figure);
+        AddRow(*layout, panel_->lblAvgCaption[column], figure);
         averages_ += figure;
         KeepWith(*figure, control.Changed.Connect([this, room] { AlignPoints(averages_, font(), room); }));
     }
     return layout;
 }
 
-void QuickResultsView::MakeMenu() {
+void QuickResultsView::MakeMenu(frmBrawlpad& pad) {
     auto* const menu = new QMenu(this);
-    AddItem(*menu, pad_->mnuCopyBattle, CopyBattleKey);
-    AddItem(*menu, pad_->mnuReadOut, ReadOutKey);
+    AddItem(*menu, pad.mnuCopyBattle, CopyBattleKey);
+    AddItem(*menu, pad.mnuReadOut, ReadOutKey);
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QWidget::customContextMenuRequested, menu,
             [this, menu](const QPoint& position) { menu->popup(mapToGlobal(position)); });

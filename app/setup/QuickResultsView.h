@@ -28,9 +28,9 @@ private:
     /// The row of the percentage, with its margin behind it.
     [[nodiscard]] QLayout* MakeWinPercent(bool compact);
     [[nodiscard]] QLayout* MakeAverages();
-    void MakeMenu();
+    void MakeMenu(frmBrawlpad& pad);
 
-    frmBrawlpad* pad_;
+    QuickResultsPanel* panel_;
     QLabel* caption_ = nullptr;
     /// The averages from top to bottom.
     QList<QLabel*> averages_;

@@ -69,18 +69,18 @@ protected:
         Attack("30");
         const auto places = Places();
         for (const auto& c : cases) {
-            pad_.lblAttWinPercent.Caption = c.Wins;
-            pad_.lblWinMargin.Caption = c.Margin;
+            pad_.ResultsFrame.lblAttWinPercent.Caption = c.Wins;
+            pad_.ResultsFrame.lblWinMargin.Caption = c.Margin;
             for (std::size_t i = 0; i < c.Averages.size(); ++i)
-                pad_.lblAvg[frmBrawlpad::FirstAverage + i].Caption = c.Averages[i];
+                pad_.ResultsFrame.lblAvg[QuickResultsPanel::FirstAverage + i].Caption = c.Averages[i];
             const Odds::SideOdds side{{}, c.Losses, c.Losses, c.Losses};
             pad_.OddsFrame.Show(Odds::BattleOdds{1e-9, 1.0 - 1e-9, 0.0, side, side}, "");
             for (const char* remark : {"", "with a hero's editor cancelled"}) {
-                pad_.lblOutOfDate.Caption = remark;
+                pad_.ResultsFrame.lblOutOfDate.Caption = remark;
                 LayOut();
                 std::set<int> points;
                 for (const Label& caption :
-                     std::span(pad_.lblAvgCaption).subspan(frmBrawlpad::FirstAverage)) {
+                     std::span(pad_.ResultsFrame.lblAvgCaption).subspan(QuickResultsPanel::FirstAverage)) {
                     const auto* const figure =
                         dynamic_cast<QLabel*>(FieldOf(&main_, QString::fromStdString(caption.Caption)));
                     const QString whole = figure->text().section('.', 0, 0);

@@ -198,9 +198,9 @@ TEST_F(MainWindow, EveryControlIsNamedAndDescribed) {
     for (const Control* model : std::initializer_list<const Control*>{
              &pad_.cmdAttack, &pad_.sscAbort, &pad_.sscExit, &pad_.sscMoreResults, &pad_.sschkViewStats,
              &pad_.txtCombatDice, &pad_.txtNumSimulations, &pad_.cboTerrain, &pad_.cboCityLevel,
-             &pad_.lblAttWinPercent, &pad_.cboArmies[Side::Attacker], &pad_.lstArmies[Side::Attacker],
-             &pad_.sscDup[Side::Defender], &pad_.txtDup[Side::Defender], &pad_.sscClearList[Side::Attacker],
-             &pad_.sscListArrow[3], &statistics.msfgStackStats.Attacker,
+             &pad_.ResultsFrame.lblAttWinPercent, &pad_.cboArmies[Side::Attacker],
+             &pad_.lstArmies[Side::Attacker], &pad_.sscDup[Side::Defender], &pad_.txtDup[Side::Defender],
+             &pad_.sscClearList[Side::Attacker], &pad_.sscListArrow[3], &statistics.msfgStackStats.Attacker,
              &statistics.Panels.Defender.Raw()[2].Figure})
         EXPECT_TRUE(isTold(*model)) << model->ToolTip;
 

@@ -76,11 +76,11 @@ TEST_F(Run, SaysHowFarItsFiguresCanBeTrusted) {
     LineUp({"Oath Guard"}, {"Oath Guard"});
     Attack("30");
     auto* const frame = Find<QWidget>(&main_, "Quick Results");
-    const QString margin = QString::fromStdString(pad_.lblWinMargin.Caption);
+    const QString margin = QString::fromStdString(pad_.ResultsFrame.lblWinMargin.Caption);
     EXPECT_EQ(LinesOf(frame)[1], Figures()[0] + ' ' + margin);
     const auto* const label = Find<QLabel>(frame, margin);
     EXPECT_TRUE(label->toolTip().startsWith("With a confidence of 95%, "));
-    EXPECT_EQ(label->toolTip().toStdString(), pad_.WinMarginInWords.Get());
+    EXPECT_EQ(label->toolTip().toStdString(), pad_.ResultsFrame.WinMarginInWords.Get());
     EXPECT_EQ(label->accessibleDescription(), label->toolTip());
     // Figures of an earlier set-up step back.
     const auto colour = [this](const char* caption) {

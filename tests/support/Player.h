@@ -28,7 +28,7 @@ struct Player final : Game {
     std::string Chances() const {
         return Text(Pad.OddsFrame.lblChance.Attacker) + " " + Text(Pad.OddsFrame.lblChance.Defender);
     }
-    std::string OutOfDate() const { return Text(Pad.lblOutOfDate); }
+    std::string OutOfDate() const { return Text(Pad.ResultsFrame.lblOutOfDate); }
     std::string OddsState() const { return Text(Pad.OddsFrame.lblState); }
     std::string Change() const {
         return Text(Pad.OddsFrame.lblChange) + ": " + Pad.OddsFrame.ChangeInWords.Get();

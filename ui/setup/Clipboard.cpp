@@ -21,26 +21,15 @@ void frmBrawlpad::Copy(Side side) {
 }
 
 std::string frmBrawlpad::BattleAsText() const {
-    const std::string odds = OddsFrame.AsText();
-    return BattleText{*units_}.Write(CurrentSetup()) +
-           (odds.empty() ? "" : "\n" + OddsFrame.fraOdds.Caption.Get() + "\n" + odds) + ResultsAsText();
-}
-
-std::string frmBrawlpad::ResultsAsText() const {
-    const Setup* const fought = lastRun_.Shown();
-    if (fought == nullptr)
-        return {};
-    std::string text = "\n" + fraQuickResults.Caption.Get() + "\n";
-    const auto add = [&text](const Label& caption, const std::string& figure) {
-        text += caption.Caption.Get() + " " + figure + "\n";
+    std::string text = BattleText{*units_}.Write(CurrentSetup());
+    const auto add = [&text](const Frame& frame, const std::string& figures) {
+        if (!figures.empty())
+            text += "\n" + frame.Caption.Get() + "\n" + figures;
     };
-    if (const std::string& remark = lblOutOfDate.Caption; !remark.empty())
-        text += "(" + remark + ")\n";
+    add(OddsFrame.fraOdds, OddsFrame.AsText());
     // The field may hold another number by now.
-    add(lblAttWinPercentCaption, lblAttWinPercent.Caption.Get() + " (" + lblWinMargin.Caption.Get() +
-                                     ") of " + fought->NumBattles + " battles");
-    for (std::size_t column = FirstAverage; column <= LastAverage; ++column)
-        add(lblAvgCaption[column], lblAvg[column].Caption);
+    if (const Setup* const fought = lastRun_.Shown())
+        add(ResultsFrame.fraQuickResults, ResultsFrame.AsText(fought->NumBattles));
     return text;
 }
 

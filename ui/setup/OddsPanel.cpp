@@ -54,6 +54,19 @@ std::string OddsPanel::AsText() const {
     return text;
 }
 
+std::string OddsPanel::InWords() const {
+    std::string words = fraOdds.Caption.Get() + ": ";
+    if (const std::string& chances = lblSentence.Caption; !chances.empty()) {
+        words += chances + ". " + lblLosses.Caption.Get();
+        for (const Side side : BothSides)
+            words += "; " + lblSide[side].Caption.Get() + " " + LossesInWords(Rows.front(), side);
+        words += ".";
+        if (!lblState.Caption.Get().empty())
+            words += " ";
+    }
+    return words + lblState.Caption.Get();
+}
+
 void OddsPanel::ShowChange(const std::optional<Chance>& before, const std::optional<Chance>& now) {
     if (!before || !now) {
         ChangeInWords = "";

@@ -57,6 +57,8 @@ public:
 
     /// All that is shown, as lines of text; empty without odds.
     [[nodiscard]] std::string AsText() const;
+    /// The same in sentences; without odds, why there are none.
+    [[nodiscard]] std::string InWords() const;
 
     /// The attacker's chance and how it has changed, "Attacker 83.1%, 3.5 points more"; empty without odds.
     [[nodiscard]] std::string Announcement() const;

@@ -3,7 +3,6 @@
 #include "base/Conversion.h"
 #include "engine/MBattleCalc.h"
 #include "ui/results/frmStats.h"
-#include "ui/setup/WinMargin.h"
 #include "ui/setup/frmBrawlpad.h"
 
 namespace vorhaven {
@@ -106,19 +105,12 @@ void frmBrawlpad::ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) {
 }
 
 void frmBrawlpad::ShowWinPercent(const std::string& text) {
-    lblAttWinPercent.Caption = text;
     const MBattleCalc::ResultsTable& results = MBattleCalc::BattleResults;
     Long wins = 0;
     for (Long battle = 1; battle <= results.RowCount(); ++battle)
         wins += results(battle, MBattleCalc::ResultColumn::Winner);
-    const WinMargin margin = MarginOf(wins, results.RowCount());
-    WinMarginInWords = margin.Sentence;
-    lblWinMargin.Caption = margin.Figure;
+    ResultsFrame.ShowWinPercent(text, wins, results.RowCount());
     lastRun_.ShowResults();
-}
-
-void frmBrawlpad::ShowAverage(Long column, const std::string& text) {
-    lblAvg[column.Index()].Caption = text;
 }
 
 void frmBrawlpad::sscAbort_Click() {

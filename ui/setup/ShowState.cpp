@@ -17,7 +17,7 @@ void frmBrawlpad::ShowState() {
     mnuRedo.Enabled = history_.CanRedo();
     lblTerrainLocked.Caption = RemarkOnTerrain();
     const Setup& now = history_.Current();
-    lblOutOfDate.Caption = lastRun_.RemarkOnResults(now, *units_);
+    ResultsFrame.lblOutOfDate.Caption = lastRun_.RemarkOnResults(now, *units_);
     liveOdds_.Show(now, *units_);
     FollowWithAdvice(now);
     for (const Side side : BothSides) {

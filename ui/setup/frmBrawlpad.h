@@ -15,6 +15,7 @@
 #include "ui/setup/LastRun.h"
 #include "ui/setup/LiveOdds.h"
 #include "ui/setup/OddsPanel.h"
+#include "ui/setup/QuickResultsPanel.h"
 #include "ui/setup/Setup.h"
 #include "ui/setup/SetupHistory.h"
 #include "ui/setup/Toolkit.h"
@@ -29,8 +30,8 @@ namespace vorhaven {
 
 /// The main window: settings, the two army lists with their conditions, and the runs. What concerns the
 /// window as a whole is in frmBrawlpad.cpp; the other sources go by topic: Settings.cpp, Lists.cpp,
-/// Conditions.cpp, Heroes.cpp, Run.cpp, CurrentSetup.cpp, Undo.cpp, ShowState.cpp, ReadOut.cpp,
-/// Clipboard.cpp, Advice.cpp.
+/// Conditions.cpp, Heroes.cpp, Run.cpp, CurrentSetup.cpp, Undo.cpp, ShowState.cpp, Clipboard.cpp,
+/// Advice.cpp.
 class frmBrawlpad final : public Form, private MBattleCalc::BattleHost, private AdviceHost {
 public:
     /// `provider` and `toolkit` must outlive the window.
@@ -121,10 +122,10 @@ public:
     void Undo() override;
     void Redo() override;
 
-    // ReadOut.cpp
-
     /// The quick results and the exact odds in sentences.
-    [[nodiscard]] std::string ResultsInWords() const;
+    [[nodiscard]] std::string ResultsInWords() const {
+        return ResultsFrame.InWords() + " " + OddsFrame.InWords();
+    }
     /// Raised with what a screen reader is to say: the results as a run ends, or on demand.
     Signal<std::string> ReadOut;
 
@@ -192,30 +193,7 @@ public:
 
     OddsPanel OddsFrame;
 
-    Frame fraQuickResults{"Quick Results"};
-    Label lblAttWinPercentCaption{"Attacker Wins:"};
-    /// How far the percentage can be trusted, with the same in words.
-    Label lblWinMargin;
-    Property<std::string> WinMarginInWords{lblWinMargin, {}};
-    /// Says why the quick results are not those of the last run of what is set up; empty while they are.
-    Label lblOutOfDate;
-    Label lblAttWinPercent{"", "The attacker should win approximately this percentage of battles"};
-    /// The averages of the results columns 2 to 5, indexed by column; 0 and 1 are not used.
-    static constexpr std::int32_t FirstAverage = 2;
-    static constexpr std::int32_t LastAverage = 5;
-    std::array<Label, LastAverage + 1> lblAvgCaption{Label{},
-                                                     Label{},
-                                                     Label{"Avg. Att. Units Lost:"},
-                                                     Label{"Avg. Att. Prod. Turns Lost:"},
-                                                     Label{"Avg. Def Units Lost:"},
-                                                     Label{"Avg. Def. Prod. Turns Lost:"}};
-    std::array<Label, LastAverage + 1> lblAvg{
-        Label{},
-        Label{},
-        Label{"", "The attacker should lose, on average, approximately this number of units"},
-        Label{"", "The units lost, on average, by the attacker add up to this many turns of production"},
-        Label{"", "The defender should lose, on average, approximately this number of units"},
-        Label{"", "The units lost, on average, by the defender add up to this many turns of production"}};
+    QuickResultsPanel ResultsFrame;
 
     /// Why the terrain cannot be chosen, or what frees it; empty while it can be chosen.
     Label lblTerrainLocked;
@@ -354,9 +332,6 @@ private:
     /// Why the terrain cannot be chosen, or what frees it; empty while it can be chosen.
     [[nodiscard]] std::string RemarkOnTerrain() const;
 
-    // Clipboard.cpp
-    [[nodiscard]] std::string ResultsAsText() const;
-
     // Advice.cpp
     /// Lets the row of the best order and the window of advice be of a set-up.
     void FollowWithAdvice(const Setup& now);
@@ -380,7 +355,9 @@ private:
     void ProcessEvents() override { toolkit_->ProcessEvents(); }
     void BetweenBattles() override { toolkit_->ProcessOverdueEvents(); }
     void ShowWinPercent(const std::string& text) override;
-    void ShowAverage(Long column, const std::string& text) override;
+    void ShowAverage(Long column, const std::string& text) override {
+        ResultsFrame.ShowAverage(column, text);
+    }
     void ShowStats(CStackAtt& attackStack, CStackAtt& defendStack) override;
 
     const CatalogueProvider* provider_;
