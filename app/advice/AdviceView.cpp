@@ -8,13 +8,13 @@
 #include "app/controls/Announcer.h"
 #include "app/controls/BoundWidgets.h"
 #include "app/controls/DropDown.h"
+#include "app/controls/UndoKeys.h"
 #include "app/program/ErrorReport.h"
 #include "app/program/Shade.h"
 #include "app/setup/OddsBar.h"
 
+#include <QFocusEvent>
 #include <QFontInfo>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcut>
@@ -287,8 +287,7 @@ void AdviceView::MakeShortcuts() {
         turn(QKeySequence(key), 1);
     for (const QKeyCombination key : {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::Key_PageUp})
         turn(QKeySequence(key), -1);
-    for (QLineEdit* edit : findChildren<QLineEdit*>())
-        edit->installEventFilter(this);
+    LeaveUndoToWindow(*this);
 }
 
 void AdviceView::MakeAnnouncements() {
@@ -302,20 +301,6 @@ void AdviceView::MakeAnnouncements() {
             announcer->Say(QString::fromStdString(words));
     });
     KeepWith(*settled, advice_->OddsFrame().fraOdds.Changed.Connect([settled] { settled->start(); }));
-}
-
-bool AdviceView::eventFilter(QObject* watched, QEvent* event) {
-    if (qobject_cast<QLineEdit*>(watched) == nullptr)
-        return SecondaryWindow::eventFilter(watched, event);
-    // A field's own undo would stand in the way of the main window's.
-    if (event->type() == QEvent::ShortcutOverride) {
-        auto* const key = static_cast<QKeyEvent*>(event);
-        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
-            key->ignore();
-            return true;
-        }
-    }
-    return false;
 }
 
 void AdviceView::showEvent(QShowEvent* event) {

@@ -19,7 +19,6 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void showEvent(QShowEvent* event) override;
 

@@ -6,6 +6,7 @@
 #include "app/controls/BoundWidgets.h"
 #include "app/controls/DropDown.h"
 #include "app/controls/Scroller.h"
+#include "app/controls/UndoKeys.h"
 #include "app/program/ErrorReport.h"
 #include "app/program/Shade.h"
 #include "app/setup/ArmyListView.h"
@@ -14,14 +15,12 @@
 #include "app/setup/QuickResultsView.h"
 #include "app/setup/Room.h"
 
-#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QProgressBar>
@@ -263,23 +262,7 @@ void MainView::MakeShortcuts() {
         ComeToFront();
         armies_[side]->List()->setFocus(Qt::OtherFocusReason);
     }));
-    // A field's own undo would go behind the window's, which has the field's changes too.
-    for (QLineEdit* edit : findChildren<QLineEdit*>())
-        edit->installEventFilter(this);
-    // A number box passes keys on to its field by itself.
-    for (QAbstractSpinBox* box : findChildren<QAbstractSpinBox*>())
-        box->installEventFilter(this);
-}
-
-bool MainView::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride) {
-        auto* const key = static_cast<QKeyEvent*>(event);
-        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
-            key->ignore();
-            return true;
-        }
-    }
-    return QMainWindow::eventFilter(watched, event);
+    LeaveUndoToWindow(*this);
 }
 
 void MainView::ComeToFront() {

@@ -25,7 +25,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     [[nodiscard]] QWidget* MakeMiddle();
