@@ -70,9 +70,16 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
         if (orientation == Qt::Vertical)
             return {};
-        if (role == Qt::DisplayRole)
+        switch (role) {
+        case Qt::DisplayRole:
             return ToQt(ColumnOf(section).Header);
-        return role == Qt::TextAlignmentRole ? AlignmentOf(section) : QVariant{};
+        case Qt::TextAlignmentRole:
+            return AlignmentOf(section);
+        case Qt::InitialSortOrderRole:
+            return FirstOrderOf(ColumnOf(section));
+        default:
+            return {};
+        }
     }
 
     void Reset() {
@@ -91,6 +98,11 @@ private:
     [[nodiscard]] QVariant AlignmentOf(int column) const {
         return static_cast<int>((ColumnOf(column).IsFigure ? Qt::AlignRight : Qt::AlignLeft) |
                                 Qt::AlignVCenter);
+    }
+
+    /// The best figures come first, and words by the alphabet.
+    static Qt::SortOrder FirstOrderOf(const AdviceTable::Column& column) {
+        return column.IsFigure && !column.IsCost ? Qt::DescendingOrder : Qt::AscendingOrder;
     }
 
     const AdviceTable* table_;

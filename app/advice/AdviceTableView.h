@@ -9,8 +9,9 @@
 
 namespace vorhaven {
 
-/// A table of advice on the screen. A click on a header sorts it by that column, a third one undoes that; the
-/// rows of a side stay below their heading. Ctrl+C copies all of it.
+/// A table of advice on the screen. A click on a header sorts it by that column, the best figures first; a
+/// second one the other way round, a third one undoes that. The rows of a side stay below their heading.
+/// Ctrl+C copies all of it.
 class AdviceTableView final : public QTableView {
 public:
     /// `table` must outlive the view.

@@ -22,6 +22,8 @@ public:
         std::string Header;
         bool IsFigure = true;
         Weight Look = Weight::Normal;
+        /// Of these figures the least is the best, of any others the greatest.
+        bool IsCost = false;
     };
     struct Cell {
         std::string Text{};

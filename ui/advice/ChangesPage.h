@@ -19,8 +19,8 @@ public:
                            {{"Change", false},
                             {"Attacker wins"},
                             {"gain", true, AdviceTable::Weight::Strong},
-                            {"Own turns lost"},
-                            {"more", true, AdviceTable::Weight::Quiet}}};
+                            {.Header = "Own turns lost", .IsCost = true},
+                            {.Header = "more", .Look = AdviceTable::Weight::Quiet, .IsCost = true}}};
     Label lblSentence;
     Button cmdApply{"A&pply", "Change the set-up so"};
 

@@ -19,10 +19,10 @@ public:
         txtToWin, 1, 99, 90, UpDown::Typing::WithinLimits, "Select how many percent of battles to win"};
     Label lblSentence;
     AdviceTable tblParts{"Parts of the attackers",
-                         {{"Turns\nsent"},
+                         {{.Header = "Turns\nsent", .IsCost = true},
                           {"Attacker\nwins"},
                           {"change", true, AdviceTable::Weight::Quiet},
-                          {"Own turns\nlost"}}};
+                          {.Header = "Own turns\nlost", .IsCost = true}}};
     AdviceTable tblLines{"Who is sent and who may stay",
                          {{"Stack 1", false},
                           {"Conditions", false, AdviceTable::Weight::Quiet},

@@ -21,8 +21,8 @@ public:
     AdviceTable tblOrders{"Orders",
                           {{"Attacker\nwins"},
                            {"gain", true, AdviceTable::Weight::Strong},
-                           {"Own turns\nlost"},
-                           {"more", true, AdviceTable::Weight::Quiet}}};
+                           {.Header = "Own turns\nlost", .IsCost = true},
+                           {.Header = "more", .Look = AdviceTable::Weight::Quiet, .IsCost = true}}};
     AdviceTable tblLines{"Lines of the order",
                          {{"Stack 1", false},
                           {"Conditions", false, AdviceTable::Weight::Quiet},
