@@ -12,6 +12,7 @@
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -156,13 +157,30 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override {
         QHeaderView::paintEvent(event);
-        // Beyond the sections, too, the names stand on Base.
+        // Beyond the sections, too, the names are on Base.
+        const int end = length() - offset();
         QRect rest = viewport()->rect();
-        if (orientation() == Qt::Horizontal)
-            rest.setLeft(length() - offset());
+        if (orientation() == Qt::Vertical)
+            rest.setTop(end);
+        else if (isRightToLeft())
+            rest.setWidth(rest.width() - end);
         else
-            rest.setTop(length() - offset());
-        QPainter(viewport()).fillRect(rest, palette().color(QPalette::Base));
+            rest.setLeft(end);
+        QPainter painter(viewport());
+        painter.fillRect(rest, palette().color(QPalette::Base));
+        for (int section = 0; section < count(); ++section)
+            if (map_->IsOfSums(*this, section))
+                paintSection(&painter, RectOf(section), section);
+    }
+    bool viewportEvent(QEvent* event) override {
+        // A name that the headings of the sums cover is not pointed at.
+        if (event->type() == QEvent::ToolTip) {
+            const QPoint position = static_cast<QHelpEvent*>(event)->pos();
+            const int place = orientation() == Qt::Vertical ? position.y() : position.x();
+            if (map_->IsOfSums(*this, map_->SectionAt(*this, place)))
+                return true;
+        }
+        return QHeaderView::viewportEvent(event);
     }
     void paintSection(QPainter* painter, const QRect& rect, int section) const override {
         painter->save();
@@ -186,6 +204,11 @@ protected:
 
 private:
     [[nodiscard]] bool IsSmall() const { return pairs_->Page().IsSmall(); }
+    [[nodiscard]] QRect RectOf(int section) const {
+        const int place = map_->PlaceOf(*this, section);
+        return orientation() == Qt::Vertical ? QRect(0, place, width(), sectionSize(section))
+                                             : QRect(place, 0, sectionSize(section), height());
+    }
     [[nodiscard]] int NumberWidth() const {
         return IsSmall() ? QFontMetrics(map_->NameFont()).horizontalAdvance(QStringLiteral("  00")) : 0;
     }
@@ -390,6 +413,7 @@ QFont SlayingMap::ColumnFont() const {
 }
 
 void SlayingMap::Follow() {
+    const bool isFirst = !currentIndex().isValid();
     const std::array scrolled{horizontalScrollBar()->value(), verticalScrollBar()->value()};
     pairs_->Reset();
     FitCells();
@@ -397,6 +421,8 @@ void SlayingMap::Follow() {
         return;
     const SlayingPage::Cell current = page_->Current();
     setCurrentIndex(pairs_->index(static_cast<int>(current.Attacker), static_cast<int>(current.Defender)));
+    if (isFirst)
+        return;
     horizontalScrollBar()->setValue(scrolled[0]);
     verticalScrollBar()->setValue(scrolled[1]);
 }
@@ -429,9 +455,102 @@ void SlayingMap::FitCells() {
         setRowHeight(pairs_->Attackers(), height * 3 / 2);
 }
 
+bool SlayingMap::IsOfSums(const QHeaderView& header, int section) const {
+    return section >= (header.orientation() == Qt::Vertical ? pairs_->Attackers() : pairs_->Defenders());
+}
+
+int SlayingMap::PlaceOf(const QHeaderView& header, int section) const {
+    const int place = header.sectionViewportPosition(section);
+    if (!IsOfSums(header, section))
+        return place;
+    const int fromEnd = header.length() - header.sectionPosition(section);
+    if (header.orientation() == Qt::Vertical)
+        return std::min(place, viewport()->height() - fromEnd);
+    return isRightToLeft() ? std::max(place, fromEnd - header.sectionSize(section))
+                           : std::min(place, viewport()->width() - fromEnd);
+}
+
+int SlayingMap::SectionAt(const QHeaderView& header, int place) const {
+    for (int section = header.count() - 1; section >= 0 && IsOfSums(header, section); --section) {
+        const int start = PlaceOf(header, section);
+        if (place >= start && place < start + header.sectionSize(section))
+            return section;
+    }
+    return header.logicalIndexAt(place);
+}
+
+QRect SlayingMap::visualRect(const QModelIndex& index) const {
+    QRect place = QTableView::visualRect(index);
+    if (index.isValid())
+        place.moveTo(PlaceOf(*horizontalHeader(), index.column()), PlaceOf(*verticalHeader(), index.row()));
+    return place;
+}
+
+QModelIndex SlayingMap::indexAt(const QPoint& position) const {
+    return pairs_->index(SectionAt(*verticalHeader(), position.y()),
+                         SectionAt(*horizontalHeader(), position.x()));
+}
+
+void SlayingMap::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    QTableView::scrollTo(index, hint);
+    if (!pairs_->IsPair(index))
+        return;
+    // Out from under the sums.
+    const QRect place = visualRect(index);
+    const QRect sums = visualRect(pairs_->index(pairs_->Attackers(), pairs_->Defenders()));
+    const int sideways = isRightToLeft() ? sums.right() - place.left() : place.right() - sums.left();
+    const std::pair<QScrollBar*, int> covered[] = {{horizontalScrollBar(), sideways + 1},
+                                                   {verticalScrollBar(), place.bottom() - sums.top() + 1}};
+    for (const auto& [bar, pixels] : covered)
+        bar->setValue(bar->value() + std::max(0, pixels));
+}
+
+void SlayingMap::scrollContentsBy(int dx, int dy) {
+    QTableView::scrollContentsBy(dx, dy);
+    for (QWidget* moved : {viewport(), horizontalHeader()->viewport(), verticalHeader()->viewport()})
+        moved->update();
+}
+
+void SlayingMap::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    QPainter painter(viewport());
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    // The corner comes last, over the sums that go on below it.
+    for (int row = 0; row < pairs_->rowCount({}); ++row)
+        for (int column = 0; column < pairs_->columnCount({}); ++column) {
+            const QModelIndex index = pairs_->index(row, column);
+            if (pairs_->IsPair(index))
+                continue;
+            option.rect = visualRect(index);
+            painter.fillRect(option.rect, palette().color(QPalette::Base));
+            itemDelegate()->paint(&painter, option, index);
+        }
+    // The line around the pairs, also where they go on below the sums. The current cell's frame is over it.
+    const QRect sums = visualRect(pairs_->index(pairs_->Attackers(), pairs_->Defenders()));
+    QRect pairs = viewport()->rect();
+    pairs.setBottom(sums.top() - 1);
+    if (isRightToLeft())
+        pairs.setLeft(sums.right() + 1);
+    else
+        pairs.setRight(sums.left() - 1);
+    painter.setPen(
+        Shaded(palette().color(QPalette::Text), palette().color(QPalette::Base), Shade::TableLine));
+    painter.drawLine(pairs.bottomLeft(), pairs.bottomRight());
+    const int side = isRightToLeft() ? pairs.left() : pairs.right();
+    painter.drawLine(side, pairs.top(), side, pairs.bottom());
+    if (!pairs_->IsPair(currentIndex()))
+        return;
+    painter.setClipRect(pairs);
+    option.rect = visualRect(currentIndex());
+    itemDelegate()->paint(&painter, option, currentIndex());
+}
+
 void SlayingMap::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     FitCells();
+    // The sentence is about this cell.
+    scrollTo(currentIndex(), EnsureVisible);
 }
 
 void SlayingMap::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

@@ -9,7 +9,8 @@
 namespace vorhaven {
 
 /// The map of who slays whom on the screen: a cell for each pair, its halves coloured by their chances, with
-/// the sums at the right and below. Screen readers are given a table, whose cells are sentences.
+/// the sums at the right and below. Names and sums stay in sight while the cells scroll. Screen readers are
+/// given a table, whose cells are sentences.
 class SlayingMap final : public QTableView {
 public:
     /// `page` must outlive the view.
@@ -20,6 +21,11 @@ public:
     /// "25/57".
     [[nodiscard]] QString AsText() const;
 
+    [[nodiscard]] QModelIndex indexAt(const QPoint& position) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint) override;
+    /// Of sums, where they are seen.
+    [[nodiscard]] QRect visualRect(const QModelIndex& index) const override;
+
     /// The font of the names, and that of the figures.
     [[nodiscard]] QFont NameFont() const;
     [[nodiscard]] QFont FigureFont() const;
@@ -29,7 +35,9 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
 private:
     class Pairs;
@@ -37,6 +45,12 @@ private:
 
     void Follow();
     void FitCells();
+    /// Whether a section is one of sums, behind those of the armies.
+    [[nodiscard]] bool IsOfSums(const QHeaderView& header, int section) const;
+    /// Where a section is seen: one of sums is at the edge as long as its place is further on.
+    [[nodiscard]] int PlaceOf(const QHeaderView& header, int section) const;
+    /// The section that is seen at a place, -1 for none.
+    [[nodiscard]] int SectionAt(const QHeaderView& header, int place) const;
 
     SlayingPage* page_;
     Pairs* pairs_;
