@@ -287,7 +287,7 @@ TEST(Advice, FindsTheFewestArmiesAndSelectsWhoMayStay) {
     EXPECT_EQ(page.tblParts.Current(), 1U);
     EXPECT_EQ(page.lblSentence.Caption.Get(), "% of battles, " + sentence(1));
     page.tblParts.Pick(2);
-    EXPECT_EQ(page.lblSentence.Caption.Get(), "% of battles. The row: " + sentence(2));
+    EXPECT_EQ(page.lblSentence.Caption.Get(), "% of battles. This row: " + sentence(2));
     page.cmdSelect.Press();
     std::vector<std::size_t> stays;
     for (const Long line : player.Pad.lstArmies[Attacker].SelectedLines())

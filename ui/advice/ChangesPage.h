@@ -22,7 +22,7 @@ public:
                             {.Header = "Own turns lost", .IsCost = true},
                             {.Header = "more", .Look = AdviceTable::Weight::Quiet, .IsCost = true}}};
     Label lblSentence;
-    Button cmdApply{"A&pply", "Change the set-up so"};
+    Button cmdApply{"A&pply", "Make this change"};
 
     [[nodiscard]] std::vector<AdviceTable*> Tables() override { return {&tblChanges}; }
 

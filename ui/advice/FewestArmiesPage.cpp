@@ -79,7 +79,7 @@ void FewestArmiesPage::ShowCurrent() {
     else if (!row)
         lblSentence.Caption = "% of battles. Not even all of them: the attacker wins " + WinsText();
     else if (isPicked_)
-        lblSentence.Caption = "% of battles. The row: " + SentenceOf(parts_[*row]);
+        lblSentence.Caption = "% of battles. This row: " + SentenceOf(parts_[*row]);
     else if (*row == 0)
         lblSentence.Caption = "% of battles. All " + ToText(SizeOf(parts_.front().Sent)) + " are needed";
     else

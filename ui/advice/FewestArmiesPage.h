@@ -14,9 +14,8 @@ public:
 
     // The sentence above, with the field in it.
     Label lblToWin{"To win at &least"};
-    TextBox txtToWin{MaxNumberLength, "Select how many percent of battles to win"};
-    UpDown updToWin{
-        txtToWin, 1, 99, 90, UpDown::Typing::WithinLimits, "Select how many percent of battles to win"};
+    TextBox txtToWin{MaxNumberLength, ToWinToolTip};
+    UpDown updToWin{txtToWin, 1, 99, 90, UpDown::Typing::WithinLimits, ToWinToolTip};
     Label lblSentence;
     AdviceTable tblParts{"Parts of the attackers",
                          {{.Header = "Turns\nsent", .IsCost = true},
@@ -36,6 +35,7 @@ public:
     [[nodiscard]] std::vector<AdviceTable*> Tables() override { return {&tblParts, &tblLines}; }
 
 private:
+    static constexpr const char* ToWinToolTip = "Select the percentage of battles to win";
     static constexpr const char* InOrder = "In the order in which they stand now";
 
     [[nodiscard]] std::unique_ptr<Study> MakeStudy() override;
