@@ -16,7 +16,7 @@ Victor Fight(CStackAtt& attackFront, CStackAtt& defendFront, Long battle) {
     while (victor == Victor::Undecided) {
         UnitvsUnit(attackFront, attackFront.Count(), defendFront, defendFront.Count(), battle);
         victor = CheckIfVictor(attackFront.Count(), defendFront.Count(), defendFront);
-        // The stack that was sent stands in AttackFront; another front takes it over from there.
+        // The stack that was sent is in AttackFront; another front takes it over from there.
         if (victor == Victor::Undecided && attackFront.Count() == 0)
             attackFront.CopyFrom(AttackFront);
     }

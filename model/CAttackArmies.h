@@ -58,7 +58,7 @@ inline constexpr std::int32_t MaxLines = MaxStacks * LinesPerStack;
 /// The key of an army by a number: of an attacker in its list by its line from 0.
 [[nodiscard]] std::string LineKey(Long number);
 
-/// The name of the entry that stands for no army.
+/// The name of the entry that means no army.
 inline constexpr const char* NoArmy = "None";
 
 /// What the lists put behind the name of an army that has a condition.

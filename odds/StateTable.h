@@ -71,7 +71,7 @@ private:
     [[nodiscard]] static std::uint64_t KeyOf(const Condition& condition) {
         return std::bit_cast<std::uint64_t>(condition);
     }
-    /// The slot of a condition: where it stands, or the free one where it would.
+    /// The slot of a condition: where it is, or the free one where it would be.
     [[nodiscard]] std::size_t SlotOf(std::uint64_t key) const;
     void Grow();
 

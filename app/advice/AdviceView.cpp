@@ -219,7 +219,7 @@ QLayout* AdviceView::MakeOrders() {
     auto* const layout = new QVBoxLayout;
     layout->addLayout(top);
     layout->addLayout(halves, 1);
-    // Once they have a parent to stand in.
+    // Once they have a parent to be shown in.
     stack->setParent(this);
     stackLabel->setParent(this);
     offerChoice();

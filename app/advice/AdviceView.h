@@ -26,7 +26,7 @@ private:
     /// Both chances, with their bar.
     [[nodiscard]] QLayout* MakeHead();
     void MakePages();
-    /// Adds a page with its contents, in whose place a sentence stands where there is nothing to see.
+    /// Adds a page with its contents, in whose place there is a sentence where nothing is to be seen.
     void AddPage(AdvicePage& page, QLayout* contents);
     /// A button that acts on figures.
     [[nodiscard]] QPushButton* MakeActing(Button& control);

@@ -126,7 +126,7 @@ private:
     const SlayingPage* page_;
 };
 
-/// The names of one side, with what they suffer or have below; of many armies, the defenders' names stand
+/// The names of one side, with what they suffer or have below; of many armies, the defenders' names are
 /// upright and each has its line number.
 class SlayingMap::Names final : public QHeaderView {
 public:
@@ -157,7 +157,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override {
         QHeaderView::paintEvent(event);
-        // Beyond the sections, too, the names are on Base.
+        // Beyond the sections, too, the names have the Base colour behind them.
         const int end = length() - offset();
         QRect rest = viewport()->rect();
         if (orientation() == Qt::Vertical)
@@ -382,7 +382,7 @@ SlayingMap::SlayingMap(SlayingPage& page, QWidget* parent)
     setTabKeyNavigation(false);
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
-    // The place between the names is no button, and stands on Base like the rest.
+    // The place between the names is no button, and has the Base colour like the rest.
     for (QWidget* corner : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         if (corner->inherits("QTableCornerButton"))
             corner->setMaximumSize(0, 0);

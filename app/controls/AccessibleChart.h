@@ -9,7 +9,7 @@ class ChartView;
 /// From now on screen readers find in a chart its categories, each called by its details.
 void InstallAccessibleChart();
 
-/// Tells screen readers that a category, counted from 0, has become the current one.
+/// Announces to screen readers that a category, counted from 0, has become the current one.
 void AnnounceCategory(ChartView& chart, int row);
 
 } // namespace vorhaven

@@ -139,7 +139,7 @@ void ShowLines(ArmyListView& widget, const ListBox& control) {
         if (widget.currentItem() != nullptr)
             widget.scrollToItem(widget.currentItem());
     }
-    // What was added stands at the end.
+    // What was added is at the end.
     if (count > shownCount)
         widget.ShowLastLine();
 }
@@ -322,7 +322,7 @@ void Bind(QAction& action, MenuItem& control) {
     });
     QObject::connect(&action, &QAction::triggered, &action, [&action, &control] {
         RunOutermost([&] { control.Choose(); });
-        // The toolkit has flipped the mark by itself; the control knows how it stands.
+        // The toolkit has flipped the mark by itself; the control knows its state.
         if (action.isCheckable())
             action.setChecked(control.Checked);
     });

@@ -61,7 +61,7 @@ void Bind(NumberBox& widget, UpDown& control);
 /// key, which an open menu does not hear.
 void AddItem(QMenu& menu, MenuItem& control, const QKeySequence& key);
 
-/// Tells the window's model when the widget gets the focus.
+/// Informs the window's model when the widget gets the focus.
 void BindFocus(QWidget& widget, Form& form, Control& control);
 
 /// Makes a label the name of a field: its buddy, and what screen readers call a field that has no text of its

@@ -12,7 +12,7 @@
 #include <limits>
 #include <vector>
 
-// What stands in a chart; how the user acts on it is in ChartView.cpp.
+// What a chart shows; how the user acts on it is in ChartView.cpp.
 namespace vorhaven {
 namespace {
 
@@ -57,7 +57,7 @@ private:
     double limit_;
 };
 
-/// Marks that stand whole where they touch the border of the chart's area.
+/// Marks that are whole where they touch the border of the chart's area.
 class Marks final : public QCPGraph {
 public:
     using QCPGraph::QCPGraph;
@@ -136,7 +136,7 @@ void ChartView::MakeAxes() {
     yAxis2->setTicker(QSharedPointer<WholeNumbers>::create(std::numeric_limits<double>::infinity()));
     for (QCPAxis* axis : {xAxis, yAxis, yAxis2})
         axis->setSubTicks(false);
-    // The mean is told above the area.
+    // The mean is shown above the area.
     axisRect()->setMinimumMargins({0, fontMetrics().height() * 5 / 4, 0, 0});
     xAxis->setTickLength(0);
     xAxis->grid()->setVisible(false);
@@ -146,7 +146,7 @@ void ChartView::MakeAxes() {
 void ChartView::MakePlottables() {
     addLayer(BehindColumns, layer("grid"), limBelow);
     setAutoAddPlottableToLegend(false);
-    // The turns are drawn first, but stand second in the legend.
+    // The turns are drawn first, but come second in the legend.
     series_[1] = new QCPBars(xAxis, yAxis2);
     series_[0] = new QCPBars(xAxis, yAxis);
     series_[0]->setWidth(ColumnWidth);
@@ -343,7 +343,7 @@ void ChartView::ShowMean() {
     QCPItemText* const label = MakeText(ToQt(remarks.MeanText), Shaded(Shade::Quiet));
     label->position->setTypeY(QCPItemPosition::ptAxisRectRatio);
     label->position->setCoords(*remarks.Mean, 0.0);
-    // Near an end of the axis the label stands beside the line instead of on the axis.
+    // Near an end of the axis the label is beside the line instead of on the axis.
     const double last = static_cast<double>(chart_->Rows().size()) - 1.0;
     const Qt::Alignment side = *remarks.Mean < 1.0          ? Qt::AlignLeft
                                : *remarks.Mean > last - 1.0 ? Qt::AlignRight
@@ -398,7 +398,7 @@ void ChartView::ShowUnreachable() {
     const double length = fontMetrics().horizontalAdvance(reason->text());
     if (length <= xAxis->coordToPixel(end) - xAxis->coordToPixel(first))
         return;
-    // Upright where it fits so; otherwise the details of the categories tell it alone.
+    // Upright where it fits so; otherwise only the details of the categories say it.
     reason->setRotation(-90.0);
     reason->setVisible(length <= axisRect()->height());
 }

@@ -10,7 +10,7 @@
 namespace vorhaven {
 
 /// A chart's columns: the first series on the left axis in the colour of the chart's side, the second, thin
-/// and quiet, on an axis of its own on the right; what the chart tells beside them; and exact values as
+/// and quiet, on an axis of its own on the right; what the chart says about them; and exact values as
 /// diamonds.
 class ChartView final : public QCustomPlot {
 public:

@@ -8,7 +8,7 @@
 
 namespace vorhaven {
 
-/// A text box with its up-down. While the text that stands in it is not a number that can be typed there, the
+/// A text box with its up-down. While its text is not a number that can be typed there, the
 /// control keeps its last number, and leaving the box or Enter brings that number back. Screen readers are
 /// given that number and the arrows' limits.
 class NumberBox final : public QAbstractSpinBox {

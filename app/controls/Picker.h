@@ -45,7 +45,7 @@ private:
 /// anything: a key that would move the selection opens the list instead, and letters look up an entry in it.
 class Picker final : public DropDown {
 public:
-    /// The role of what is told quietly beside an entry in the open list: a list of texts, one a column.
+    /// The role of what is shown quietly beside an entry in the open list: a list of texts, one a column.
     static constexpr int DetailsRole = Qt::UserRole;
 
     explicit Picker(QWidget* parent = nullptr);
@@ -64,7 +64,7 @@ protected:
 private:
     void MakeList();
 
-    /// Made when it opens for the first time, so that the window stands sooner: it is most of a picker.
+    /// Made when it opens for the first time, so that the window is up sooner: it is most of a picker.
     PickerList* list_ = nullptr;
     /// The list has been opened since the last pick.
     bool awaitsPick_ = false;

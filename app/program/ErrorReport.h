@@ -7,7 +7,7 @@
 
 namespace vorhaven {
 
-/// What the person is told about an error that ends the program.
+/// What a message says about an error that ends the program.
 struct ErrorReport {
     std::string Headline;
     std::string Details;

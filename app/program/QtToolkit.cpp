@@ -38,7 +38,7 @@ QSize FrameOf(const QWidget& view, const QWidget* other) {
     return {8, view.style()->pixelMetric(QStyle::PM_TitleBarHeight) + 8};
 }
 
-/// Tells when the window manager has put its frame around a window, once.
+/// Notices when the window manager has put its frame around a window, once.
 class FrameWatcher final : public QObject {
 public:
     FrameWatcher(QWidget& view, std::function<void()> onFrame)

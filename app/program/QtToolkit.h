@@ -36,7 +36,7 @@ public:
     void ShowBusy(bool busy) override;
     /// Events are taken in at most every 16 ms, the first time 16 ms after the program became busy, so that a
     /// short run is not slowed by repaints, and then twice in a row: a run shows its progress in two steps,
-    /// which stay together on the screen. What a run shows last stands there as soon as it returns to the
+    /// which stay together on the screen. What a run shows last is there as soon as it returns to the
     /// event loop.
     void ProcessEvents() override;
     void ProcessOverdueEvents() override;

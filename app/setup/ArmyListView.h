@@ -28,7 +28,7 @@ public:
 
     /// The role of what is said quietly at the right end of a line.
     static constexpr int NoteRole = Qt::UserRole;
-    /// The role of the figure that stands behind that, in a column of its own.
+    /// The role of the figure that comes after that, in a column of its own.
     static constexpr int FigureRole = Qt::UserRole + 1;
 
     /// How wide the column of figures is, in pixels: 0 in a list that is too narrow for it.

@@ -18,12 +18,12 @@ constexpr int MarkHeight = 4;
 OddsBar::OddsBar(OddsPanel& panel, QWidget* parent) : QWidget(parent), panel_(&panel) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     KeepWith(*this, panel.fraOdds.Changed.Connect([this] { update(); }));
-    const auto tell = [this, &panel] {
+    const auto name = [this, &panel] {
         setAccessibleName(QString::fromStdString(panel.lblSentence.Caption));
         setToolTip(accessibleName());
     };
-    tell();
-    KeepWith(*this, panel.lblSentence.Changed.Connect(tell));
+    name();
+    KeepWith(*this, panel.lblSentence.Changed.Connect(name));
 }
 
 QSize OddsBar::sizeHint() const {
@@ -51,7 +51,7 @@ void OddsBar::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void OddsBar::Fill(QPainter& painter, QRect part, Side side) const {
-    // The attacker's part stands where the attacker's column does.
+    // The attacker's part is where the attacker's column is.
     if (layoutDirection() == Qt::RightToLeft)
         part.moveLeft(width() - 1 - part.right());
     painter.fillRect(part, SideColour(side, palette()));

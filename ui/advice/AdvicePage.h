@@ -24,7 +24,7 @@ public:
     /// Takes in what the user has just changed.
     virtual void Settle() = 0;
     /// Puts a set-up in place of the present one, as one step to undo; its number of battles does not count.
-    /// What is selected stays selected, wherever it stands.
+    /// What is selected stays selected, wherever it is moved.
     virtual void Use(const Setup& setup) = 0;
     /// Selects lines of a list, from 0, and nothing else of it.
     virtual void SelectLines(Side side, const std::vector<std::size_t>& lines) = 0;
@@ -46,7 +46,8 @@ public:
     AdvicePage& operator=(const AdvicePage&) = delete;
 
     const std::string Caption;
-    /// Stands in the middle of the page instead of everything else; empty while there is something to see.
+    /// A sentence in the middle of the page instead of everything else; empty while there is something to
+    /// see.
     Label lblEmpty;
     /// The tables of the page, the one that the user picks from first.
     [[nodiscard]] virtual std::vector<AdviceTable*> Tables() = 0;
@@ -64,7 +65,7 @@ public:
     bool GoOn(std::int64_t steps);
     /// Empties the page but for a sentence.
     void ShowNothing(const std::string& why);
-    /// Tells that what is shown is of an earlier set-up, or that it is not.
+    /// Marks what is shown as of an earlier set-up, or of the present one.
     void ShowStale(bool isStale);
 
     /// How far the study is, "37 of 80 changes tried".

@@ -16,7 +16,7 @@ struct SingleChange {
     ChangeKind Kind;
     /// "Bless: Hedge Archers (line 4)".
     std::string Text;
-    /// Where one more army would stand, "Line 9, the first of stack 2"; empty for other changes.
+    /// Where one more army would be put, "Line 9, the first of stack 2"; empty for other changes.
     std::string Tooltip;
     /// The set-up with the change. A new line has no Id yet.
     Setup After;

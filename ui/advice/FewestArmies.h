@@ -9,7 +9,7 @@
 
 namespace vorhaven {
 
-/// A part of the attackers, sent in the order in which they stand.
+/// A part of the attackers, sent in the order of the list.
 struct Part {
     /// Their lines, from the top.
     std::vector<std::size_t> Sent;

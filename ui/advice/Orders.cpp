@@ -81,7 +81,7 @@ bool OrdersStudy::SearchOn() {
         for (const Odds::FoundOrder& found : search_->Best()) {
             const double lost = 1.0 - found.Won;
             const std::vector<std::size_t> kinds = InOrderOfFighting(found.Kinds);
-            // Where hardly any battle is lost, a difference tells too little of how many are.
+            // Where hardly any battle is lost, a difference says too little about how many are.
             if (lost < SmallestDifference)
                 Try(kinds);
             else if (kinds != kinds_)
@@ -119,13 +119,13 @@ void OrdersStudy::Note(const std::vector<std::size_t>& kinds, const Prospect& ou
 
 /// The stack's lines when its armies are of these kinds from the top; equal armies keep their order.
 std::vector<std::size_t> OrdersStudy::LinesOf(const std::vector<std::size_t>& kinds) const {
-    std::vector<bool> stands(armies_.size());
+    std::vector<bool> isPlaced(armies_.size());
     std::vector<std::size_t> lines = lines_;
     for (std::size_t place = 0; place < kinds.size(); ++place) {
         std::size_t army = kinds[place];
-        while (stands[army] || kinds_[army] != kinds[place])
+        while (isPlaced[army] || kinds_[army] != kinds[place])
             ++army;
-        stands[army] = true;
+        isPlaced[army] = true;
         lines[armies_[place] - lines_.front()] = armies_[army];
     }
     return lines;

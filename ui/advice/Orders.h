@@ -12,7 +12,7 @@ namespace vorhaven {
 
 /// An order of an attacking stack.
 struct Order {
-    /// The lines of the set-up from 0 that stand in the stack's lines, from the top. "None" stays in its
+    /// The lines of the set-up from 0 that the stack's lines get, from the top. "None" stays in its
     /// place.
     std::vector<std::size_t> Lines;
     Prospect Outcome;

@@ -17,7 +17,7 @@ public:
         std::string Name;
         /// In words, empty for none.
         std::string Conditions;
-        /// Of its list, from 1; and what tells the line apart wherever it stands.
+        /// Of its list, from 1; and what identifies the line wherever it is moved.
         std::size_t Line = 0;
         std::int32_t Id = 0;
         /// The first of a later stack.

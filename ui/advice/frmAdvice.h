@@ -35,7 +35,7 @@ public:
     /// Whether the user can see the window.
     void SetSeen(bool isSeen);
     [[nodiscard]] bool IsSeen() const { return isSeen_; }
-    /// How long the former figures stand as they are before they are told to be out of date.
+    /// How long the former figures are shown as they are before they are marked as out of date.
     std::chrono::milliseconds Patience{300};
     /// Raised when there is something to go on with.
     std::function<void()> WorkBegun;

@@ -36,13 +36,13 @@ public:
         std::string Label;
         /// By series.
         std::array<Long, 2> Values;
-        /// The first value as it stands above its column; empty for none.
+        /// The first value as it is written above its column; empty for none.
         std::string Figure;
         /// What the first value would be without chance.
         std::optional<double> Exact;
         /// How many of what is counted fell into the category.
         Long Count;
-        /// What the user is told about the row, and whether there is anything to tell beyond zeros.
+        /// What there is to say about the row, and whether that is zeros only.
         std::string Details;
         bool IsEmpty = true;
 

@@ -21,7 +21,7 @@ UpDown::UpDown(TextBox& buddy, Long lowest, Long highest, Long value, Typing typ
 }
 
 void UpDown::FollowBuddy() {
-    // While the field holds no number, its last one stands.
+    // While the field holds no number, its last one counts.
     if (const auto number = NumberIn(buddy_->Text()))
         value_ = Clamped(*number);
 }

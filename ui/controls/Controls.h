@@ -188,7 +188,7 @@ public:
     /// Raised when the selection changes, by the user or from code, and by every Pick.
     std::function<void()> Click;
 
-    /// `details`: what is told about the entry beside its text, for the view to show quietly in columns.
+    /// `details`: what the view is to show quietly beside the entry, in columns.
     void AddItem(std::string text, Long datum = 0, std::vector<std::string> details = {});
     /// Removes all entries; none is selected then.
     void Clear();

@@ -46,7 +46,7 @@ public:
     void Quieten(Long row, Long column);
     [[nodiscard]] bool IsQuiet(Long row, Long column) const;
 
-    /// What there is to tell about a row beyond its texts; raises error 9 outside the grid.
+    /// What there is to say about a row beyond its texts; raises error 9 outside the grid.
     void SetDetails(Long row, std::string details);
     [[nodiscard]] const std::string& Details(Long row) const;
 

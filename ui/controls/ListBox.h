@@ -31,11 +31,11 @@ public:
     void SetText(Long line, const std::string& text) {
         SetEntry(line, {text, Entry(line).Datum, Entry(line).Id});
     }
-    /// What is told about a line beside its entry, for the view to show quietly.
+    /// A remark on a line, for the view to show quietly beside its entry.
     [[nodiscard]] const std::string& Note(Long line) const { return lines_[IndexOf(line)].Note; }
     void SetNote(Long line, const std::string& note);
 
-    /// A figure of a line, for the view to show in a column of its own: what stands there, the same exactly
+    /// A figure of a line, for the view to show in a column of its own: its text, the same exactly
     /// as a sentence, and as words that go on after the line's text. All empty without one.
     struct Figure {
         std::string Text{};

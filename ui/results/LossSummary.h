@@ -40,7 +40,7 @@ struct LossSummary {
     /// The side's losses when it wins, in words, and how far an aborted run came. `of`: the side.
     [[nodiscard]] std::string Sentence(Side of) const;
 
-    /// What there is to tell about a number of losses: how often exactly, at most and at least so many armies
+    /// What there is to say about a number of losses: how often exactly, at most and at least so many armies
     /// were lost, in percent of the battles fought, and how many were not fought. `turns`: the production
     /// turns that such a loss costs.
     [[nodiscard]] std::string Details(std::int32_t losses, Long turns,

@@ -64,7 +64,7 @@ private:
     void CalculateResultPercent();
     void FillChart();
     static void FillChart(Chart& chart, const LossTable& losses);
-    /// Adds to the charts what they tell beside the columns.
+    /// Adds to the charts what they say beside the columns.
     void Annotate();
     [[nodiscard]] PerSide<LossSummary> Summaries() const;
     /// `highest`: of each series, the highest value that its axis has room for.

@@ -14,7 +14,7 @@
 namespace vorhaven {
 namespace {
 
-/// What may stand around words; a text from elsewhere has carriage returns too.
+/// What may surround words; a text from elsewhere has carriage returns too.
 constexpr std::string_view Blanks = " \t\r";
 constexpr std::string_view Digits = "0123456789";
 
@@ -234,7 +234,7 @@ private:
     }
 
     /// The unit that a text begins with. A unit's name may have commas itself, so the longest one counts; of
-    /// names that differ in letter case alone, the one that is written as it stands.
+    /// names that differ in letter case alone, the one that is spelt exactly like the text.
     [[nodiscard]] std::optional<Troop> NamedAt(std::string_view text) const {
         std::optional<Troop> longest;
         for (const ListEntry& unit : entries_) {

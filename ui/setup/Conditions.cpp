@@ -11,7 +11,7 @@ constexpr std::size_t BlessedItem = 1;
 constexpr std::size_t DiseasedItem = 2;
 constexpr std::size_t PoisonedItem = 3;
 
-/// The condition that each check item of the menu stands for; the medals' heading has none.
+/// The condition that each check item of the menu is about; the medals' heading has none.
 constexpr std::array<bool HealthRow::*, 8> ConditionOfItem{
     nullptr, &HealthRow::Blessed,    &HealthRow::Diseased,      &HealthRow::Poisoned,
     nullptr, &HealthRow::Blacksmith, &HealthRow::Weaponsmaster, &HealthRow::Flying};

@@ -31,7 +31,7 @@ void frmBrawlpad::PutInPlace(const Setup& setup) {
     for (const Side side : BothSides) {
         const std::vector<SetupLine>& lines = setup.Sides[side];
         const ListBox::Selection before = lstArmies[side].CurrentSelection();
-        // Where an army of before stands now, -1 for nowhere.
+        // Where an army of before is now, -1 for nowhere.
         const auto placeOf = [&](Long line) -> Long {
             const std::int32_t id = line < 0 ? 0 : lstArmies[side].Entry(line).Id;
             const auto place = std::ranges::find(lines, id, &SetupLine::Id);

@@ -30,8 +30,8 @@ public:
     /// The set-up of the results that are shown; null while there are none.
     [[nodiscard]] const Setup* Shown() const { return shown_ ? &shown_->AsFought : nullptr; }
 
-    /// How the results that are shown stand to what is set up now; empty while they are those of the last run
-    /// of it.
+    /// How the results that are shown relate to what is set up now; empty while they are those of the last
+    /// run of it.
     [[nodiscard]] std::string RemarkOnResults(const Setup& now, const Units& units) const;
     /// What the detailed results show beside the run's results. `armyCounts`: the armies in its lists.
     [[nodiscard]] frmMoreResults::Background Background(const PerSide<Long>& armyCounts,

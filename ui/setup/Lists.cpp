@@ -58,7 +58,7 @@ void frmBrawlpad::sscDup_Click(Side side) {
     const Long copies = ToLong(txtDup[side].Text());
     if (list.ListIndex() == -1)
         return;
-    // Copied as it stands: a copy shows the mark of its line but has conditions of its own.
+    // Copied as it is: a copy shows the mark of its line but has conditions of its own.
     const ListEntry entry = list.Entry(list.ListIndex());
     const Long before = list.ListCount();
     for (Long copy = 0; copy < copies && list.ListCount() < MaxLines; ++copy) {

@@ -69,7 +69,7 @@ public:
     void ShowChange(const std::optional<Chance>& before, const std::optional<Chance>& now);
 
 private:
-    /// Stands where there is no figure.
+    /// Shown where there is no figure.
     static constexpr const char* Unknown = "–";
 
     static Row MakeRow(const char* caption) {

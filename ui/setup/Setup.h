@@ -47,7 +47,7 @@ struct Setup {
 
     /// Puts the defender on another terrain, a city being a village at first.
     void ChooseTerrain(std::string_view terrain);
-    /// Follows the number of defenders: too many for the open stand in a city, fewer free the terrain.
+    /// Follows the number of defenders: too many for the open are put into a city, fewer free the terrain.
     void AdjustTerrain();
 };
 

@@ -56,7 +56,7 @@ public:
     /// The defender's terrain.
     [[nodiscard]] const std::string& Terrain() const { return terrain_; }
     void SetTerrain(const std::string& terrain) { terrain_ = terrain; }
-    /// Numbers of army types and hero types; a list line whose datum is their sum stands for no army.
+    /// Numbers of army types and hero types; a list line whose datum is their sum means no army.
     [[nodiscard]] Long NumArmies() const { return units_->NumArmies(); }
     [[nodiscard]] Long NumHeroes() const { return units_->NumHeroes(); }
     /// The catalogue's tables.
@@ -65,7 +65,7 @@ public:
 
     void txtNumSimulations_LostFocus();
 
-    /// A defending list of more than eight lines stands in a city and nowhere else.
+    /// A defending list of more than eight lines is in a city and nowhere else.
     void AdjustDefTerrain(Side side, Long lineCount);
 
     // Lists.cpp
@@ -319,7 +319,7 @@ private:
 
     // CurrentSetup.cpp
     /// Shows a set-up in the controls. Lines without an Id are new and get one; what was selected stays
-    /// selected, wherever it stands now.
+    /// selected, wherever it is now.
     void PutInPlace(const Setup& setup);
 
     // Undo.cpp
