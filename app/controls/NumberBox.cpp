@@ -47,8 +47,11 @@ void NumberBox::Show(UpDown& upDown) {
 void NumberBox::ShowNumber() {
     AnnounceNumber();
     const QString number = QString::fromStdString(upDown_->Buddy().Text());
-    if (lineEdit()->text() != number)
-        lineEdit()->setText(number);
+    if (lineEdit()->text() == number)
+        return;
+    // Only what is typed is limited: "2e9" comes back as a longer number.
+    lineEdit()->setMaxLength(std::max(upDown_->Buddy().MaxLength, static_cast<int>(number.size())));
+    lineEdit()->setText(number);
 }
 
 int NumberBox::Number() const {

@@ -39,12 +39,14 @@ TEST_F(Dialogs, HeroFieldsTakeAnyNumberAndKeepTheLastWhileTheirTextIsNone) {
         {"Assassination", "-3", "-3", -3, [](const CArmy& hero) { return hero.Assass; }},
         {"Curse", "x", "4", 4, [](const CArmy& hero) { return hero.Curse; }},
         {"Lightning", "1234567", "123456", 123456, [](const CArmy& hero) { return hero.Lightning; }},
+        {"Acid", "x", "2000000000", 2'000'000'000, [](const CArmy& hero) { return hero.Acid; }}, // "2e9"
         {"Siege", "-", "0", 0, [](const CArmy& hero) { return hero.Siege; }},
     };
     CArmy record;
     record.Name = "An army with a name that is a good deal longer than any of the catalogue's names";
     record.Hits = 3;
     record.Curse = 4;
+    record.Acid = 2'000'000'000;
     frmHero hero(toolkit_);
     hero.Hero = &record;
     hero.Whereabouts = "Defending Armies, line 9";

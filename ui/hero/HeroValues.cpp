@@ -5,9 +5,21 @@
 #include "base/Conversion.h"
 #include "ui/controls/Controls.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace vorhaven {
+namespace {
+
+/// The fewest characters that a number can be typed in: 2000000000 in the three of "2e9".
+std::ptrdiff_t LeastLength(Long value) {
+    const std::string digits = ToText(value);
+    const auto end = std::find_if(digits.rbegin(), digits.rend(), [](char digit) { return digit != '0'; });
+    const auto zeros = end - digits.rbegin();
+    return std::min(std::ssize(digits), std::ssize(digits) - zeros + 2);
+}
+
+} // namespace
 
 HeroValues HeroValues::From(const CArmy& hero) {
     HeroValues values;
@@ -30,7 +42,7 @@ void HeroValues::ApplyTo(CArmy& hero) const {
 bool HeroNumber::Holds(Long value) const {
     CArmy record;
     Write(record, value);
-    return Read(record) == value && std::ssize(ToText(value)) <= MaxNumberLength;
+    return Read(record) == value && LeastLength(value) <= MaxNumberLength;
 }
 
 } // namespace vorhaven
