@@ -18,6 +18,9 @@
 namespace vorhaven {
 namespace {
 
+/// Where errors are reported to; empty where there is no such place.
+constexpr const char* PlaceOfReports = VORHAVEN_REPORTS;
+
 std::string catalogueOrigin;
 
 /// Which program it was, and which units it had.
@@ -53,7 +56,8 @@ void ReportAndEnd(const ErrorReport& report) {
     while (QApplication::overrideCursor() != nullptr)
         QApplication::restoreOverrideCursor();
     std::string advice = "The program has to end. Start it again and enter the battle anew";
-    if (constexpr std::string_view place = VORHAVEN_REPORTS; place.empty())
+    const std::string_view place = PlaceOfReports;
+    if (place.empty())
         advice += ". The details below say what happened.";
     else
         advice += "; if this happens again, please report the details below at " + std::string(place);
