@@ -3,13 +3,11 @@
 #include "app/advice/AdviceTableView.h"
 
 #include "app/controls/Binding.h"
+#include "app/controls/CopyTable.h"
 #include "app/program/ErrorReport.h"
 #include "app/program/Shade.h"
 #include "app/program/SideColours.h"
 
-#include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -209,12 +207,7 @@ AdviceTableView::AdviceTableView(AdviceTable& table, QWidget* parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     SetRowHeight();
     MakeColumns();
-    auto* const copy = new QAction(QStringLiteral("Copy Table"), this);
-    copy->setShortcut(QKeySequence::Copy);
-    copy->setShortcutContext(Qt::WidgetShortcut);
-    connect(copy, &QAction::triggered, this, [this] { QGuiApplication::clipboard()->setText(AsText()); });
-    addAction(copy);
-    setContextMenuPolicy(Qt::ActionsContextMenu);
+    OfferCopy(*this);
     Follow();
     KeepWith(*this, table.Changed.Connect([this] { Follow(); }));
 }
@@ -304,21 +297,6 @@ void AdviceTableView::SetRowHeight() {
 
 QSize AdviceTableView::sizeHint() const {
     return {0, horizontalHeader()->sizeHint().height() + 8 * verticalHeader()->defaultSectionSize()};
-}
-
-QString AdviceTableView::AsText() const {
-    QStringList lines;
-    const int columns = order_->columnCount();
-    for (int row = -1; row < order_->rowCount(); ++row) {
-        QStringList cells;
-        for (int column = 0; column < columns; ++column)
-            cells +=
-                (row < 0 ? order_->headerData(column, Qt::Horizontal) : order_->index(row, column).data())
-                    .toString()
-                    .replace('\n', ' ');
-        lines += cells.join('\t');
-    }
-    return lines.join('\n') + '\n';
 }
 
 } // namespace vorhaven

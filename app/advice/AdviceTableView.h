@@ -18,9 +18,6 @@ public:
     explicit AdviceTableView(AdviceTable& table, QWidget* parent = nullptr);
     ~AdviceTableView() override;
 
-    /// The whole table as it is shown, columns separated by tabs and rows by line ends, headers first.
-    [[nodiscard]] QString AsText() const;
-
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:

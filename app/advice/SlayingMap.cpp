@@ -3,14 +3,12 @@
 #include "app/advice/SlayingMap.h"
 
 #include "app/controls/Binding.h"
+#include "app/controls/CopyTable.h"
 #include "app/program/ErrorReport.h"
 #include "app/program/Shade.h"
 #include "app/program/SideColours.h"
 
-#include <QAction>
-#include <QClipboard>
 #include <QFontInfo>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
@@ -388,12 +386,7 @@ SlayingMap::SlayingMap(SlayingPage& page, QWidget* parent)
             corner->setMaximumSize(0, 0);
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
-    auto* const copy = new QAction(QStringLiteral("Copy Table"), this);
-    copy->setShortcut(QKeySequence::Copy);
-    copy->setShortcutContext(Qt::WidgetShortcut);
-    connect(copy, &QAction::triggered, this, [this] { QGuiApplication::clipboard()->setText(AsText()); });
-    addAction(copy);
-    setContextMenuPolicy(Qt::ActionsContextMenu);
+    OfferCopy(*this);
     Follow();
     KeepWith(*this, page.Changed.Connect([this] { Follow(); }));
 }
@@ -564,21 +557,6 @@ void SlayingMap::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         FitCells();
-}
-
-QString SlayingMap::AsText() const {
-    QStringList lines;
-    for (int row = -1; row < pairs_->rowCount({}); ++row) {
-        QStringList cells{row < 0 ? QString()
-                                  : pairs_->headerData(row, Qt::Vertical, Qt::DisplayRole).toString()};
-        for (int column = 0; column < pairs_->columnCount({}); ++column)
-            cells += (row < 0 ? pairs_->headerData(column, Qt::Horizontal, Qt::DisplayRole)
-                              : pairs_->index(row, column).data())
-                         .toString()
-                         .replace('\n', ' ');
-        lines += cells.join('\t');
-    }
-    return lines.join('\n') + '\n';
 }
 
 } // namespace vorhaven

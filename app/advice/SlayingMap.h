@@ -17,10 +17,6 @@ public:
     explicit SlayingMap(SlayingPage& page, QWidget* parent = nullptr);
     ~SlayingMap() override;
 
-    /// The map with its names, columns separated by tabs and rows by line ends, both figures of a cell as
-    /// "25/57".
-    [[nodiscard]] QString AsText() const;
-
     [[nodiscard]] QModelIndex indexAt(const QPoint& position) const override;
     void scrollTo(const QModelIndex& index, ScrollHint hint) override;
     /// Of sums, where they are seen.
