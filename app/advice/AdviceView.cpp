@@ -8,6 +8,7 @@
 #include "app/controls/Announcer.h"
 #include "app/controls/BoundWidgets.h"
 #include "app/controls/DropDown.h"
+#include "app/controls/OwnNames.h"
 #include "app/controls/UndoKeys.h"
 #include "app/program/ErrorReport.h"
 #include "app/program/Shade.h"
@@ -209,6 +210,8 @@ QLayout* AdviceView::MakeOrders() {
     plot->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     (new QVBoxLayout(plot))->addWidget(new OrdersPlot(page));
     plot->layout()->setContentsMargins(1, 1, 1, 1);
+    // The table says all of it.
+    HideFromScreenReaders(*plot);
     left->addWidget(plot, 5);
     auto* const right = new QVBoxLayout;
     right->addWidget(new AdviceTableView(page.tblLines), 1);

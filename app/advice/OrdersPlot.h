@@ -9,7 +9,7 @@
 namespace vorhaven {
 
 /// The best orders as points, chance of winning upward and own turns lost to the right, beside the set-up as
-/// it is now. A click on a point makes its row the current one. The table says all of it to screen readers.
+/// it is now. A click on a point makes its row the current one.
 class OrdersPlot final : public QCustomPlot {
 public:
     /// `page` must outlive the view.

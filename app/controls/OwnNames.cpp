@@ -9,6 +9,8 @@
 namespace vorhaven {
 namespace {
 
+constexpr const char* HiddenProperty = "isHiddenFromScreenReaders";
+
 using Relations = QList<std::pair<QAccessibleInterface*, QAccessible::Relation>>;
 
 /// What only fills a place, or a line between others. No frame is its label.
@@ -43,6 +45,19 @@ private:
     QLabel* label_;
 };
 
+/// What screen readers pass over.
+class Hidden final : public QAccessibleWidget {
+public:
+    explicit Hidden(QWidget& widget) : QAccessibleWidget(&widget, QAccessible::NoRole) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state;
+        state.invisible = true;
+        return state;
+    }
+    [[nodiscard]] int childCount() const override { return 0; }
+};
+
 bool IsLine(const QFrame& frame) {
     return frame.frameShape() == QFrame::HLine || frame.frameShape() == QFrame::VLine;
 }
@@ -50,6 +65,8 @@ bool IsLine(const QFrame& frame) {
 QAccessibleInterface* MakeAccessible(const QString& className, QObject* object) {
     if (className != QLatin1String(object->metaObject()->className()))
         return nullptr;
+    if (object->property(HiddenProperty).toBool())
+        return new Hidden(static_cast<QWidget&>(*object));
     if (auto* const label = qobject_cast<QLabel*>(object))
         return new PlainLabel(*label);
     if (className == QLatin1String("QFrame")) {
@@ -65,6 +82,10 @@ QAccessibleInterface* MakeAccessible(const QString& className, QObject* object) 
 
 void InstallOwnNames() {
     QAccessible::installFactory(MakeAccessible);
+}
+
+void HideFromScreenReaders(QWidget& widget) {
+    widget.setProperty(HiddenProperty, true);
 }
 
 } // namespace vorhaven
