@@ -16,6 +16,7 @@
 
 #include <QFocusEvent>
 #include <QFontInfo>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcut>
@@ -34,9 +35,22 @@ QLabel* MakeQuiet(Label& control) {
     return label;
 }
 
+/// A label that ends in "…" where its text is longer than there is room.
+class Elided final : public QLabel {
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        const QRect place = contentsRect();
+        style()->drawItemText(
+            &painter, place, static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())),
+            palette(), isEnabled(), fontMetrics().elidedText(text(), Qt::ElideRight, place.width()),
+            foregroundRole());
+    }
+};
+
 /// A sentence of whatever length, which does not widen the window.
 QLabel* MakeSentence(Label& control) {
-    auto* const label = Make<QLabel>(control);
+    auto* const label = Make<Elided>(control);
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     KeepWith(*label, control.Changed.Connect([label] { label->setToolTip(label->text()); }));
     return label;
