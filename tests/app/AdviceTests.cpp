@@ -5,8 +5,10 @@
 #include "tests/app/WindowFixture.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTableView>
+#include <qcustomplot.h>
 
 #include <cmath>
 
@@ -43,6 +45,19 @@ protected:
         }
         return lines;
     }
+    /// Clicks on a column's header.
+    static void SortBy(QTableView* table, int column) {
+        QHeaderView* const header = table->horizontalHeader();
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                          {header->sectionViewportPosition(column) + 5, 5});
+    }
+    /// What is shown in a column of figures, from the top.
+    static std::vector<double> Figures(const QTableView* table, int column) {
+        std::vector<double> figures;
+        for (const QString& line : Shown(table))
+            figures.push_back(line.section('|', column, column).replace("\u2212", "-").toDouble());
+        return figures;
+    }
     static void ExpectToShow(QTableView* table, const AdviceTable& model) {
         EXPECT_TRUE(table->isVisible());
         QStringList rows;
@@ -78,6 +93,13 @@ TEST_F(AdviceWindow, ShowsWhatItsPagesHaveAndActsOnTheMainWindow) {
 
     auto* const armies = Find<QTableView>(advice, "Armies of both sides");
     ExpectToShow(armies, model.Armies.tblArmies);
+    const QColor base = armies->palette().color(QPalette::Base);
+    const QImage bars = armies->viewport()->grab().toImage();
+    for (const auto& [row, side] : {std::pair{2, Side::Attacker}, {6, Side::Defender}}) {
+        const QPoint start = armies->visualRect(armies->model()->index(row, 2)).topLeft();
+        EXPECT_EQ(bars.pixel(start + QPoint(3, 3)),
+                  Mixed(SideColour(side, armies->palette()), base, 0.28).rgb());
+    }
     // The arrow keys pass over the heading of the other side.
     armies->setFocus();
     for (int key = 0; key < 3; ++key)
@@ -90,7 +112,7 @@ TEST_F(AdviceWindow, ShowsWhatItsPagesHaveAndActsOnTheMainWindow) {
     EXPECT_TRUE(advice->isVisible());
     EXPECT_TRUE(List(Side::Defender)->item(0)->isSelected());
     // Sorted by a column, the sides keep their places; copied, it is what is shown.
-    armies->sortByColumn(3, Qt::DescendingOrder);
+    SortBy(armies, 3);
     const QStringList sorted = Shown(armies);
     EXPECT_TRUE(sorted[0].startsWith("Attacking Armies") && sorted[4].startsWith("Defending Armies"));
     EXPECT_GE(sorted[1].section('|', 3, 3).toDouble(), sorted[2].section('|', 3, 3).toDouble());
@@ -113,7 +135,6 @@ TEST_F(AdviceWindow, ShowsWhatItsPagesHaveAndActsOnTheMainWindow) {
     EXPECT_TRUE(say(1, 0).startsWith("Line 2, Ram Crew, slays line 1, Gate Wardens, in "));
     // Each half is filled in its side's colour, the more the likelier, and its figure can be read.
     const QImage picture = map->viewport()->grab().toImage();
-    const QColor base = map->palette().color(QPalette::Base);
     for (int row = 0; row < 3; ++row)
         for (int column = 0; column < 2; ++column) {
             const QRect cell = map->visualRect(map->model()->index(row, column));
@@ -136,14 +157,40 @@ TEST_F(AdviceWindow, ShowsWhatItsPagesHaveAndActsOnTheMainWindow) {
     EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(
         "\tGate Wardens\tHill Hammers\tslays\tis slain\nOath Guard\t"));
 
+    // In a view that is too small the rest scrolls beside the sums, where one can go to all of it.
+    map->setFixedSize(map->verticalHeader()->width() + 3 * map->columnWidth(2),
+                      map->horizontalHeader()->height() + 2 * map->rowHeight(0));
+    QTest::qWait(1);
+    for (QScrollBar* bar : {map->horizontalScrollBar(), map->verticalScrollBar()}) {
+        QRect edge = map->viewport()->rect();
+        if (bar->orientation() == Qt::Horizontal)
+            edge.setLeft(edge.right() + 1 - 2 * map->columnWidth(2));
+        else
+            edge.setTop(edge.bottom() + 1 - map->rowHeight(3));
+        bar->setValue(bar->maximum());
+        const QImage sums = map->viewport()->grab(edge).toImage();
+        bar->setValue(0);
+        EXPECT_EQ(map->viewport()->grab(edge).toImage(), sums);
+        map->scrollTo(map->model()->index(2, 1));
+        EXPECT_FALSE(map->visualRect(map->model()->index(2, 1)).intersects(edge));
+        EXPECT_GT(bar->value(), 0);
+    }
+
     TurnTo(advice, Qt::Key_C, model.Changes);
     auto* const changes = Find<QTableView>(advice, "Single changes");
     ExpectToShow(changes, model.Changes.tblChanges);
     const auto gain = changes->model()->index(0, 2).data(Qt::AccessibleTextRole).toString();
     EXPECT_TRUE(gain.startsWith("gain ") && gain.endsWith(" points"));
-    const QString wins = changes->model()->index(2, 1).data().toString();
     const auto before = pad_.CurrentSetup();
-    changes->selectRow(2);
+    const int lastChange = changes->model()->rowCount() - 1;
+    // The first click on a header puts the best first; what is done is the change of the row that is seen.
+    SortBy(changes, 2);
+    EXPECT_TRUE(std::ranges::is_sorted(Figures(changes, 2), std::greater{}));
+    SortBy(changes, 3);
+    EXPECT_TRUE(std::ranges::is_sorted(Figures(changes, 3)));
+    changes->selectRow(lastChange);
+    const QString wins = changes->model()->index(lastChange, 1).data().toString();
+    EXPECT_NE(wins, QString::fromStdString(model.Changes.tblChanges.Rows().back().Cells[1].Text));
     changes->setFocus();
     QTest::keyClick(changes, Qt::Key_Return);
     EXPECT_EQ(QString::fromStdString(pad_.OddsFrame.lblChance.Attacker.Caption), wins);
@@ -155,12 +202,25 @@ TEST_F(AdviceWindow, ShowsWhatItsPagesHaveAndActsOnTheMainWindow) {
     TurnTo(advice, Qt::Key_O, model.Orders);
     ExpectToShow(Find<QTableView>(advice, "Orders"), model.Orders.tblOrders);
     ExpectToShow(Find<QTableView>(advice, "Lines of the order"), model.Orders.tblLines);
+    const auto* const plot = advice->findChild<QCustomPlot*>();
+    for (const OrdersPage::Point& point : model.Orders.Points())
+        EXPECT_EQ(plot->graph(0)->data()->findBegin(point.OwnTurnsLost, false)->value, 100.0 * point.Wins);
+    const auto* const hidden = QAccessible::queryAccessibleInterface(plot->parentWidget());
+    EXPECT_TRUE(hidden->state().invisible && hidden->childCount() == 0) << "the table says it";
     EXPECT_FALSE(FieldOf(advice, "S&tack:")->isVisible()) << "there is one";
     auto* const use = Find<QPushButton>(advice, "Use This Order");
     EXPECT_EQ(use->isEnabled(), model.Orders.cmdUse.Enabled.Get());
 
     TurnTo(advice, Qt::Key_F, model.FewestArmies);
-    Type(FieldOf(advice, "To win at &least"), "1");
+    auto* const toWin = FieldOf(advice, "To win at &least");
+    Type(toWin, "1");
+    const auto applied = pad_.CurrentSetup();
+    QTest::keySequence(toWin, QKeySequence::Redo);
+    EXPECT_NE(pad_.CurrentSetup(), applied);
+    QTest::keySequence(toWin, QKeySequence::Undo);
+    EXPECT_EQ(pad_.CurrentSetup(), applied);
+    EXPECT_EQ(EditOf(toWin)->text(), "1");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model.FewestArmies.IsUpToDate(); }, 20'000));
     ExpectToShow(Find<QTableView>(advice, "Parts of the attackers"), model.FewestArmies.tblParts);
     ExpectToShow(Find<QTableView>(advice, "Who is sent and who may stay"), model.FewestArmies.tblLines);
     Click(Find<QPushButton>(advice, "Select What May Stay"));
