@@ -27,29 +27,6 @@ using bench::SecondsOf;
 
 constexpr int ArmiesPerSide = 8;
 
-/// One army type, of strength 5 and 2 hits.
-class OneUnit final : public CatalogueProvider {
-public:
-    [[nodiscard]] const Table& GetTable(Selector selector) const override {
-        return selector == Selector::Armies ? armies_ : heroes_;
-    }
-    [[nodiscard]] std::string PowerName(std::int16_t) const override { return {}; }
-
-private:
-    static Table Armies() {
-        std::vector<Cell> unit(24);
-        unit[ArmyColumn::Identifier] = Long{0};
-        unit[ArmyColumn::Name] = "Plain";
-        unit[ArmyColumn::Strength] = Long{5};
-        unit[ArmyColumn::Hits] = Long{2};
-        unit[ArmyColumn::Turns] = Long{1};
-        return Table{{unit}};
-    }
-
-    Table armies_ = Armies();
-    Table heroes_;
-};
-
 void ProcessAllEvents() {
     // Twice, since an event may lead to another one.
     QCoreApplication::processEvents();
@@ -65,9 +42,10 @@ public:
             for (int army = 0; army < ArmiesPerSide; ++army)
                 pad_.cboArmies[side].Pick(0);
         ProcessAllEvents();
-        for (Long line = 0; line < ArmiesPerSide; ++line)
-            for (CArmy* army : {&engine_.BringAttacker(line), &engine_.BringDefender()})
-                test::Give(*army, "Strength 5 Hits 2");
+        for (Long line = 0; line < ArmiesPerSide; ++line) {
+            engine_.BringAttacker(line, "Strength 5 Hits 2");
+            engine_.BringDefender("Strength 5 Hits 2");
+        }
         for (QPushButton* button : view_.findChildren<QPushButton*>())
             if (button->text().toStdString() == pad_.cmdAttack.Caption.Get())
                 attack_ = button;
@@ -92,7 +70,10 @@ public:
     }
 
 private:
-    OneUnit catalogue_;
+    test::TableCatalogue catalogue_{
+        test::TableOf({ArmyColumn::Name, ArmyColumn::Strength, ArmyColumn::Hits, ArmyColumn::Turns},
+                      {{"Plain", 5, 2, 1}}),
+        Table{}};
     QtToolkit toolkit_;
     frmBrawlpad pad_{catalogue_, toolkit_};
     MainView view_{pad_};

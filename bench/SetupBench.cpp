@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "catalogue/CsvCatalogue.h"
-#include "ui/setup/frmBrawlpad.h"
+#include "tests/support/FakeToolkit.h"
 
 #include <benchmark/benchmark.h>
 
@@ -13,23 +13,6 @@ namespace {
 
 using namespace vorhaven;
 using Clock = std::chrono::steady_clock;
-
-/// A toolkit without a screen or a user.
-class NoToolkit final : public Toolkit {
-public:
-    [[nodiscard]] Size ScreenSize() const override { return {}; }
-    void ShowBusy(bool /*busy*/) override {}
-    void ProcessEvents() override {}
-    void ProcessOverdueEvents() override {}
-    void ShowMessage(const std::string& /*prompt*/) override {}
-    [[nodiscard]] std::string ClipboardText() const override { return {}; }
-    void SetClipboardText(const std::string& /*text*/) override {}
-    void ShowModal(frmHero& /*window*/) override {}
-    void ShowModal(frmStats& /*window*/) override {}
-    void Show(frmMoreResults& /*window*/) override {}
-    void Show(frmAdvice& /*window*/) override {}
-    void WhenIdle(std::function<bool()> /*work*/) override {}
-};
 
 double Median(std::vector<double> values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
@@ -62,7 +45,7 @@ public:
     }
 
 private:
-    NoToolkit toolkit_;
+    test::FakeToolkit toolkit_;
     frmBrawlpad pad_;
     std::int32_t attackers_;
 };

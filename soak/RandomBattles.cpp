@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
 #include "soak/Soak.h"
+#include "tests/support/Dice.h"
+#include "tests/support/RandomArmies.h"
 #include "tests/support/TestHost.h"
 #include "ui/results/Strength.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <numeric>
 #include <random>
+#include <sstream>
 
 namespace vorhaven::soak {
 namespace {
@@ -23,10 +26,12 @@ namespace ResultColumn = MBattleCalc::ResultColumn;
 class RandomBattle final {
 public:
     explicit RandomBattle(std::mt19937& random) : random_(random) {
+        std::int32_t line = 0;
         for (int stacks = Between(1, MaxStacks); stacks > 0; --stacks)
-            AddStack(Falling[0], &QuietHost::AddAttacker,
-                     stacks > 1 ? LinesPerStack : Between(1, LinesPerStack));
-        AddStack(Falling[1], &QuietHost::AddDefender, Between(1, MaxLines));
+            AddStack(Falling[0], stacks > 1 ? LinesPerStack : Between(1, LinesPerStack),
+                     [&](const std::string& army) { return host_.BringAttacker(line++, army).Turns; });
+        AddStack(Falling[1], Between(1, MaxLines),
+                 [&](const std::string& army) { return host_.BringDefender(army).Turns; });
         host_.OnStats = [this](CStackAtt& attack, CStackAtt& defend) {
             ExpectExplained(attack);
             ExpectExplained(defend);
@@ -35,10 +40,8 @@ public:
 
     /// From 15 faces on every strength misses at times.
     void Run(Long battles) {
-        MBattleCalc::TimedGenerator dice{random_(), [] { return std::uint64_t{0}; }};
-        MBattleCalc::DrawFrom(dice);
+        const SeededDice dice{random_()};
         MBattleCalc::Add(host_, battles, Between(15, 40), true, Between(0, 3));
-        MBattleCalc::DrawFrom(MBattleCalc::ProcessGenerator());
     }
 
     std::array<std::vector<Long>, 2> Falling;
@@ -46,29 +49,23 @@ public:
 private:
     int Between(int lowest, int highest) { return std::uniform_int_distribution{lowest, highest}(random_); }
 
-    /// The last army of a stack falls first.
-    void AddStack(std::vector<Long>& falling, CArmy& (QuietHost::*add)(const ArmyEntry&), int count) {
+    std::string RandomArmy() {
+        int afflictions = MaxLines;
+        std::ostringstream army;
+        army << "Base " << Between(1, 15) << " Hits " << Between(1, 4) << " Turns " << Between(0, 1'000'000)
+             << RandomPowers(random_, afflictions) << (Between(0, 1) == 0 ? " field " : " hills ")
+             << Between(-3, 5) << " Name Army" << Between(1, 3) << " Size " << Between(1, 3) << " Banding "
+             << std::max(0, Between(-35, 5));
+        for (const char* condition : {" blessed", " poisoned", " blacksmith", " flying"})
+            army << (Between(0, 3) == 0 ? condition : "");
+        return army.str();
+    }
+
+    /// The last army of a stack falls first. `bring` tells what an army costs.
+    void AddStack(std::vector<Long>& falling, int count, const auto& bring) {
         const auto begin = static_cast<std::ptrdiff_t>(falling.size());
-        for (; count > 0; --count) {
-            ArmyEntry entry = Plain(Between(1, 15), Between(1, 4), Between(0, 1'000'000));
-            entry.Name = "Army " + std::to_string(Between(1, 3));
-            entry.UnitID = Between(0, 1);
-            entry.CBName = Between(0, 1) == 0 ? "field" : "hills";
-            entry.CBValue = Between(-3, 5);
-            entry.PowerValue = Between(1, 3);
-            entry.HasMedal = Between(0, 4);
-            for (const auto condition : {&ArmyEntry::IsBlessed, &ArmyEntry::IsPoisoned,
-                                         &ArmyEntry::IsBlacksmith, &ArmyEntry::IsFlying})
-                entry.*condition = Between(0, 3) == 0;
-            CArmy& army = (host_.*add)(entry);
-            for (const auto power :
-                 {&CArmy::Chaos, &CArmy::Morale, &CArmy::Fear, &CArmy::Siege, &CArmy::Fortify, &CArmy::Poison,
-                  &CArmy::Disease, &CArmy::Assass, &CArmy::Missle, &CArmy::Trample, &CArmy::Curse,
-                  &CArmy::Banding, &CArmy::Acid, &CArmy::Lightning, &CArmy::Warding, &CArmy::Leadership})
-                if (Between(0, 7) == 0)
-                    army.*power = Between(1, 6);
-            falling.insert(falling.begin() + begin, entry.Turns);
-        }
+        for (; count > 0; --count)
+            falling.insert(falling.begin() + begin, bring(RandomArmy()));
     }
 
     /// What is told of a strength adds up to it.

@@ -93,16 +93,9 @@ TEST(BattleText, IsPlainAndTakesWhatAPersonTypes) {
 }
 
 TEST(BattleText, TakesUnitsByTheirWholeNamesAndKeepsAnyValueOfAHero) {
-    struct Guards final : CatalogueProvider {
-        const Table& GetTable(Selector name) const override {
-            return name == Selector::Armies ? Armies : Heroes;
-        }
-        std::string PowerName(std::int16_t /*code*/) const override { return ""; }
-        const Table Armies = SmallCatalogue::Spread(
-            {0, 1}, {{0, "Guard, blessed"}, {1, "GUARD"}, {2, "3 Guard"}, {3, "- Guard"}});
-        const Table Heroes = SmallCatalogue::Spread({0, 1}, {{0, "Guard"}, {1, "Guard, bl"}});
-    };
-    const Guards guards;
+    const TableCatalogue guards{
+        TableOf({0, 1}, {{0, "Guard, blessed"}, {1, "GUARD"}, {2, "3 Guard"}, {3, "- Guard"}}),
+        TableOf({0, 1}, {{0, "Guard"}, {1, "Guard, bl"}})};
     const Units units{guards};
     HeroValues entered;
     entered.Strength = 1;

@@ -185,7 +185,7 @@ TEST_F(Engine, StacksGoByLineAndAnEmptyOneHidesThoseBehindIt) {
         host_.Clear();
         host_.BringDefender();
         for (const std::int32_t line : test.Lines)
-            Give(host_.BringAttacker(line), "Turns " + std::to_string(line + 1));
+            host_.BringAttacker(line, "Turns " + std::to_string(line + 1));
         const Script script{test.Draws};
         Add(host_, 1, 20, false, 0);
         EXPECT_EQ(RowOf(1), test.Results) << test.Lines.size() << " attackers, each costing its line plus 1";

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "engine/Procedures.h"
+#include "tests/support/Dice.h"
 #include "tests/support/StackEffectSolver.h"
 
 #include <gtest/gtest.h>
@@ -52,10 +53,8 @@ const struct Matchup {
 void Fight(const Matchup& matchup, Long times) {
     TestHost host;
     host.Bring(matchup.Attackers, matchup.Defenders);
-    TimedGenerator generator{20240229, [] { return std::uint64_t{0x5DEECE66D}; }};
-    DrawFrom(generator);
+    const SeededDice dice{20240229};
     MBattleCalc::Add(host, times, matchup.Die, false, matchup.City);
-    DrawFrom(ProcessGenerator());
 }
 
 /// Every result must come as often as its exact odds say. By Bernstein's inequality a right engine leaves the

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "catalogue/CsvCatalogue.h"
 #include "tests/support/Player.h"
+#include "ui/setup/BattleText.h"
 
 #include <gtest/gtest.h>
 
@@ -137,6 +139,24 @@ TEST(LiveOdds, TellTheLinesAndTheDetailedResults) {
     player.Do([&] { pad.sscClearList[Attacker].Press(); });
     EXPECT_EQ(player.Chances(), "– –");
     EXPECT_EQ(pad.OddsFrame.AttackerShare(), std::nullopt);
+}
+
+// The battle that docs/combat-rules.md works out by hand, with the fractions given there.
+TEST(LiveOdds, OfTheWorkedExampleAreThoseOfTheRulesForPlayers) {
+    const CsvCatalogue catalogue = CsvCatalogue::BuiltIn();
+    const Units units{catalogue};
+    const std::string text = "Attacking Armies\nDale Lancers\nDefending Armies\nGate Wardens\nReed Spears\n"
+                             "Terrain: field\nCombat Dice: 20\n";
+    const auto example = BattleText{units}.Read(text, {}, Attacker);
+    Odds::Budget budget{LiveOdds::StepsWhileTyping};
+    const Odds::BattleOdds odds = OddsOf(example.Battle, units, budget).value();
+    EXPECT_NEAR(odds.Won, 213.0 / 361.0, 1e-12);
+    EXPECT_NEAR(odds.Lost, 148.0 / 361.0, 1e-12);
+    ASSERT_EQ(odds.Defenders.ChanceOfLosing.size(), 3U);
+    EXPECT_NEAR(odds.Defenders.ChanceOfLosing[0], 1.0 / 4.0, 1e-12);
+    EXPECT_NEAR(odds.Attackers.Overall.value().Turns, 3.0 * 148.0 / 361.0, 1e-12);
+    EXPECT_NEAR(odds.Defenders.Overall.value().Armies, 3.0 / 4.0 + 213.0 / 361.0, 1e-12);
+    EXPECT_NEAR(odds.Defenders.Overall.value().Turns, 2.0 * (3.0 / 4.0 + 213.0 / 361.0), 1e-12);
 }
 
 TEST(OddsPanel, NeverCallsThePossibleImpossibleNorTheLikelyCertain) {

@@ -32,47 +32,41 @@ TEST(Army, HitsAndStrengthsAreClampedByEveryWriteAndStartHitsComeBack) {
     EXPECT_EQ(army.Hits, 4);
 }
 
-constexpr auto Blessed = &ArmyEntry::IsBlessed, Poisoned = &ArmyEntry::IsPoisoned,
-               Diseased = &ArmyEntry::IsDiseased, Blacksmith = &ArmyEntry::IsBlacksmith,
-               Weaponsmaster = &ArmyEntry::IsWeaponsmaster;
-
 TEST(ArmyList, StrengthAndHitsComeFromCatalogueAndConditions) {
     const struct {
         std::int32_t Strength, Hits, Bonus;
-        const char* Terrain;
-        std::vector<bool ArmyEntry::*> Conditions;
-        const char* Values;
+        const char *Terrain, *Conditions, *Values;
         /// What is left of poison and disease.
         bool IsPoisoned, IsDiseased;
         const char* Reason;
     } cases[] = {
         // clang-format off
-        {5, 2, 2, "Field", {}, "2 0 5 5", false, false, "no bonus elsewhere, nor for another spelling"},
-        {5, 2, 2, "Field", {Blacksmith}, "2 0 6 6", false, false, "a blacksmith adds to the base strength"},
-        {5, 2, 2, "Field", {Weaponsmaster}, "3 0 5 5", false, false, "a weaponsmaster adds a hit"},
-        {5, 2, 2, "field", {Blacksmith, Blessed, Poisoned, Diseased}, "2 0 9 6", false, false,
+        {5, 2, 2, "Field", "", "2 0 5 5", false, false, "no bonus elsewhere, nor for another spelling"},
+        {5, 2, 2, "Field", "blacksmith", "2 0 6 6", false, false, "a blacksmith adds to the base strength"},
+        {5, 2, 2, "Field", "weaponsmaster", "3 0 5 5", false, false, "a weaponsmaster adds a hit"},
+        {5, 2, 2, "field", "blacksmith blessed poisoned diseased", "2 0 9 6", false, false,
             "a blessing cures"},
-        {1, 1, 0, "Field", {Poisoned, Diseased}, "1 0 1 1", true, true, "neither goes below 1"},
-        {5, 4, 0, "Field", {Weaponsmaster, Diseased}, "3 0 5 5", false, true,
+        {1, 1, 0, "Field", "poisoned diseased", "1 0 1 1", true, true, "neither goes below 1"},
+        {5, 4, 0, "Field", "weaponsmaster diseased", "3 0 5 5", false, true,
             "4 hits at most, before the disease"},
-        {5, 0, 0, "Field", {Weaponsmaster}, "2 0 5 5", false, false,
+        {5, 0, 0, "Field", "weaponsmaster", "2 0 5 5", false, false,
             "1 hit at least, before the weaponsmaster"},
-        {13, 1, 2, "field", {Poisoned}, "1 0 13 13", true, false,
+        {13, 1, 2, "field", "poisoned", "1 0 13 13", true, false,
             "strength is 14 at most, before the poison"},
-        {5, 1, -9, "field", {Blessed}, "1 0 2 5", false, false,
+        {5, 1, -9, "field", "blessed", "1 0 2 5", false, false,
             "strength is 1 at least, before the blessing"},
-        {0, 1, 0, "Field", {Blacksmith}, "1 0 2 2", false, false,
+        {0, 1, 0, "Field", "blacksmith", "1 0 2 2", false, false,
             "base strength is 1 at least, before the blacksmith"},
         // clang-format on
     };
     ListHost host;
     for (const auto& test : cases) {
         SCOPED_TRACE(test.Reason);
-        ArmyEntry entry = Plain(test.Strength, test.Hits);
+        ArmyEntry entry = EntryOf(test.Conditions);
+        entry.StartStrength = test.Strength;
+        entry.Hits = test.Hits;
         entry.CBName = test.Terrain;
         entry.CBValue = test.Bonus;
-        for (const auto condition : test.Conditions)
-            entry.*condition = true;
         CAttackArmies armies{host};
         const CArmy& army = *armies.Add(entry, "");
         EXPECT_EQ(Checked(army), test.Values);

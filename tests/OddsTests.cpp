@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "catalogue/CsvCatalogue.h"
-#include "engine/Dice.h"
 #include "engine/Procedures.h"
 #include "engine/State.h"
 #include "odds/BattleOdds.h"
 #include "odds/OrderSearch.h"
+#include "tests/support/Dice.h"
 #include "tests/support/Errors.h"
+#include "tests/support/RandomArmies.h"
 #include "tests/support/StackEffectSolver.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <random>
+#include <sstream>
 
 namespace vorhaven::test {
 namespace {
@@ -135,27 +136,17 @@ TEST(BattleOddsTest, AgreeWithTheSolver) {
         ExpectSolved(battle);
 }
 
-/// Armies with up to three of the powers and marks, most of them common ones.
 std::string RandomStack(std::mt19937& random, std::size_t armies, int& afflictions) {
     const auto upTo = [&random](unsigned n) { return static_cast<int>(random() % (n + 1)); };
-    std::string stack;
-    while (armies-- > 0) {
-        std::ostringstream army;
-        army << "Strength " << 1 + upTo(13) << " Hits " << 1 + upTo(3) << " Turns " << upTo(9);
-        for (int powers = upTo(3); powers > 0; --powers) {
-            static const std::vector<std::string> names{
-                "Acid",  "Lightning", "Assass", "Missle", "Warding", "Trample", "Medals",  "Leader", "Chaos",
-                "Siege", "Morale",    "Fear",   "Unit",   "Fortify", "Poison",  "Disease", "Curse"};
-            const std::string& name = names[random() % names.size()];
-            if ((name == "Poison" || name == "Disease" || name == "Curse") && --afflictions < 0)
-                continue;
-            army << ' ' << name << ' ' << upTo(name == "Medals" ? 4 : 7);
-        }
+    std::ostringstream stack;
+    for (const char* separator = ""; armies > 0; --armies, separator = ";") {
+        stack << separator << "Strength " << 1 + upTo(13);
+        stack << " Hits " << 1 + upTo(3);
+        stack << " Turns " << upTo(9) << RandomPowers(random, afflictions);
         if (upTo(4) == 0)
-            army << (upTo(1) == 0 ? " Blessed" : " IsFlying");
-        stack += (stack.empty() ? "" : ";") + army.str();
+            stack << (upTo(1) == 0 ? " Blessed" : " IsFlying");
     }
-    return stack;
+    return stack.str();
 }
 
 TEST(BattleOddsTest, AgreeWithTheSolverOnRandomBattles) {
@@ -241,8 +232,8 @@ TEST(BattleOddsTest, RaiseWhatTheEngineRaises) {
 /// Dozens of typed missiles, whose shots left are all different.
 void BringArchers(TestHost& host) {
     for (int line = 0; line < MaxLines; ++line) {
-        Give(host.BringAttacker(line), "Strength 5 Hits 4 Missle " + std::to_string(3000 + 997 * line));
-        Give(host.BringDefender(), "Strength 5 Hits 4 Missle " + std::to_string(2500 + 1009 * line));
+        host.BringAttacker(line, "Strength 5 Hits 4 Missle " + std::to_string(3000 + 997 * line));
+        host.BringDefender("Strength 5 Hits 4 Missle " + std::to_string(2500 + 1009 * line));
     }
 }
 
@@ -266,7 +257,7 @@ TEST(BattleOddsTest, TakeNoMoreStepsNorStatesThanTheirBudgetHas) {
     TestHost waiting;
     waiting.Bring(";", "");
     for (int line = 1; line < MaxLines; ++line)
-        Give(waiting.BringDefender(), "Strength 5 Missle 5000");
+        waiting.BringDefender("Strength 5 Missle 5000");
     EXPECT_FALSE(OddsOf(waiting, 10'000)) << "all defenders together";
 }
 
@@ -279,8 +270,7 @@ TEST(BattleOddsTest, TellWhoSlaysWhomAsOftenAsTheEngineLetsItHappen) {
     TestHost host;
     host.Bring("Missle 2 Assass 4 Strength 7 Medals 2;Acid 4 Hits 3;Poison 3/Lightning 6 Trample 1 Hits 2",
                "Missle 1 Lightning 2 Hits 4;Assass 3 Disease 4 Hits 4;Missle 2 Hits 3 Strength 12");
-    TimedGenerator generator{20240229, [] { return std::uint64_t{0x5DEECE66D}; }};
-    DrawFrom(generator);
+    const SeededDice dice{20240229};
     MBattleCalc::Add(host, 1, 20, false, 1);
     std::map<std::array<std::size_t, 3>, int> counts;
     for (int battle = 0; battle < battles; ++battle) {
@@ -299,7 +289,6 @@ TEST(BattleOddsTest, TellWhoSlaysWhomAsOftenAsTheEngineLetsItHappen) {
             ++slain.at(victim);
         } while (CheckIfVictor(AttackFront.Count(), DefendFront.Count(), DefendFront) == Victor::Undecided);
     }
-    DrawFrom(ProcessGenerator());
     const auto slayings = OddsOf(host, 20, 1)->Slayings;
     for (std::size_t i = 0; i < slayings.size(); ++i)
         for (std::size_t j = 0; j < slayings[i].size(); ++j)
@@ -331,65 +320,20 @@ TEST(OrderSearchTest, LeavesWhatTheOrderChangesInAnArmyToOthers) {
         << "no sum may be too large on its way";
 }
 
-/// Draws that must not be made.
-class Forbidden final : public MBattleCalc::UniformSource {
-public:
-    [[nodiscard]] std::uint32_t Draw() override { throw std::logic_error{"a draw"}; }
-};
-
 TEST(BattleOddsTest, LeaveARunThatIsUnderWayAlone) {
     const auto run = [](bool withOdds) {
         TestHost host;
         host.Bring("Hits 3 Trample 1;Strength 7/Hits 2", "Fortify 1 Hits 4;Disease 5 Medals 2");
-        MBattleCalc::TimedGenerator generator{5, [] { return std::uint64_t{1}; }};
-        MBattleCalc::DrawFrom(generator);
         if (withOdds)
-            host.OnEvents = [&generator] {
-                Forbidden forbidden;
-                MBattleCalc::DrawFrom(forbidden);
-                OddsOf(Battle{"Strength 3/Hits 2/;", "Hits 3;Poison 7;Trample 2", 30, 3});
-                MBattleCalc::DrawFrom(generator);
-            };
+            host.OnEvents = [] { OddsOf(Battle{"Strength 3/Hits 2/;", "Hits 3;Poison 7;Trample 2", 30, 3}); };
+        const SeededDice dice{5};
         MBattleCalc::Add(host, 300, 20, false, 1);
-        MBattleCalc::DrawFrom(MBattleCalc::ProcessGenerator());
         std::vector<Row> rows;
         for (Long battle = 1; battle <= 300; ++battle)
             rows.push_back(RowOf(battle));
         return rows;
     };
     EXPECT_EQ(run(true), run(false));
-}
-
-ArmyEntry UnitOf(const Table& armies, const std::string& name) {
-    using namespace ArmyColumn;
-    Long row = 0;
-    while (CellText(armies(row, Name)) != name)
-        ++row;
-    const auto number = [&](Long column) { return CellNumber(armies(row, column)); };
-    ArmyEntry entry = Plain(number(Strength), number(Hits), number(Turns));
-    entry.CBName = CellText(armies(row, BonusTerrain));
-    entry.CBValue = number(BonusSize);
-    entry.PowerType = number(PowerCode);
-    entry.PowerValue = number(PowerSize);
-    return entry;
-}
-
-// The battle that docs/combat-rules.md works out by hand, with the fractions given there.
-TEST(BattleOddsTest, WorkedExampleComesOutAsTheRulesForPlayersSay) {
-    const CsvCatalogue catalogue = CsvCatalogue::BuiltIn();
-    const Table& armies = catalogue.GetTable(CatalogueProvider::Selector::Armies);
-    TestHost host;
-    host.AddAttacker(UnitOf(armies, "Dale Lancers"));
-    host.AddDefender(UnitOf(armies, "Gate Wardens"));
-    host.AddDefender(UnitOf(armies, "Reed Spears"));
-    const BattleOdds odds = OddsOf(host, 20).value();
-    EXPECT_NEAR(odds.Won, 213.0 / 361.0, 1e-12);
-    EXPECT_NEAR(odds.Lost, 148.0 / 361.0, 1e-12);
-    ASSERT_EQ(odds.Defenders.ChanceOfLosing.size(), 3U);
-    EXPECT_NEAR(odds.Defenders.ChanceOfLosing[0], 1.0 / 4.0, 1e-12);
-    EXPECT_NEAR(odds.Attackers.Overall.value().Turns, 3.0 * 148.0 / 361.0, 1e-12);
-    EXPECT_NEAR(odds.Defenders.Overall.value().Armies, 3.0 / 4.0 + 213.0 / 361.0, 1e-12);
-    EXPECT_NEAR(odds.Defenders.Overall.value().Turns, 2.0 * (3.0 / 4.0 + 213.0 / 361.0), 1e-12);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "tests/support/Armies.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FakeToolkit.h"
 
 #include <gtest/gtest.h>

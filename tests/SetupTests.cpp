@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "engine/State.h"
+#include "tests/support/Errors.h"
 #include "tests/support/Player.h"
 
 #include <gtest/gtest.h>
@@ -146,9 +147,7 @@ TEST(Run, IsLimitedToTheBattlesWhoseLossesCanBeAddedUp) {
     };
     // clang-format on
     for (const auto& c : cases) {
-        Game game;
-        std::string notice;
-        const Connection noticing = game.Pad.Noticed.Connect([&](const std::string& text) { notice = text; });
+        Player game;
         game.Add(Attacker, c.Attackers);
         game.Add(Defender, c.Defenders);
         game.Pad.txtNumSimulations.SetText(c.Typed);
@@ -156,7 +155,7 @@ TEST(Run, IsLimitedToTheBattlesWhoseLossesCanBeAddedUp) {
         EXPECT_EQ(game.Pad.txtNumSimulations.Text(), c.Becomes);
         const std::string lowered =
             std::string("Lowered to ") + c.Becomes + " battles, the most whose losses can be added up";
-        EXPECT_EQ(notice, c.Typed == std::string(c.Becomes) ? "" : lowered);
+        EXPECT_EQ(game.Notice, c.Typed == std::string(c.Becomes) ? "" : lowered);
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "tests/app/WindowFixture.h"
+#include "tests/support/Dice.h"
 
 #include <QDateTime>
 #include <QMessageBox>
@@ -32,18 +33,9 @@ protected:
     }
 };
 
-/// Rolls of 4, 5 and 5 on 20 faces, in turn.
-struct TurningDice final : MBattleCalc::UniformSource {
-    [[nodiscard]] std::uint32_t Draw() override {
-        return ((Next++ % 3 == 0 ? 7U : 9U) << MBattleCalc::UniformBits) / 40;
-    }
-    int Next = 0;
-};
-
 TEST_F(Run, ShowsItsFiguresWhereThePlayerReadsThem) {
     // The blessed Spears (5) always hit, the others (4) sometimes, Kites never.
-    TurningDice dice;
-    MBattleCalc::DrawFrom(dice);
+    const Script dice{"4 5 5", true};
     EXPECT_FALSE(Find<QProgressBar>(&main_, "Progress Indicator")->isVisible());
     LineUp({"Floe Spears", "Cliff Kites"}, {"Floe Spears", "Floe Spears", "Floe Spears"});
     ClickLine(List(Side::Attacker), 0);

@@ -4,6 +4,7 @@
 
 #include "model/CAttackArmies.h"
 #include "model/CStackAtt.h"
+#include "model/Terrain.h"
 #include "tests/support/Text.h"
 
 #include <functional>
@@ -28,15 +29,28 @@ inline const std::map<std::string, bool CArmy::*> Marks{{"Blessed", &CArmy::Bles
                                                         {"Diseased", &CArmy::Diseased},
                                                         {"IsFlying", &CArmy::IsFlying}};
 
-/// Gives an army what a text says: "Name a Strength 5 Hits 2 Acid 3 Blessed". Throws when a word is unknown
-/// or a number is none.
+/// The conditions of a line by name.
+inline const std::map<std::string, bool ArmyEntry::*> Conditions{
+    {"blessed", &ArmyEntry::IsBlessed},
+    {"poisoned", &ArmyEntry::IsPoisoned},
+    {"diseased", &ArmyEntry::IsDiseased},
+    {"blacksmith", &ArmyEntry::IsBlacksmith},
+    {"weaponsmaster", &ArmyEntry::IsWeaponsmaster},
+    {"flying", &ArmyEntry::IsFlying}};
+
+inline bool IsTerrain(const std::string& word) {
+    return Terrains::IndexOf(word) < SizeOf(Terrains::All);
+}
+
+/// Gives an army what a text says of it as it fights: "Name a Strength 5 Hits 2 Acid 3 Blessed". Words that
+/// EntryOf reads are passed over. Throws when a word is unknown or a number is none.
 inline CArmy& Give(CArmy& army, const std::string& text) {
     std::istringstream words(text);
     for (std::string name; words >> name;) {
-        if (const auto mark = Marks.find(name); mark != Marks.end()) {
+        if (const auto mark = Marks.find(name); mark != Marks.end())
             army.*mark->second = true;
+        if (Marks.contains(name) || Conditions.contains(name))
             continue;
-        }
         std::string given;
         words >> given;
         const Long value = name == "Name" ? Long{} : ToLong(given);
@@ -48,7 +62,7 @@ inline CArmy& Give(CArmy& army, const std::string& text) {
             army.Hits = value;
         else if (const auto number = Numbers.find(name); number != Numbers.end())
             army.*number->second = value;
-        else
+        else if (name != "Base" && !IsTerrain(name))
             throw std::invalid_argument("no army has " + name + ", as in \"" + text + '"');
     }
     return army;
@@ -80,6 +94,23 @@ inline ArmyEntry Plain(Long strength, Long hits = 1, Long turns = 1) {
     entry.StartStrength = strength;
     entry.Hits = hits;
     entry.Turns = turns;
+    return entry;
+}
+
+/// What a list makes a plain army of, as a text says it: "Base 6 hills 2 blessed" is its strength, its bonus
+/// and its conditions. All else is left to Give.
+inline ArmyEntry EntryOf(const std::string& text) {
+    ArmyEntry entry = Plain(10);
+    std::istringstream words(text);
+    for (std::string word, number; words >> word;)
+        if (const auto condition = Conditions.find(word); condition != Conditions.end())
+            entry.*condition->second = true;
+        else if (word == "Base" && words >> number)
+            entry.StartStrength = ToLong(number);
+        else if (IsTerrain(word) && words >> number) {
+            entry.CBName = word;
+            entry.CBValue = ToLong(number);
+        }
     return entry;
 }
 

@@ -4,8 +4,7 @@
 
 #include "engine/Dice.h"
 #include "engine/MBattleCalc.h"
-#include "tests/support/Armies.h"
-#include "tests/support/Errors.h"
+#include "tests/support/Tables.h"
 #include "tests/support/Text.h"
 #include "ui/hero/frmHero.h"
 #include "ui/results/frmStats.h"
@@ -54,28 +53,18 @@ struct FakeToolkit final : Toolkit {
 /// the marsh is more than a number can hold, two heroes, and no army.
 enum Entry : std::int32_t { Midges, Giants, Stalkers, Ghouls, Colossi, Captain, Witch, Nobody };
 
-struct SmallCatalogue final : CatalogueProvider {
-    const Table& GetTable(Selector name) const override { return name == Selector::Armies ? Armies : Heroes; }
-    std::string PowerName(std::int16_t code) const override { return "power " + std::to_string(code); }
-
-    static Table Spread(const std::vector<std::size_t>& columns, std::vector<std::vector<Cell>> units) {
-        for (auto& unit : units) {
-            const auto cells = std::exchange(unit, std::vector<Cell>(24));
-            for (std::size_t i = 0; i < columns.size(); ++i)
-                unit[columns[i]] = cells[i];
-        }
-        return Table{units};
-    }
-
-    // Row, name, strength, hits; an army's turns, trait; terrain, bonus; an army's power code and size.
-    const Table Armies = Spread({0, 1, 5, 7, 8, 12, 17, 18, 22, 23},
-                                {{0, "Midges", 1, 1, 3, "undead ones", "", 0, 0, 0},
-                                 {1, "Giants", 14, 4, 7, "", "", 0, 3, 1},
-                                 {2, "Stalkers", 12, 2, 4, "", "", 0, 28, 5},
-                                 {3, "Ghouls", 5, 2, 2, " Undead ", "field", 2, 6, 2},
-                                 {4, "Colossi", 10, 4, 9, "", "marsh", 2'147'483'647, 0, 0}});
-    const Table Heroes =
-        Spread({0, 1, 8, 10, 16, 17}, {{0, "Captain", 6, 3, "field", 1}, {1, "Witch", 4, 2, "woods", 2}});
+struct SmallCatalogue final : TableCatalogue {
+    SmallCatalogue()
+        : TableCatalogue{// Row, name, strength, hits; an army's turns, trait; terrain, bonus; an army's power
+                         // code and size.
+                         TableOf({0, 1, 5, 7, 8, 12, 17, 18, 22, 23},
+                                 {{0, "Midges", 1, 1, 3, "undead ones", "", 0, 0, 0},
+                                  {1, "Giants", 14, 4, 7, "", "", 0, 3, 1},
+                                  {2, "Stalkers", 12, 2, 4, "", "", 0, 28, 5},
+                                  {3, "Ghouls", 5, 2, 2, " Undead ", "field", 2, 6, 2},
+                                  {4, "Colossi", 10, 4, 9, "", "marsh", 2'147'483'647, 0, 0}}),
+                         TableOf({0, 1, 8, 10, 16, 17},
+                                 {{0, "Captain", 6, 3, "field", 1}, {1, "Witch", 4, 2, "woods", 2}})} {}
 };
 
 /// The main window, loaded.

@@ -4,6 +4,7 @@
 
 #include "engine/BattleHost.h"
 #include "tests/support/Armies.h"
+#include "tests/support/Tables.h"
 #include "tests/support/Text.h"
 
 #include <string>
@@ -17,27 +18,22 @@ class QuietHost : public MBattleCalc::BattleHost {
 public:
     static constexpr std::int32_t FlyingType = 1;
 
-    /// Adds armies described by a text as Give reads it: armies between semicolons, of strength 10, 1 hit and
-    /// 1 turn where it says nothing; a slash begins the next attacking stack.
+    /// Adds armies described by a text as EntryOf and Give read it: armies between semicolons, of strength
+    /// 10, 1 hit and 1 turn where it says nothing; a slash begins the next attacking stack.
     void Bring(const std::string& attackers, const std::string& defenders) {
-        Long firstLine = 0;
+        std::int32_t firstLine = 0;
         for (const std::string& stack : Split(attackers, '/')) {
-            Long line = firstLine;
-            for (const std::string& army : Split(stack, ';')) {
-                Give(BringAttacker(line), army);
-                ++line;
-            }
+            std::int32_t line = firstLine;
+            for (const std::string& army : Split(stack, ';'))
+                BringAttacker(line++, army);
             firstLine += LinesPerStack;
         }
         for (const std::string& army : Split(defenders, ';'))
-            Give(BringDefender(), army);
+            BringDefender(army);
     }
     /// Adds an attacker on a line from 0, and a defender.
-    CArmy& BringAttacker(Long line) { return *attack_.Add(Plain(10), LineKey(line)); }
-    CArmy& BringDefender() { return *defend_.Add(Plain(10), LineKey(defend_.Count())); }
-    /// Adds an army on the next line of a side.
-    CArmy& AddAttacker(const ArmyEntry& entry) { return *attack_.Add(entry, LineKey(attack_.Count())); }
-    CArmy& AddDefender(const ArmyEntry& entry) { return *defend_.Add(entry, LineKey(defend_.Count())); }
+    CArmy& BringAttacker(Long line, const std::string& army = "") { return Bring(attack_, line, army); }
+    CArmy& BringDefender(const std::string& army = "") { return Bring(defend_, defend_.Count(), army); }
     [[nodiscard]] const std::string& Terrain() const { return owner_.Terrain(); }
     void Clear() { attack_ = defend_ = CAttackArmies{owner_}; }
 
@@ -55,17 +51,15 @@ public:
     void ShowStats(CStackAtt&, CStackAtt&) override {}
 
 private:
-    static Table MovementTable(std::size_t column, const std::vector<std::string>& movements) {
-        std::vector<std::vector<Cell>> units;
-        for (const std::string& movement : movements)
-            units.emplace_back(24).at(column) = movement;
-        return Table{units};
+    static CArmy& Bring(CAttackArmies& list, Long line, const std::string& army) {
+        return Give(*list.Add(EntryOf(army), LineKey(line)), army);
     }
 
     ListHost owner_;
     CAttackArmies attack_{owner_}, defend_{owner_};
-    Table armies_ = MovementTable(ArmyColumn::Movement, {"walk", "Fly", " fly", "walk", "walk", "walk"});
-    Table heroes_ = MovementTable(HeroColumn::Movement, {"walk", "Fly"});
+    Table armies_ =
+        TableOf({ArmyColumn::Movement}, {{"walk"}, {"Fly"}, {" fly"}, {"walk"}, {"walk"}, {"walk"}});
+    Table heroes_ = TableOf({HeroColumn::Movement}, {{"walk"}, {"Fly"}});
 };
 
 } // namespace vorhaven::test
