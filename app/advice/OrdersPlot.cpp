@@ -7,9 +7,10 @@
 #include "app/program/Shade.h"
 #include "app/program/SideColours.h"
 
-#include <QFontInfo>
+#include <QtMath>
 
 #include <algorithm>
+#include <cmath>
 
 namespace vorhaven {
 namespace {
@@ -17,12 +18,27 @@ namespace {
 constexpr double PointSize = 10.0;
 constexpr double CurrentPointSize = 1.5 * PointSize;
 
-/// Ticks of numbers in percent.
-class PercentTicker final : public QCPAxisTicker {
+/// Ticks with as many decimals as they need, all the same number and at least one.
+class Ticks final : public QCPAxisTicker {
+public:
+    explicit Ticks(const QString& unit) : unit_(unit) {}
+
 protected:
-    QString getTickLabel(double tick, const QLocale& locale, QChar format, int precision) override {
-        return QCPAxisTicker::getTickLabel(tick, locale, format, precision) + '%';
+    double getTickStep(const QCPRange& range) override {
+        double magnitude = 1.0;
+        const double mantissa = getMantissa(QCPAxisTicker::getTickStep(range), &magnitude);
+        // Steps of 2.5 take a decimal more than those around them.
+        const double step = magnitude * (mantissa > 2.0 && mantissa < 3.0 ? 2.0 : mantissa);
+        decimals_ = std::max(1, qCeil(-std::log10(step) - 0.01));
+        return step;
     }
+    QString getTickLabel(double tick, const QLocale& locale, QChar format, int /*precision*/) override {
+        return QCPAxisTicker::getTickLabel(tick, locale, format, decimals_) + unit_;
+    }
+
+private:
+    QString unit_;
+    int decimals_ = 1;
 };
 
 /// A range with some room around it, wide enough to have ticks that differ.
@@ -39,11 +55,11 @@ OrdersPlot::OrdersPlot(OrdersPage& page, QWidget* parent)
     setMinimumHeight(fontMetrics().height() * 8);
     xAxis->setLabel(QStringLiteral("Own turns lost"));
     yAxis->setLabel(QStringLiteral("Attacker wins"));
-    yAxis->setTicker(QSharedPointer<PercentTicker>::create());
+    xAxis->setTicker(QSharedPointer<Ticks>::create(QString()));
+    yAxis->setTicker(QSharedPointer<Ticks>::create(QStringLiteral("%")));
     for (QCPAxis* axis : {xAxis, yAxis}) {
         axis->setSubTicks(false);
         axis->setNumberFormat(QStringLiteral("f"));
-        axis->setNumberPrecision(1);
         axis->ticker()->setTickCount(5);
     }
     xAxis->grid()->setVisible(false);
