@@ -136,6 +136,19 @@ private:
 
 namespace {
 
+/// The toolkit keeps room for an arrow as wide as the header is high and draws it half as wide, which in
+/// headers of two lines takes the cells' room.
+class Header final : public QHeaderView {
+public:
+    explicit Header(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+protected:
+    [[nodiscard]] QSize sectionSizeFromContents(int section) const override {
+        const QSize size = QHeaderView::sectionSizeFromContents(section);
+        return isSortIndicatorShown() ? size - QSize(size.height() / 2, 0) : size;
+    }
+};
+
 /// Shows how much a cell's text matters, and a share as a bar behind it.
 class CellDelegate final : public QStyledItemDelegate {
 public:
@@ -192,6 +205,7 @@ private:
 
 AdviceTableView::AdviceTableView(AdviceTable& table, QWidget* parent)
     : QTableView(parent), table_(&table), rows_(new Rows(table, this)), order_(new Order(*rows_, this)) {
+    setHorizontalHeader(new Header(this));
     setModel(order_);
     setItemDelegate(new CellDelegate(table, *order_, this));
     setAccessibleName(ToQt(table.Title));
