@@ -58,6 +58,7 @@ QLabel* MakeSentence(Label& control) {
 
 /// The last row of a page: what is said about the figures, and the button that acts on them.
 QLayout* MakeLastRow(QLabel* label, QPushButton* button) {
+    label->setWordWrap(label->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored);
     auto* const row = new QHBoxLayout;
     row->addWidget(label, 1);
     row->addWidget(button);
