@@ -429,7 +429,7 @@ void SlayingMap::FitCells() {
     int height = qRound(cell.height());
     if (!isSmall && pairs_->Attackers() > 0) {
         // Rather closer cells than a part of them out of sight, as far as they can be read.
-        const QSize room = maximumViewportSize() - QSize(verticalHeader()->sizeHint().width(),
+        const QSize room = contentsRect().size() - QSize(verticalHeader()->sizeHint().width(),
                                                          horizontalHeader()->sizeHint().height());
         // Two sums side by side, in the smaller font.
         const int least = qRound(CloseFont * 2 * fontMetrics().horizontalAdvance(QStringLiteral("0.000")));
