@@ -94,8 +94,10 @@ public:
 
 private:
     [[nodiscard]] QVariant AlignmentOf(int column) const {
-        return static_cast<int>((ColumnOf(column).IsFigure ? Qt::AlignRight : Qt::AlignLeft) |
-                                Qt::AlignVCenter);
+        // The decimals are below each other in every layout.
+        return static_cast<int>(
+            (ColumnOf(column).IsFigure ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft) |
+            Qt::AlignVCenter);
     }
 
     /// The best figures come first, and words by the alphabet.
@@ -182,6 +184,9 @@ protected:
         const Weight look = table_->Columns()[static_cast<std::size_t>(source.column())].Look;
         option->font.setBold(row.IsHeading || look == Weight::Strong);
         option->fontMetrics = QFontMetrics(option->font);
+        // Texts are read from the left in every layout: "2 medals", "−7.9".
+        option->displayAlignment = QStyle::visualAlignment(option->direction, option->displayAlignment);
+        option->direction = Qt::LeftToRight;
         option->state.setFlag(QStyle::State_Enabled);
         // The selection shows the current row.
         if (!table_->IsToRead)

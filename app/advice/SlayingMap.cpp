@@ -264,6 +264,7 @@ private:
         if (orientation() == Qt::Horizontal) {
             painter.translate(rect.left(), rect.bottom() + 1);
             painter.rotate(-90);
+            painter.setLayoutDirection(Qt::LeftToRight);
             place = QRect(0, 0, rect.height(), rect.width());
             numberSide = Qt::AlignLeft;
         }
@@ -301,6 +302,8 @@ public:
             row < attackers.size() && Index(index.column()) < page_->Armies(Side::Defender).size();
         const QStringList figures = index.data().toString().split('/');
         painter->save();
+        // Figures are read so in every layout: ".5", "<1".
+        painter->setLayoutDirection(Qt::LeftToRight);
         painter->setFont(map_->FigureFont());
         if (isPair) {
             const Odds::Slaying& pair = page_->At(row, Index(index.column()));
