@@ -18,6 +18,9 @@ namespace {
 constexpr double PointSize = 10.0;
 constexpr double CurrentPointSize = 1.5 * PointSize;
 
+/// About as many ticks has an axis.
+constexpr int UsualTicks = 5;
+
 /// Ticks with as many decimals as they need, all the same number and at least one.
 class Ticks final : public QCPAxisTicker {
 public:
@@ -52,7 +55,6 @@ QCPRange WithRoom(double low, double high, double least) {
 OrdersPlot::OrdersPlot(OrdersPage& page, QWidget* parent)
     : QCustomPlot(parent), page_(&page), best_(addGraph()), current_(addGraph()), asItIs_(addGraph()) {
     setFocusPolicy(Qt::NoFocus);
-    setMinimumHeight(fontMetrics().height() * 8);
     xAxis->setLabel(QStringLiteral("Own turns lost"));
     yAxis->setLabel(QStringLiteral("Attacker wins"));
     xAxis->setTicker(QSharedPointer<Ticks>::create(QString()));
@@ -60,7 +62,7 @@ OrdersPlot::OrdersPlot(OrdersPage& page, QWidget* parent)
     for (QCPAxis* axis : {xAxis, yAxis}) {
         axis->setSubTicks(false);
         axis->setNumberFormat(QStringLiteral("f"));
-        axis->ticker()->setTickCount(5);
+        axis->ticker()->setTickCount(UsualTicks);
     }
     xAxis->grid()->setVisible(false);
     current_->setLineStyle(QCPGraph::lsNone);
@@ -74,6 +76,8 @@ QSize OrdersPlot::sizeHint() const {
 }
 
 void OrdersPlot::ShowAll() {
+    // The title beside the vertical axis is whole.
+    setMinimumHeight(fontMetrics().horizontalAdvance(yAxis->label()) + fontMetrics().height() * 4);
     clearItems();
     ShowColours();
     ShowPoints();
@@ -166,6 +170,13 @@ void OrdersPlot::mousePressEvent(QMouseEvent* event) {
     const auto nearest = std::ranges::min_element(points, {}, distance);
     if (nearest != points.end() && distance(*nearest) <= 2.0 * PointSize)
         RunOutermost([&] { page_->tblOrders.Pick(static_cast<std::size_t>(nearest - points.begin())); });
+}
+
+void OrdersPlot::resizeEvent(QResizeEvent* event) {
+    constexpr int linesPerTick = 3;
+    yAxis->ticker()->setTickCount(
+        std::clamp(height() / (linesPerTick * fontMetrics().height()), 2, UsualTicks));
+    QCustomPlot::resizeEvent(event);
 }
 
 void OrdersPlot::changeEvent(QEvent* event) {
