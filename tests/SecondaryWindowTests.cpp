@@ -206,6 +206,7 @@ TEST(MoreResults, TellHowOftenExactlyAtMostAndAtLeastSoManyFell) {
     EXPECT_EQ(defend.Sentence, "When the defender wins (433 of 1000): 1.0 armies, 4.0 turns lost");
     EXPECT_EQ(attack.Highest, (std::array{57.0, 9.0}));
     EXPECT_EQ(defend.Highest, attack.Highest);
+    EXPECT_EQ(results.Window.lblScales.Caption.Get(), "");
     EXPECT_EQ(attack.Reachable, 33) << "nothing is known about the lists";
     EXPECT_THAT(results.Window.mscAttMore.Numbers(),
                 testing::EndsWith("\n32\t0\t0\t0\t\nNumber of Battles\t1000\n"
@@ -225,6 +226,8 @@ TEST(MoreResults, ShowWhatIsRareOrUnlikeTheOtherSide) {
     EXPECT_EQ(attack.Sentence, "When the attacker wins (1000 of 1000): 0.042 armies, 0.056 turns lost");
     EXPECT_EQ(attack.Highest, (std::array{100.0, 28.0}));
     EXPECT_EQ(defend.Highest, (std::array{100.0, 5.0})) << "28 turns are more than three times 5";
+    EXPECT_EQ(results.Window.lblScales.Caption.Get(),
+              "The charts have different scales for Production Turns Lost");
 }
 
 TEST(MoreResults, TellWhatAnAbortedRunHasNotFought) {

@@ -24,9 +24,13 @@ MoreResultsView::MoreResultsView(frmMoreResults& results, QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(new Scroller(charts), 1);
     auto* const bottom = new QHBoxLayout;
-    auto* const newerRun = Make<QLabel>(results.lblNewerRun);
-    SetShade(*newerRun, Shade::Quiet);
-    bottom->addWidget(newerRun, 1);
+    // One of them is always empty.
+    for (Label* control : {&results.lblScales, &results.lblNewerRun}) {
+        auto* const remark = Make<QLabel>(*control);
+        SetShade(*remark, Shade::Quiet);
+        bottom->addWidget(remark);
+    }
+    bottom->addStretch();
     bottom->addWidget(MakeDone(results, results.sscDone));
     layout->addLayout(bottom);
 }

@@ -18,12 +18,15 @@ namespace ResultColumn = MBattleCalc::ResultColumn;
 /// be too small to compare at a common scale.
 constexpr double CommonScaleLimit = 3.0;
 
+/// Values up to this are shown at the same scale anyway, the smallest of an axis.
+constexpr double SmallestScale = 7.5;
+
 constexpr int CopiedMeanDigits = 6;
 
 /// The highest value that each side's axis has to have room for: of both, where they can share a scale.
 void ShareScale(double& attack, double& defend) {
     const double higher = std::max(attack, defend);
-    if (higher <= CommonScaleLimit * std::min(attack, defend))
+    if (higher <= std::max(SmallestScale, CommonScaleLimit * std::min(attack, defend)))
         attack = defend = higher;
 }
 
@@ -75,6 +78,7 @@ void frmMoreResults::Form_Load() {
 void frmMoreResults::RunFinished() {
     const Trap trap{"frmMoreResults::RunFinished"};
     lblNewerRun.Caption = "A newer run exists: press More Results to see it";
+    lblScales.Caption = "";
 }
 
 void frmMoreResults::InitializeResultArrays() {
@@ -158,9 +162,20 @@ void frmMoreResults::Annotate() {
     }
     for (std::size_t series = 0; series < highest.Attacker.size(); ++series)
         ShareScale(highest.Attacker[series], highest.Defender[series]);
+    ShowWhichScalesDiffer(highest);
     const PerSide<LossSummary> summaries = Summaries();
     for (const Side side : BothSides)
         Annotate(side, summaries[side], highest[side]);
+}
+
+void frmMoreResults::ShowWhichScalesDiffer(const PerSide<std::array<double, 2>>& highest) {
+    const std::string differ = "The charts have different scales";
+    const auto& [chances, turns] = mscAttMore.ValueTitles;
+    const bool haveChances = highest.Attacker[0] != highest.Defender[0];
+    const bool haveTurns = highest.Attacker[1] != highest.Defender[1];
+    lblScales.Caption = !haveChances && !haveTurns ? ""
+                        : haveChances && haveTurns ? differ
+                                                   : differ + " for " + (haveTurns ? turns : chances);
 }
 
 void frmMoreResults::Annotate(Side side, const LossSummary& summary, std::array<double, 2> highest) {

@@ -40,6 +40,8 @@ public:
     Button sscDone{"&Done"};
     /// Says so when there are newer results than those in the charts.
     Label lblNewerRun;
+    /// Says so, beside charts of the last run, when they do not share their scales.
+    Label lblScales;
     Chart mscAttMore{LossCounts,
                      "Distribution of Number of Attacking Armies Destroyed",
                      "Number of Armies Destroyed",
@@ -66,6 +68,8 @@ private:
     static void FillChart(Chart& chart, const LossTable& losses);
     /// Adds to the charts what they say beside the columns.
     void Annotate();
+    /// `highest`: as below, by side.
+    void ShowWhichScalesDiffer(const PerSide<std::array<double, 2>>& highest);
     [[nodiscard]] PerSide<LossSummary> Summaries() const;
     /// `highest`: of each series, the highest value that its axis has room for.
     void Annotate(Side side, const LossSummary& summary, std::array<double, 2> highest);
