@@ -18,6 +18,9 @@
 namespace vorhaven {
 namespace {
 
+/// How far below its place the toolkit shows a tooltip, in pixels.
+constexpr int ToolTipOffset = 16;
+
 QString ToQt(const std::string& text) {
     return QString::fromStdString(text);
 }
@@ -134,7 +137,10 @@ void ChartView::GoTo(int row) {
     current_ = std::clamp(row, 0, RowCount() - 1);
     update();
     AnnounceCategory(*this, current_);
-    QToolTip::showText(mapToGlobal(PlaceOf(current_).bottomLeft()), DetailsOf(current_), this);
+    // Just below the axis's title; the toolkit itself keeps off the place that it is given.
+    const int titleHeight = xAxis->labelPadding() + fontMetrics().height();
+    const QPoint below(0, std::max(0, titleHeight - ToolTipOffset));
+    QToolTip::showText(mapToGlobal(PlaceOf(current_).bottomLeft() + below), DetailsOf(current_), this);
 }
 
 void ChartView::focusInEvent(QFocusEvent* event) {
